@@ -1,0 +1,40 @@
+# The compile rules that all targets share, and one helper for each kind of target.
+
+add_library(zirvo_rules INTERFACE)
+target_include_directories(zirvo_rules INTERFACE ${CMAKE_SOURCE_DIR}/src)
+if(MSVC)
+  target_compile_options(zirvo_rules INTERFACE /W4 /WX /utf-8 /permissive-)
+else()
+  target_compile_options(zirvo_rules INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+endif()
+if(WIN32)
+  target_compile_definitions(zirvo_rules INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN)
+  if(MINGW)
+    target_link_options(zirvo_rules INTERFACE -static)
+  endif()
+endif()
+if(ZIRVO_SANITIZE)
+  target_compile_options(zirvo_rules INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(zirvo_rules INTERFACE -fsanitize=address,undefined)
+endif()
+
+# zirvo_library(NAME SOURCES file... [LINK target...]): one library of a folder of src.
+function(zirvo_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC zirvo_rules ${ARG_LINK})
+endfunction()
+
+# zirvo_test(NAME SOURCES file... [LINK target...]): one test program, each of its tests known to ctest.
+function(zirvo_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE zirvo_rules ${ARG_LINK} GTest::gtest GTest::gtest_main)
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE
+    ZIRVO_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
+    ZIRVO_SAMPLES="${CMAKE_SOURCE_DIR}/samples"
+    ZIRVO_BIN="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+endfunction()

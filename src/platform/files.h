@@ -1,0 +1,57 @@
+// Files and folders of the operating system. Paths are UTF-8. Failures are RuntimeFault with the number that fits:
+// 53 file not found, 58 file already exists, 61 disk full, 70 permission denied, 75 path/file access, 76 path not found,
+// 57 device error.
+#pragma once
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zirvo {
+
+struct FileAttributes {
+    bool Directory = false;
+    /// Nobody may write here: the read-only attribute on Windows, no write permission for this user elsewhere.
+    bool ReadOnly = false;
+};
+
+/// Length in bytes; of a folder too (its number means nothing). Fault 53 or 76 where nothing is there.
+std::uint64_t FileLength(const std::string& path);
+
+/// Attributes of a file or folder. Fault 53 or 76 where nothing is there.
+FileAttributes AttributesOf(const std::string& path);
+
+/// All bytes of a file. A folder is fault 75.
+std::string ReadFileBytes(const std::string& path);
+
+/// Writes the whole file under a temporary name beside its target and renames it over the target, so that the target is
+/// either the old file or the new one, never half. A link is followed to its file. An existing target that the user may
+/// not write, or a folder, is fault 75 before anything is written. The permissions of an existing target are kept.
+/// On failure no temporary file is left behind.
+void WriteWholeFile(const std::string& path, std::string_view bytes);
+
+/// Renames a file. Fault 53 if `from` is missing, 58 if `to` exists (it is never replaced).
+void RenameFile(const std::string& from, const std::string& to);
+
+/// Deletes a file. Fault 53 if it is missing, 75 for a folder.
+void RemoveFile(const std::string& path);
+
+/// The current folder, as the program last set it with ChangeFolder, else as the system tells it.
+std::string CurrentFolder();
+
+/// Moves the current folder of the process. Fault 76 where it is no folder.
+void ChangeFolder(const std::string& path);
+
+/// The folder of the running executable, without a separator at its end (a root keeps its own).
+std::string ProgramFolder();
+
+/// folder + separator + name; no separator is added behind one ("/" or "\" on every platform). The separator is "\" on
+/// Windows, else "/".
+std::string JoinPath(std::string_view folder, std::string_view name);
+
+/// The part of a path behind its last folder separator ("/" everywhere, "\" and a drive's ":" on Windows too).
+std::string FileNameOf(std::string_view path);
+
+/// The part of a path before its last folder separator, "" without one (a root keeps its separator).
+std::string FolderOf(std::string_view path);
+
+}  // namespace zirvo
