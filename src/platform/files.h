@@ -1,6 +1,6 @@
 // Files and folders of the operating system. Paths are UTF-8. Failures are RuntimeFault with the number that fits:
-// 53 file not found, 58 file already exists, 61 disk full, 70 permission denied, 75 path/file access, 76 path not found,
-// 57 device error.
+// 53 file not found, 58 file already exists, 61 disk full, 70 permission denied, 75 path/file access, 76 path not
+// found, 57 device error.
 #pragma once
 #include <cstdint>
 #include <string>

@@ -13,9 +13,9 @@ bool IsWritableFolder(const std::string& path);
 /// The file's text, decoded from code page 932; on any failure the fault's number as text ("53").
 std::string ReadWholeFile(const std::string& path);
 
-/// Puts the version stamp in front of a file: renames it to tempName, writes the stamp line and all its lines, each ended
-/// by CR LF, under the old name, and deletes tempName. Bytes are kept as they are. The rename's failure (53 missing file,
-/// 58 tempName is there) goes on to the caller.
+/// Puts the version stamp in front of a file: renames it to tempName, writes the stamp line and all its lines, each
+/// ended by CR LF, under the old name, and deletes tempName. Bytes are kept as they are. The rename's failure (53
+/// missing file, 58 tempName is there) goes on to the caller.
 void MakeStampedCopy(const std::string& file, const std::string& tempName);
 
 /// The comma copy of a report: each line of `source` through ConvertToCsvLine (blank to comma), written to `target`.

@@ -16,8 +16,8 @@ double ParseNumberPrefix(std::string_view text);
 /// The nearest integer, ties to the even neighbour. Fault 6 if the rounded value is outside -32768 to 32767 (also NaN).
 Int16 RoundToInt16(double x);
 
-/// The strict reading of a LayerNumber cell: blanks at both ends, then sign, digits, point, exponent as a whole, rounded
-/// half to even. Fault 13 if it does not read as a number, fault 6 outside 16 bits.
+/// The strict reading of a LayerNumber cell: blanks at both ends, then sign, digits, point, exponent as a whole,
+/// rounded half to even. Fault 13 if it does not read as a number, fault 6 outside 16 bits.
 Int16 StrictInt16(std::string_view text);
 
 /// x with up to 15 significant digits, no trailing zeros, a zero before a leading point: plain form while it needs at

@@ -41,7 +41,8 @@ std::string ReadTextField(TextStream& stream);
 
 /// A number field: blanks, tabs and line ends are skipped; the field runs to the next blank, tab, comma or line end;
 /// blanks and tabs and then one comma or line end behind it are consumed. Fault 62 at the end of the file, 13 if the
-/// field holds no number as a whole (sign, digits, point, exponent E D e d). A magnitude beyond a double is the largest.
+/// field holds no number as a whole (sign, digits, point, exponent E D e d). A magnitude beyond a double is the
+/// largest.
 double ReadNumberField(TextStream& stream);
 
 /// A number field that holds a sign and digits, nothing else (else fault 13). Fault 6 outside 16 bits.

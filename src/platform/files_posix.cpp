@@ -1,0 +1,167 @@
+// Files and folders of POSIX systems. Called wherever a file is read, renamed, deleted or asked about.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+
+#include "base/runtime_fault.h"
+#include "platform/files.h"
+#include "platform/posix_support.h"
+
+namespace zirvo {
+namespace {
+
+struct stat StatusOf(const std::string& path) {
+    RequireUsablePath(path);
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0) {
+        RaiseSystemFault(errno, path);
+    }
+    return status;
+}
+
+bool SomethingIsAt(const std::string& path) {
+    struct stat status {};
+    return lstat(path.c_str(), &status) == 0;
+}
+
+/// Moves the file where nothing is; the failure's errno, or 0.
+int RenameWithoutReplacing(const std::string& from, const std::string& to) {
+#ifdef RENAME_NOREPLACE
+    if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
+        return 0;
+    }
+    if (errno != EINVAL && errno != ENOSYS) {
+        return errno;
+    }
+#endif
+    // A file system that cannot promise it: the look before the rename is all there is.
+    if (SomethingIsAt(to)) {
+        return EEXIST;
+    }
+    return rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+}
+
+std::string FolderOfTheSystem() {
+    std::array<char, PATH_MAX> folder{};
+    if (getcwd(folder.data(), folder.size()) == nullptr) {
+        RaiseSystemFault(errno == ENOENT ? ENOTDIR : errno, "");
+    }
+    return folder.data();
+}
+
+/// What the program last set; empty before it has set anything.
+std::string& FolderLastSet() {
+    static std::string folder;
+    return folder;
+}
+
+/// True if one of the steps of the path is "..", behind which the text of a folder with links tells nothing.
+bool HasParentStep(const std::string& path) {
+    return ("/" + path + "/").find("/../") != std::string::npos;
+}
+
+}  // namespace
+
+std::uint64_t FileLength(const std::string& path) {
+    return static_cast<std::uint64_t>(StatusOf(path).st_size);
+}
+
+FileAttributes AttributesOf(const std::string& path) {
+    const struct stat status = StatusOf(path);
+    const bool writable = faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+    return {.Directory = S_ISDIR(status.st_mode), .ReadOnly = !writable};
+}
+
+std::string ReadFileBytes(const std::string& path) {
+    RequireUsablePath(path);
+    // Without waiting: opening a pipe that nobody writes to would never come back.
+    Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.IsOpen()) {
+        RaiseSystemFault(errno, path);
+    }
+    struct stat status {};
+    if (fstat(file.Number(), &status) != 0) {
+        RaiseSystemFault(errno, path);
+    }
+    if (!S_ISREG(status.st_mode)) {  // a folder, or a device without an end
+        throw RuntimeFault(fault::PathAccess);
+    }
+    constexpr std::size_t Step = 1 << 16;
+    std::string bytes;
+    std::size_t length = 0;
+    bytes.resize(static_cast<std::size_t>(status.st_size) + 1);
+    for (;;) {
+        if (length == bytes.size()) {  // it has grown since
+            bytes.resize(length + Step);
+        }
+        const ssize_t got = read(file.Number(), bytes.data() + length, bytes.size() - length);
+        if (got > 0) {
+            length += static_cast<std::size_t>(got);
+        } else if (got == 0) {
+            break;
+        } else if (errno != EINTR) {
+            RaiseSystemFault(errno, path);
+        }
+    }
+    bytes.resize(length);
+    return bytes;
+}
+
+void RenameFile(const std::string& from, const std::string& to) {
+    RequireUsablePath(from);
+    RequireUsablePath(to);
+    struct stat status {};
+    if (lstat(from.c_str(), &status) != 0) {
+        RaiseSystemFault(errno, from);
+    }
+    if (SomethingIsAt(to)) {
+        throw RuntimeFault(fault::FileAlreadyExists);
+    }
+    if (const int error = RenameWithoutReplacing(from, to); error != 0) {
+        RaiseSystemFault(error, to);
+    }
+}
+
+void RemoveFile(const std::string& path) {
+    RequireUsablePath(path);
+    struct stat status {};
+    if (lstat(path.c_str(), &status) != 0) {
+        RaiseSystemFault(errno, path);
+    }
+    if (S_ISDIR(status.st_mode)) {
+        throw RuntimeFault(fault::PathAccess);
+    }
+    if (unlink(path.c_str()) != 0) {
+        RaiseSystemFault(errno, path);
+    }
+}
+
+std::string CurrentFolder() {
+    return FolderLastSet().empty() ? FolderOfTheSystem() : FolderLastSet();
+}
+
+void ChangeFolder(const std::string& path) {
+    RequireUsablePath(path);
+    const bool absolute = !path.empty() && path.front() == '/';
+    const std::string text = absolute ? path : JoinPath(CurrentFolder(), path);
+    if (chdir(path.c_str()) != 0) {
+        RaiseSystemFault(errno == ENOENT ? ENOTDIR : errno, path);
+    }
+    FolderLastSet() = absolute || !HasParentStep(path) ? text : FolderOfTheSystem();
+}
+
+std::string ProgramFolder() {
+    std::array<char, PATH_MAX> program{};
+    const ssize_t length = readlink("/proc/self/exe", program.data(), program.size());
+    if (length < 0) {
+        RaiseSystemFault(errno, "");
+    }
+    return FolderOf(std::string(program.data(), static_cast<std::size_t>(length)));
+}
+
+}  // namespace zirvo

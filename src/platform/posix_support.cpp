@@ -1,0 +1,72 @@
+// Descriptors and the system's own faults on POSIX systems. Called by the POSIX halves of this folder only.
+#include "platform/posix_support.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "base/runtime_fault.h"
+#include "platform/files.h"
+
+namespace zirvo {
+namespace {
+
+/// 53 where the folder of the path is there, else 76.
+int MissingFault(const std::string& path) {
+    const std::string folder = FolderOf(path);
+    struct stat status {};
+    const bool folderThere = folder.empty() || (stat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode));
+    return folderThere ? fault::FileNotFound : fault::PathNotFound;
+}
+
+}  // namespace
+
+void RaiseSystemFault(int error, const std::string& path) {
+    switch (error) {
+        case ENOENT:
+            throw RuntimeFault(MissingFault(path));
+        case ENOTDIR:
+            throw RuntimeFault(fault::PathNotFound);
+        case ENAMETOOLONG:
+            throw RuntimeFault(fault::BadFileName);
+        case EEXIST:
+            throw RuntimeFault(fault::FileAlreadyExists);
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG:
+            throw RuntimeFault(fault::DiskFull);
+        case EBUSY:
+        case ETXTBSY:
+            throw RuntimeFault(fault::PermissionDenied);
+        case EACCES:
+        case EPERM:
+        case EROFS:
+        case EISDIR:
+        case ENOTEMPTY:
+        case ELOOP:
+        case EXDEV:
+        case ENXIO:
+            throw RuntimeFault(fault::PathAccess);
+        default:
+            throw RuntimeFault(fault::DeviceError);
+    }
+}
+
+void RequireUsablePath(const std::string& path) {
+    if (path.find('\0') != std::string::npos) {
+        throw RuntimeFault(fault::BadFileName);
+    }
+}
+
+Descriptor::~Descriptor() {
+    Close();
+}
+
+bool Descriptor::Close() {
+    const int number = number_;
+    number_ = -1;
+    return number < 0 || close(number) == 0 || errno == EINTR;  // after EINTR the number is free all the same
+}
+
+}  // namespace zirvo

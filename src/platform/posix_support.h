@@ -1,0 +1,33 @@
+// Descriptors and the system's own faults on POSIX systems. Called by the POSIX halves of this folder only.
+#pragma once
+#include <string>
+
+namespace zirvo {
+
+/// Raises the fault that fits errno's number.
+/// @param path  for a missing file: 76 if its folder is missing too, else 53; "" for 53.
+[[noreturn]] void RaiseSystemFault(int error, const std::string& path);
+
+/// Fault 52 for a path that holds a NUL: the system would cut it there and take another file.
+void RequireUsablePath(const std::string& path);
+
+/// An open descriptor that is closed when it goes out of sight.
+class Descriptor {
+public:
+    explicit Descriptor(int number = -1) : number_(number) {}
+    ~Descriptor();
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    bool IsOpen() const { return number_ >= 0; }
+    int Number() const { return number_; }
+    /// Takes charge of another one; it must hold none.
+    void Reset(int number) { number_ = number; }
+    /// Closes it now; false if the system reports a failed write only here.
+    bool Close();
+
+private:
+    int number_;
+};
+
+}  // namespace zirvo

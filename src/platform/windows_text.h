@@ -1,0 +1,17 @@
+// UTF-8 and the system's own faults on Windows. Called by the Windows halves of this folder only.
+#pragma once
+#include <string>
+#include <string_view>
+
+namespace zirvo {
+
+/// UTF-16 of UTF-8. Fault 52 for what is no UTF-8 or holds a NUL, since no file can have such a name.
+std::wstring ToWide(std::string_view text);
+
+/// UTF-8 of UTF-16; a lone surrogate becomes U+FFFD.
+std::string FromWide(std::wstring_view wide);
+
+/// Raises the fault that fits an error code of the system.
+[[noreturn]] void RaiseSystemFault(unsigned long error);
+
+}  // namespace zirvo

@@ -1,0 +1,170 @@
+// The writing of a whole file on POSIX systems: under a temporary name, then renamed over its target.
+//
+// Steps           1. Links are followed, so that the temporary file lies beside the file itself and not beside a link.
+//                 2. An existing target is opened for writing, which tells whether the user may, and closed untouched.
+//                 3. The temporary file is written, brought to the disk and closed: each of these can tell of a full
+//                    disk. It takes the owner and the permissions of the target.
+//                 4. It is renamed over the target. On any failure before, it is deleted.
+// Special cases   a device or a pipe has no earlier file that could be lost, and must not be replaced by a file: it is
+//                 written straight.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+
+#include "base/runtime_fault.h"
+#include "platform/files.h"
+#include "platform/posix_support.h"
+
+namespace zirvo {
+namespace {
+
+constexpr int MostLinks = 40;  // as many as Linux itself follows
+constexpr int MostAttempts = 1000;
+constexpr mode_t PermissionBits = 07777;
+
+/// The file that the path leads to at last, whether it is there or not.
+std::string FollowLinks(std::string path) {
+    for (int i = 0; i < MostLinks; ++i) {
+        std::array<char, PATH_MAX> link{};
+        const ssize_t length = readlink(path.c_str(), link.data(), link.size());
+        if (length < 0) {
+            return path;
+        }
+        const std::string target(link.data(), static_cast<std::size_t>(length));
+        path = target.front() == '/' ? target : JoinPath(FolderOf(path), target);
+    }
+    RaiseSystemFault(ELOOP, path);
+}
+
+/// Writes all bytes; the failure's errno, or 0.
+int WriteAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(file, bytes.data(), std::min<std::size_t>(bytes.size(), SSIZE_MAX));
+        if (written >= 0) {
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        } else if (errno != EINTR) {
+            return errno;
+        }
+    }
+    return 0;
+}
+
+/// A file that lies under a temporary name until it is put into place, and vanishes if it never is.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const std::string& folder) {
+        static unsigned counter = 0;
+        for (int attempt = 0; attempt < MostAttempts; ++attempt) {
+            // A name of its own, not one made from the target's: that may be as long as a name can be.
+            const std::string name = ".zirvo-" + std::to_string(getpid()) + "-" + std::to_string(++counter) + ".tmp";
+            path_ = JoinPath(folder, name);
+            const int number = open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+            if (number >= 0) {
+                file_.Reset(number);
+                return;
+            }
+            if (errno != EEXIST) {
+                break;
+            }
+        }
+        RaiseSystemFault(errno == ENOENT ? ENOTDIR : errno, path_);
+    }
+    ~TemporaryFile() {
+        if (!placed_) {
+            unlink(path_.c_str());
+        }
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    void TakeOwnerAndPermissions(const struct stat& status) {
+        // The owner can be set by root only; a file that becomes the user's own is as good.
+        if (fchown(file_.Number(), status.st_uid, status.st_gid) != 0) {
+            errno = 0;
+        }
+        if (fchmod(file_.Number(), status.st_mode & PermissionBits) != 0) {
+            RaiseSystemFault(errno, path_);
+        }
+    }
+
+    void Write(std::string_view bytes) {
+        if (const int error = WriteAll(file_.Number(), bytes); error != 0) {
+            RaiseSystemFault(error, path_);
+        }
+        if (fsync(file_.Number()) != 0 && errno != EINVAL && errno != ENOTSUP) {
+            RaiseSystemFault(errno, path_);
+        }
+        if (!file_.Close()) {
+            RaiseSystemFault(errno, path_);
+        }
+    }
+
+    void PutInPlaceOf(const std::string& target) {
+        if (rename(path_.c_str(), target.c_str()) != 0) {
+            RaiseSystemFault(errno, target);
+        }
+        placed_ = true;
+    }
+
+private:
+    std::string path_;
+    Descriptor file_;
+    bool placed_ = false;
+};
+
+/// A device or pipe: opened without waiting, then written with waiting.
+void WriteStraight(const std::string& path, std::string_view bytes) {
+    Descriptor device(open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!device.IsOpen()) {
+        throw RuntimeFault(fault::PathAccess);
+    }
+    fcntl(device.Number(), F_SETFL, fcntl(device.Number(), F_GETFL) & ~O_NONBLOCK);
+    if (const int error = WriteAll(device.Number(), bytes); error != 0) {
+        RaiseSystemFault(error, path);
+    }
+    if (!device.Close()) {
+        RaiseSystemFault(errno, path);
+    }
+}
+
+}  // namespace
+
+void WriteWholeFile(const std::string& path, std::string_view bytes) {
+    RequireUsablePath(path);
+    if (FileNameOf(path).empty()) {
+        throw RuntimeFault(fault::PathAccess);
+    }
+    struct stat status {};
+    const bool exists = stat(path.c_str(), &status) == 0;
+    if (exists && S_ISDIR(status.st_mode)) {
+        throw RuntimeFault(fault::PathAccess);
+    }
+    if (exists && !S_ISREG(status.st_mode)) {
+        WriteStraight(path, bytes);
+        return;
+    }
+    if (!exists && errno != ENOENT) {
+        RaiseSystemFault(errno, path);
+    }
+    const std::string target = FollowLinks(path);
+    if (exists) {
+        const Descriptor probe(open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK));
+        if (!probe.IsOpen()) {
+            throw RuntimeFault(fault::PathAccess);
+        }
+    }
+    TemporaryFile file(FolderOf(target));
+    if (exists) {
+        file.TakeOwnerAndPermissions(status);
+    }
+    file.Write(bytes);
+    file.PutInPlaceOf(target);
+}
+
+}  // namespace zirvo
