@@ -57,7 +57,6 @@ void RaiseSystemFault(unsigned long error) {
             throw RuntimeFault(fault::FileAlreadyExists);
         case ERROR_DISK_FULL:
         case ERROR_HANDLE_DISK_FULL:
-        case ERROR_DISK_QUOTA_EXCEEDED:
         case ERROR_FILE_TOO_LARGE:
             throw RuntimeFault(fault::DiskFull);
         case ERROR_SHARING_VIOLATION:

@@ -1,0 +1,149 @@
+// Processes of POSIX systems: children started on the null device and waited for. Called by the solver runs.
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "base/runtime_fault.h"
+#include "platform/posix_support.h"
+#include "platform/process.h"
+
+// Not every system's header declares it.
+extern char** environ;  // NOLINT(readability-redundant-declaration)
+
+namespace zirvo {
+namespace {
+
+/// The child's standard streams on the null device.
+class NullStreams {
+public:
+    NullStreams() {
+        Require(posix_spawn_file_actions_init(&actions_));
+        Require(posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0));
+        Require(posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0));
+        Require(posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0));
+    }
+    ~NullStreams() { posix_spawn_file_actions_destroy(&actions_); }
+    NullStreams(const NullStreams&) = delete;
+    NullStreams& operator=(const NullStreams&) = delete;
+    const posix_spawn_file_actions_t* Get() const { return &actions_; }
+
+private:
+    static void Require(int error) {
+        if (error != 0) {
+            throw RuntimeFault(fault::DeviceError);
+        }
+    }
+    posix_spawn_file_actions_t actions_{};
+};
+
+/// The child's signals as a program expects to find them, whatever this process ignores or blocks for itself.
+class DefaultSignals {
+public:
+    DefaultSignals() {
+        sigset_t signals;
+        sigfillset(&signals);
+        sigset_t none;
+        sigemptyset(&none);
+        if (posix_spawnattr_init(&attributes_) != 0) {
+            throw RuntimeFault(fault::DeviceError);
+        }
+        posix_spawnattr_setsigdefault(&attributes_, &signals);
+        posix_spawnattr_setsigmask(&attributes_, &none);
+        posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
+    }
+    ~DefaultSignals() { posix_spawnattr_destroy(&attributes_); }
+    DefaultSignals(const DefaultSignals&) = delete;
+    DefaultSignals& operator=(const DefaultSignals&) = delete;
+    const posix_spawnattr_t* Get() const { return &attributes_; }
+
+private:
+    posix_spawnattr_t attributes_{};
+};
+
+/// The fault of a program that could not be started.
+[[noreturn]] void RaiseStartFault(int error) {
+    switch (error) {
+        case ENOENT:
+        case ENOTDIR:
+            throw RuntimeFault(fault::FileNotFound);
+        case EACCES:
+        case EPERM:
+        case ETXTBSY:
+            throw RuntimeFault(fault::PermissionDenied);
+        case ENOEXEC:  // a file, but no program
+        case EISDIR:
+        case ELOOP:
+        case EINVAL:
+            throw RuntimeFault(fault::PathAccess);
+        default:
+            RaiseSystemFault(error, "");
+    }
+}
+
+class PosixProcessService : public ProcessService {
+public:
+    ~PosixProcessService() override { ReapEnded(); }
+
+    int StartHidden(const std::string& program) override {
+        RequireUsablePath(program);
+        ReapEnded();
+        children_.reserve(children_.size() + 1);  // a child that runs must not be forgotten for want of memory
+        const NullStreams streams;
+        const DefaultSignals signals;
+        std::string name = program;
+        char* const arguments[] = {name.data(), nullptr};
+        pid_t child = 0;
+        const int error = posix_spawn(&child, program.c_str(), streams.Get(), signals.Get(), arguments, environ);
+        if (error != 0) {
+            RaiseStartFault(error);
+        }
+        children_.push_back(child);
+        return child;
+    }
+
+    std::intptr_t Open(int identifier) override { return IsOurs(identifier) ? identifier : 0; }
+
+    void Wait(std::intptr_t handle) override {
+        if (!IsOurs(handle)) {  // waited for already: its number may be another process's by now
+            return;
+        }
+        int status = 0;
+        while (waitpid(static_cast<pid_t>(handle), &status, 0) < 0 && errno == EINTR) {
+        }
+        Forget(handle);
+    }
+
+    void Close(std::intptr_t /*handle*/) override { ReapEnded(); }
+
+private:
+    bool IsOurs(std::intptr_t identifier) const {
+        return std::find(children_.begin(), children_.end(), identifier) != children_.end();
+    }
+    void Forget(std::intptr_t identifier) { std::erase(children_, identifier); }
+
+    /// Takes leave of the children that have ended without being waited for, so that none stays behind as a zombie.
+    void ReapEnded() {
+        std::erase_if(children_, [](pid_t child) {
+            int status = 0;
+            return waitpid(child, &status, WNOHANG) != 0;
+        });
+    }
+
+    std::vector<pid_t> children_;  // not yet waited for
+};
+
+}  // namespace
+
+std::unique_ptr<ProcessService> MakeProcessService() {
+    return std::make_unique<PosixProcessService>();
+}
+
+}  // namespace zirvo

@@ -1,0 +1,133 @@
+// Processes of Windows: started without a window on the null device and waited for. Called by the solver runs.
+#include <windows.h>
+
+#include <cstddef>
+#include <map>
+#include <vector>
+
+#include "base/runtime_fault.h"
+#include "platform/process.h"
+#include "platform/windows_handle.h"
+#include "platform/windows_text.h"
+
+namespace zirvo {
+namespace {
+
+/// The null device, for a child to inherit.
+HANDLE OpenNullDevice() {
+    SECURITY_ATTRIBUTES inheritable{};
+    inheritable.nLength = sizeof inheritable;
+    inheritable.bInheritHandle = TRUE;
+    const HANDLE device = CreateFileW(L"NUL", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                      &inheritable, OPEN_EXISTING, 0, nullptr);
+    if (device == INVALID_HANDLE_VALUE) {
+        RaiseSystemFault(GetLastError());
+    }
+    return device;
+}
+
+/// The list of handles that a child inherits: one, and none of this process's files besides.
+class InheritedHandle {
+public:
+    explicit InheritedHandle(HANDLE handle) : handle_(handle) {
+        SIZE_T size = 0;
+        InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
+        memory_.resize(size);
+        if (InitializeProcThreadAttributeList(List(), 1, 0, &size) == 0) {
+            RaiseSystemFault(GetLastError());
+        }
+        if (UpdateProcThreadAttribute(List(), 0, PROC_THREAD_ATTRIBUTE_HANDLE_LIST, &handle_, sizeof handle_, nullptr,
+                                      nullptr) == 0) {
+            const DWORD error = GetLastError();
+            DeleteProcThreadAttributeList(List());
+            RaiseSystemFault(error);
+        }
+    }
+    ~InheritedHandle() { DeleteProcThreadAttributeList(List()); }
+    InheritedHandle(const InheritedHandle&) = delete;
+    InheritedHandle& operator=(const InheritedHandle&) = delete;
+    LPPROC_THREAD_ATTRIBUTE_LIST List() { return reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(memory_.data()); }
+
+private:
+    std::vector<std::byte> memory_;
+    HANDLE handle_;
+};
+
+[[noreturn]] void RaiseStartFault(DWORD error) {
+    switch (error) {
+        case ERROR_FILE_NOT_FOUND:
+        case ERROR_PATH_NOT_FOUND:
+            throw RuntimeFault(fault::FileNotFound);
+        case ERROR_ACCESS_DENIED:
+        case ERROR_SHARING_VIOLATION:
+            throw RuntimeFault(fault::PermissionDenied);
+        case ERROR_BAD_EXE_FORMAT:
+        case ERROR_EXE_MACHINE_TYPE_MISMATCH:
+        case ERROR_DIRECTORY:
+            throw RuntimeFault(fault::PathAccess);
+        default:
+            RaiseSystemFault(error);
+    }
+}
+
+class WindowsProcessService : public ProcessService {
+public:
+    ~WindowsProcessService() override {
+        for (const auto& [identifier, process] : started_) {
+            CloseHandle(process);
+        }
+    }
+
+    int StartHidden(const std::string& program) override {
+        const std::wstring name = ToWide(program);
+        std::wstring commandLine = L"\"" + name + L"\"";
+        const OwnedHandle device(OpenNullDevice());
+        InheritedHandle inherited(device.Get());
+        STARTUPINFOEXW startup{};
+        startup.StartupInfo.cb = sizeof startup;
+        startup.StartupInfo.dwFlags = STARTF_USESTDHANDLES | STARTF_USESHOWWINDOW;
+        startup.StartupInfo.wShowWindow = SW_HIDE;
+        startup.StartupInfo.hStdInput = device.Get();
+        startup.StartupInfo.hStdOutput = device.Get();
+        startup.StartupInfo.hStdError = device.Get();
+        startup.lpAttributeList = inherited.List();
+        PROCESS_INFORMATION information{};
+        if (CreateProcessW(name.c_str(), commandLine.data(), nullptr, nullptr, TRUE,
+                           CREATE_NO_WINDOW | EXTENDED_STARTUPINFO_PRESENT, nullptr, nullptr, &startup.StartupInfo,
+                           &information) == 0) {
+            RaiseStartFault(GetLastError());
+        }
+        CloseHandle(information.hThread);
+        const int identifier = static_cast<int>(information.dwProcessId);
+        started_[identifier] = information.hProcess;
+        return identifier;
+    }
+
+    std::intptr_t Open(int identifier) override {
+        return reinterpret_cast<std::intptr_t>(OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(identifier)));
+    }
+
+    void Wait(std::intptr_t handle) override { WaitForSingleObject(reinterpret_cast<HANDLE>(handle), INFINITE); }
+
+    void Close(std::intptr_t handle) override {
+        const HANDLE process = reinterpret_cast<HANDLE>(handle);
+        const auto started = started_.find(static_cast<int>(GetProcessId(process)));
+        CloseHandle(process);
+        if (started != started_.end()) {
+            CloseHandle(started->second);
+            started_.erase(started);
+        }
+    }
+
+private:
+    // A process that ends at once keeps its identifier as long as a handle to it is open: so it can still be opened.
+    std::map<int, HANDLE> started_;
+};
+
+}  // namespace
+
+std::unique_ptr<ProcessService> MakeProcessService() {
+    return std::make_unique<WindowsProcessService>();
+}
+
+}  // namespace zirvo

@@ -1,0 +1,120 @@
+// The writing of a whole file on Windows: under a temporary name, then renamed over its target.
+//
+// Steps           1. Links are followed, so that the temporary file lies beside the file itself and not beside a link.
+//                 2. An existing target is opened for writing, which tells whether the user may, and closed untouched.
+//                 3. The temporary file is written, brought to the disk and closed.
+//                 4. It is renamed over the target. On any failure before, it is deleted.
+// Special cases   a device ("NUL") has no earlier file that could be lost: it is written straight.
+#include <windows.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "base/runtime_fault.h"
+#include "platform/files.h"
+#include "platform/windows_handle.h"
+#include "platform/windows_text.h"
+
+namespace zirvo {
+namespace {
+
+constexpr int MostAttempts = 1000;
+constexpr std::size_t LargestWrite = std::size_t{1} << 30;
+
+/// The path of an open file with all links followed; the path itself where the system cannot tell.
+std::wstring FinalPath(HANDLE file, const std::wstring& path) {
+    std::vector<wchar_t> name(GetFinalPathNameByHandleW(file, nullptr, 0, FILE_NAME_NORMALIZED) + 1);
+    const DWORD length =
+        GetFinalPathNameByHandleW(file, name.data(), static_cast<DWORD>(name.size()), FILE_NAME_NORMALIZED);
+    return length == 0 || length >= name.size() ? path : std::wstring(name.data(), length);
+}
+
+void WriteAll(HANDLE file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        DWORD written = 0;
+        const DWORD length = static_cast<DWORD>(std::min(bytes.size(), LargestWrite));
+        if (WriteFile(file, bytes.data(), length, &written, nullptr) == 0) {
+            RaiseSystemFault(GetLastError());
+        }
+        bytes.remove_prefix(written);
+    }
+}
+
+/// A file that lies under a temporary name until it is put into place, and vanishes if it never is.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const std::wstring& folder) : file_(INVALID_HANDLE_VALUE) {
+        static unsigned counter = 0;
+        for (int attempt = 0; attempt < MostAttempts && !file_.IsOpen(); ++attempt) {
+            path_ = folder + L".zirvo-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++counter) +
+                    L".tmp";
+            file_.Reset(
+                CreateFileW(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+            if (!file_.IsOpen() && GetLastError() != ERROR_FILE_EXISTS) {
+                RaiseSystemFault(GetLastError());
+            }
+        }
+        if (!file_.IsOpen()) {
+            throw RuntimeFault(fault::PathAccess);
+        }
+    }
+    ~TemporaryFile() {
+        if (!placed_) {
+            file_.Close();
+            DeleteFileW(path_.c_str());
+        }
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    void Write(std::string_view bytes) {
+        WriteAll(file_.Get(), bytes);
+        if (FlushFileBuffers(file_.Get()) == 0 || !file_.Close()) {
+            RaiseSystemFault(GetLastError());
+        }
+    }
+
+    /// @param exists  the target is there: its permissions and attributes go over to the new file.
+    void PutInPlaceOf(const std::wstring& target, bool exists) {
+        placed_ = (exists && ReplaceFileW(target.c_str(), path_.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
+                                          nullptr, nullptr) != 0) ||
+                  MoveFileExW(path_.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+        if (!placed_) {
+            RaiseSystemFault(GetLastError());
+        }
+    }
+
+private:
+    std::wstring path_;
+    OwnedHandle file_;
+    bool placed_ = false;
+};
+
+}  // namespace
+
+void WriteWholeFile(const std::string& path, std::string_view bytes) {
+    std::wstring target = ToWide(path);
+    const DWORD attributes = GetFileAttributesW(target.c_str());
+    const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
+    if (FileNameOf(path).empty() || (exists && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)) {
+        throw RuntimeFault(fault::PathAccess);
+    }
+    if (exists) {
+        OwnedHandle probe(CreateFileW(target.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (!probe.IsOpen()) {
+            throw RuntimeFault(fault::PathAccess);
+        }
+        if (GetFileType(probe.Get()) != FILE_TYPE_DISK) {
+            WriteAll(probe.Get(), bytes);
+            return;
+        }
+        target = FinalPath(probe.Get(), target);
+    }
+    const std::size_t name = target.find_last_of(L"/\\:");
+    TemporaryFile file(name == std::wstring::npos ? std::wstring() : target.substr(0, name + 1));
+    file.Write(bytes);
+    file.PutInPlaceOf(target, exists);
+}
+
+}  // namespace zirvo
