@@ -1,5 +1,5 @@
-// The mechanical problem and its answer, in consistent units: what the readers hand to the theory and the theory hands to
-// the reports.
+// The mechanical problem and its answer, in consistent units: what the readers hand to the theory and the theory hands
+// to the reports.
 #pragma once
 #include <array>
 #include <cstddef>

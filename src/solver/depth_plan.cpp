@@ -1,0 +1,143 @@
+#include "solver/depth_plan.h"
+
+#include <algorithm>
+#include <numeric>
+#include <tuple>
+
+namespace zirvo::solver {
+
+namespace {
+
+constexpr double BandRatio = 1.3;       // of the effective depths in one chunk
+constexpr double CellShare = 0.6;       // width of a cell in z over its smallest effective depth
+constexpr std::size_t WorthNodes = 20;  // distinct depths in a cell from which on its nodes are cheaper
+
+/// A distinct depth and its points.
+struct Distinct {
+    int Layer = 0;
+    double Z = 0;
+    double Effective = 0;
+    std::size_t First = 0, Last = 0;  // range in the sorted points
+};
+
+double EffectiveDepth(int layer, double z, double firstThickness) {
+    return layer == 0 ? 2 * firstThickness - z : z;
+}
+
+std::vector<std::size_t> SortedPoints(const Problem& problem) {
+    std::vector<std::size_t> order(problem.Points.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+        const Point& p = problem.Points[a];
+        const Point& q = problem.Points[b];
+        return std::tie(p.Layer, p.Z, p.X, p.Y, a) < std::tie(q.Layer, q.Z, q.X, q.Y, b);
+    });
+    return order;
+}
+
+void AddPoints(const Problem& problem, const std::vector<std::size_t>& order, const Distinct& depth,
+               DepthChunk& chunk) {
+    const int index = static_cast<int>(chunk.Depths.size()) - 1;
+    for (std::size_t i = depth.First; i < depth.Last; ++i) {
+        const Point& point = problem.Points[order[i]];
+        chunk.Points.push_back({order[i], index, point.X, point.Y});
+    }
+}
+
+void SortByPlace(DepthChunk& chunk) {
+    std::sort(chunk.Points.begin(), chunk.Points.end(), [](const ChunkPoint& a, const ChunkPoint& b) {
+        return std::tie(a.X, a.Y, a.Depth, a.Point) < std::tie(b.X, b.Y, b.Depth, b.Point);
+    });
+}
+
+/// One chunk for distinct depths first .. last - 1, all in one layer, on Chebyshev nodes.
+DepthChunk NodeChunk(const Problem& problem, const std::vector<std::size_t>& order,
+                     const std::vector<Distinct>& distinct, std::size_t first, std::size_t last) {
+    DepthChunk chunk;
+    const int layer = distinct[first].Layer;
+    const double low = distinct[first].Z;
+    const double high = distinct[last - 1].Z;
+    const auto nodes = ChebyshevNodes(low, high);
+    for (auto z = nodes.rbegin(); z != nodes.rend(); ++z) {
+        chunk.Sources.push_back({layer, *z, EffectiveDepth(layer, *z, problem.Layers[0].Thickness)});
+    }
+    for (std::size_t i = first; i < last; ++i) {
+        PointDepth depth{layer, distinct[i].Z, -1, ChebyshevWeights(low, high, distinct[i].Z)};
+        std::reverse(depth.Weights.begin(), depth.Weights.end());
+        chunk.Depths.push_back(depth);
+        AddPoints(problem, order, distinct[i], chunk);
+    }
+    SortByPlace(chunk);
+    return chunk;
+}
+
+/// Takes the depths that lie close together in one layer into chunks of their own; gives the others.
+std::vector<Distinct> TakeCells(const Problem& problem, const std::vector<std::size_t>& order,
+                                const std::vector<Distinct>& distinct, std::vector<DepthChunk>& chunks) {
+    std::vector<Distinct> rest;
+    for (std::size_t i = 0; i < distinct.size();) {
+        const double share = distinct[i].Layer == 0 ? CellShare / (1 + CellShare) : CellShare;
+        const double end = distinct[i].Z + share * distinct[i].Effective;
+        std::size_t last = i;
+        while (last < distinct.size() && distinct[last].Layer == distinct[i].Layer && distinct[last].Z <= end) {
+            ++last;
+        }
+        if (last - i >= WorthNodes) {
+            chunks.push_back(NodeChunk(problem, order, distinct, i, last));
+        } else {
+            rest.insert(rest.end(), distinct.begin() + static_cast<std::ptrdiff_t>(i),
+                        distinct.begin() + static_cast<std::ptrdiff_t>(last));
+        }
+        i = last;
+    }
+    return rest;
+}
+
+}  // namespace
+
+std::vector<double> LayerTopsOf(const Problem& problem) {
+    std::vector<double> tops{0};
+    for (std::size_t i = 0; i + 1 < problem.Layers.size(); ++i) {
+        tops.push_back(tops.back() + problem.Layers[i].Thickness);
+    }
+    return tops;
+}
+
+std::vector<DepthChunk> PlanDepths(const Problem& problem, std::size_t mostSources) {
+    const auto order = SortedPoints(problem);
+    std::vector<Distinct> distinct;
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        const Point& point = problem.Points[order[i]];
+        if (distinct.empty() || distinct.back().Layer != point.Layer - 1 || distinct.back().Z != point.Z) {
+            distinct.push_back({point.Layer - 1, point.Z,
+                                EffectiveDepth(point.Layer - 1, point.Z, problem.Layers[0].Thickness), i, i});
+        }
+        distinct.back().Last = i + 1;
+    }
+    std::vector<DepthChunk> chunks;
+    // In one material alone there are no sums to be saved.
+    std::vector<Distinct> rest =
+        problem.Layers.size() > 1 ? TakeCells(problem, order, distinct, chunks) : std::move(distinct);
+    std::stable_sort(rest.begin(), rest.end(),
+                     [](const Distinct& a, const Distinct& b) { return a.Effective < b.Effective; });
+    for (std::size_t i = 0; i < rest.size();) {
+        std::size_t last = i;
+        while (last < rest.size() && last - i < mostSources && rest[last].Effective <= BandRatio * rest[i].Effective) {
+            ++last;
+        }
+        last = std::max(last, i + 1);
+        std::sort(rest.begin() + static_cast<std::ptrdiff_t>(i), rest.begin() + static_cast<std::ptrdiff_t>(last),
+                  [](const Distinct& a, const Distinct& b) { return std::tie(a.Layer, a.Z) < std::tie(b.Layer, b.Z); });
+        DepthChunk chunk;
+        for (; i < last; ++i) {
+            chunk.Depths.push_back({rest[i].Layer, rest[i].Z, static_cast<int>(chunk.Sources.size()), {}});
+            chunk.Sources.push_back({rest[i].Layer, rest[i].Z, rest[i].Effective});
+            AddPoints(problem, order, rest[i], chunk);
+        }
+        SortByPlace(chunk);
+        chunks.push_back(std::move(chunk));
+    }
+    return chunks;
+}
+
+}  // namespace zirvo::solver

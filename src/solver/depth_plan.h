@@ -1,0 +1,52 @@
+// Which depths the sums are made for, and how the points find them.
+//
+// The points' distinct depths are few as a rule and are taken as they are. Where many lie close together in one layer,
+// the sums are made on Chebyshev nodes in z instead and interpolated: inside a layer they are analytic functions of z
+// whose singularities lie an effective depth ze away. ze is 2 h1 - z in layer 1, whose own half-space share is left
+// out, and z below it. Depths of similar ze make one chunk of work, which needs nothing of any other.
+#pragma once
+#include <array>
+#include <cstddef>
+#include <vector>
+
+#include "solver/problem.h"
+#include "solver/tables.h"
+
+namespace zirvo::solver {
+
+/// A depth for which sums are made.
+struct SourceDepth {
+    int Layer = 0;         ///< 0-based
+    double Z = 0;          ///< cm
+    double Effective = 0;  ///< ze [cm]
+};
+
+/// A depth at which points lie.
+struct PointDepth {
+    int Layer = 0;  ///< 0-based
+    double Z = 0;   ///< cm
+    /// The chunk's source with the same depth, or -1: all sources of the chunk with these weights.
+    int Source = -1;
+    std::array<double, ChebyshevCount> Weights{};
+};
+
+/// A point's place in a chunk.
+struct ChunkPoint {
+    std::size_t Point = 0;  ///< 0-based index into the problem's points
+    int Depth = 0;          ///< index into the chunk's Depths
+    double X = 0, Y = 0;    ///< cm
+};
+
+struct DepthChunk {
+    std::vector<SourceDepth> Sources;  ///< by layer, then depth
+    std::vector<PointDepth> Depths;
+    std::vector<ChunkPoint> Points;  ///< by place (X, Y), then depth
+};
+
+/// Tops of the layers [cm]; entry Count is the sum of all thicknesses but the last layer's.
+std::vector<double> LayerTopsOf(const Problem& problem);
+
+/// All points, in chunks of work. A chunk has at most `mostSources` sources.
+std::vector<DepthChunk> PlanDepths(const Problem& problem, std::size_t mostSources);
+
+}  // namespace zirvo::solver

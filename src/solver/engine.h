@@ -1,0 +1,114 @@
+// The inner loops of the solver, built once for each width of vector register and chosen when the program starts.
+// Everything here is plain arrays: the callers (section_sums, half_space) own all memory.
+#pragma once
+
+namespace zirvo::solver {
+
+/// The layers as the loops want them, 0-based arrays of `Count`. M2 = E / (1 + nu) = 2 mu. Spring is the compliance of
+/// the interface below the layer per unit radius of the load [1 / modulus]: alpha / (1 - alpha) * (1 + nu) / E.
+struct LayeredSystem {
+    int Count = 0;
+    const double* M2 = nullptr;
+    const double* Nu = nullptr;
+    const double* Thickness = nullptr;
+    const double* Spring = nullptr;
+};
+
+/// A depth at which kernels are wanted: 0-based layer, distance from its top and to its bottom [cm] (the latter unused
+/// in the last layer).
+struct KernelDepth {
+    int Layer = 0;
+    double FromTop = 0;
+    double FromBottom = 0;
+};
+
+/// Rows of kernels: what is summed, per unit surface traction. Displacements over the wavenumber, strains as they are,
+/// tractions over M2 of the layer, so that all but the displacements are like strains. u, w, v: displacements (radial,
+/// down, turned) times the wavenumber; T, S, Q: shear, normal, turned shear.
+enum Row : int {
+    RowVerticalW,    ///< w / xi with J0; vertical load from here
+    RowVerticalS,    ///< S with J0
+    RowVerticalU0,   ///< u with J0
+    RowVerticalU1,   ///< u / xi with J1
+    RowVerticalT,    ///< T with J1
+    RowVerticalU2,   ///< u with J2
+    RowHorizontalW,  ///< w / xi with J1; horizontal load from here
+    RowHorizontalS,  ///< S with J1
+    RowHorizontalU,  ///< u with J1
+    RowSum1,         ///< (u + v) / 2 with J1
+    RowSum0,         ///< (u + v) / (2 xi) with J0
+    RowShear0,       ///< (T + Q) / 2 with J0
+    RowDifference2,  ///< (u - v) / (2 xi) with J2
+    RowShear2,       ///< (T - Q) / 2 with J2
+    RowDifference3,  ///< (u - v) / 2 with J3
+    RowCount
+};
+inline constexpr int VerticalRows = 6;
+inline constexpr int RowOrder[RowCount] = {0, 0, 0, 1, 1, 2, 1, 1, 1, 1, 0, 0, 2, 2, 3};
+inline constexpr bool RowIsDisplacement[RowCount] = {true,  false, false, true,  false, false, true, false,
+                                                     false, false, true,  false, true,  false, false};
+
+/// Nodes are worked on in blocks of this many (a multiple of every vector width, and even, so that a node's parity in
+/// its block is its parity in the whole sum).
+inline constexpr int NodeBlock = 256;
+/// Radii stand side by side in tiles of this many.
+inline constexpr int TileWidth = 8;
+
+/// Taylor coefficients of J0..J3 round the centres 0, 1/2, 1 .. 32 and the asymptotic series beyond.
+struct BesselTable {
+    static constexpr double Limit = 32;
+    static constexpr int Centres = 65;
+    static constexpr int Terms = 13;
+    static constexpr int AsymptoticTerms = 8;
+    alignas(64) double Taylor[Centres][Terms][4];
+    double P0[AsymptoticTerms], Q0[AsymptoticTerms], P1[AsymptoticTerms], Q1[AsymptoticTerms];
+};
+
+/// Gauss nodes of the angular sums of the half-space: panels halved towards 0. Panel p < MaxPanels covers pi 2^-(p+1)
+/// to pi 2^-p; core panel p covers 0 to pi 2^-p.
+struct AngleTable {
+    static constexpr int MaxPanels = 60;
+    static constexpr int Nodes = 16;
+    struct Panel {
+        alignas(64) double Cos[Nodes], Sin[Nodes], HalfSquared[Nodes], Weight[Nodes];
+    };
+    Panel Ring[MaxPanels];
+    Panel Core[MaxPanels + 1];
+};
+
+/// I(n, k) = integral of a J1(xi a) Jn(xi r) exp(-xi z) xi^k, k = -1, 0, 1, n = 0..3.
+struct HalfSpaceIntegrals {
+    double I[4][3];  ///< [n][k + 1]
+};
+
+struct Engine {
+    const char* Name;
+
+    /// Kernels of a block of wavenumbers at some depths, times Weight. `rows` tells which of the two loads is wanted.
+    /// out[(depth * RowCount + row) * NodeBlock + node]. In layer 1 the half-space share of that layer's material is
+    /// left out. `deepest` is the 0-based deepest layer that the field still reaches (start with Count - 1); it is
+    /// lowered as the wavenumbers grow, and deeper depths give 0.
+    void (*Kernels)(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
+                    int depthCount, bool vertical, bool horizontal, int& deepest, double* out);
+
+    /// J0..J3 of xi * r: out[order][(tile * NodeBlock + node) * TileWidth + lane]; null orders are left out.
+    void (*Bessel)(const BesselTable& table, const double* xi, int nodes, const double* radii, int tiles,
+                   double* const out[4]);
+
+    /// total[(row * depthCount + depth) * columns + column] += sum over nodes of kernel * Bessel, difference the same
+    /// with even nodes positive and odd ones negative; columns = tiles * TileWidth, tiles counted from firstTile of the
+    /// Bessel rows.
+    void (*Accumulate)(const double* kernels, int depthCount, int nodes, const double* const bessel[4], int firstTile,
+                       int tiles, int firstRow, int lastRow, double* total, double* difference);
+
+    /// The twelve integrals of a circle of radius a at (r, z), z > 0 or r != a.
+    void (*HalfSpace)(const AngleTable& table, double a, double r, double z, HalfSpaceIntegrals& out);
+};
+
+/// The widest engine that this machine can run. All give the same answers to rounding.
+const Engine& BestEngine();
+
+/// Every engine that this machine can run, for tests and benchmarks.
+int RunnableEngines(const Engine* out[4]);
+
+}  // namespace zirvo::solver

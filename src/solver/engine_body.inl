@@ -1,0 +1,26 @@
+// One engine: included by each engine_*.cpp with ZIRVO_ENGINE (its namespace) and ZIRVO_LANES set. Those files are
+// compiled for different processors, so nothing here may use an inline function of the standard library: the linker
+// would be free to keep the copy that an older processor cannot run.
+#if !defined(__GNUC__) || defined(ZIRVO_PLAIN_VECTORS)
+#include <cmath>
+#endif
+
+#include "solver/engine.h"
+
+#if defined(__GNUC__)
+#pragma GCC diagnostic ignored "-Wpsabi"
+#endif
+
+namespace zirvo::solver::ZIRVO_ENGINE {
+namespace {
+#include "solver/vectors.inl"
+// The loops need the vectors above.
+#include "solver/engine_bessel.inl"
+#include "solver/engine_half_space.inl"
+#include "solver/engine_kernels.inl"
+#include "solver/engine_sums.inl"
+}  // namespace
+
+extern const Engine TheEngine;
+const Engine TheEngine = {ZIRVO_ENGINE_NAME, Kernels, Bessel, Accumulate, HalfSpace};
+}  // namespace zirvo::solver::ZIRVO_ENGINE

@@ -1,0 +1,27 @@
+// The share of layer 1's own half-space, in closed form: the part of the field that decays too slowly near the surface
+// to be summed over wavenumbers.
+#pragma once
+#include <array>
+
+#include "solver/engine.h"
+
+namespace zirvo::solver {
+
+/// A point within this share of the radius from the edge of a circle, at z = 0, counts as on the edge.
+inline constexpr double EdgeShare = 1e-6;
+/// There, what a shear load makes infinite is the mean of the values at the radius times 1 -+ this.
+inline constexpr double EdgeMean = 1e-3;
+
+/// Where a point of the surface lies.
+enum class Contact { Inside, Edge, Outside };
+
+/// For r and a in cm.
+Contact ContactOf(double r, double a);
+
+/// Rows of the half-space of modulus m2 = E / (1 + nu), unit pressure and unit shear, at (r, z) of a circle of radius
+/// a; all in cm. At z = 0 on the edge: means, as EdgeMean tells, in the rows that are infinite.
+/// @param vertical, horizontal  which of the two loads is wanted; the other's rows are 0.
+std::array<double, RowCount> HalfSpaceRows(const Engine& engine, double m2, double nu, double a, double r, double z,
+                                           bool vertical, bool horizontal);
+
+}  // namespace zirvo::solver

@@ -1,0 +1,83 @@
+// The sums over wavenumbers for one chunk of depths: all kernels at all its depths, for every group of loads and every
+// radius or cell of radii, each with an estimate of its error.
+#pragma once
+#include <array>
+#include <cstddef>
+#include <vector>
+
+#include "solver/depth_plan.h"
+#include "solver/engine.h"
+#include "solver/problem.h"
+#include "solver/radius_plan.h"
+
+namespace zirvo::solver {
+
+/// One load of a group.
+struct GroupLoad {
+    double X = 0, Y = 0;      ///< cm
+    double Pressure = 0;      ///< vertical, positive down, in the unit of the moduli
+    double Shear = 0;         ///< horizontal, in the unit of the moduli
+    double Cos = 1, Sin = 0;  ///< of the direction of Shear from X
+};
+
+/// Loads of one radius share their sums: AK holds the radius, and so does the transform of the circle.
+struct LoadGroup {
+    double Radius = 0;  ///< cm
+    bool Vertical = false;
+    bool Horizontal = false;
+    std::vector<GroupLoad> Loads;
+};
+
+/// The layers, prepared.
+struct LayerTable {
+    std::vector<double> M2, Nu, Thickness, Spring, Tops;
+    double TotalThickness = 0;
+    bool Slips = false;
+
+    explicit LayerTable(const Problem& problem);
+    LayeredSystem View() const;
+};
+
+/// The loads by radius, ascending.
+std::vector<LoadGroup> GroupLoads(const Problem& problem);
+
+/// Errors of the sums of one item at one depth, per unit pressure and per unit shear: of displacements [cm] and of
+/// strains.
+struct SumErrors {
+    std::array<double, 2> Displacement{};
+    std::array<double, 2> Strain{};
+};
+
+/// Rows are padded to this many for the vector loops.
+inline constexpr int RowStride = 16;
+
+class SumTable {
+public:
+    /// Sums for all items at the chunk's sources. One of the items' Group is -1 for all or for none.
+    SumTable(const LayerTable& layers, const std::vector<LoadGroup>& groups, const DepthChunk& chunk,
+             std::vector<RadiusItem> items, const Engine& engine);
+
+    const std::vector<RadiusItem>& Items() const { return items_; }
+
+    /// Rows of the sums: [column][RowStride], ChebyshevCount columns in a cell (from its High to its Low), 1 otherwise.
+    const double* Rows(std::size_t group, std::size_t item, std::size_t source) const;
+
+    const SumErrors& Errors(std::size_t group, std::size_t item, std::size_t source) const;
+
+private:
+    friend class LevelSum;
+    struct Place {
+        std::size_t Level = 0, Column = 0;
+    };
+    struct Block {
+        std::size_t Columns = 0;
+        std::vector<double> Rows;
+    };
+    std::vector<RadiusItem> items_;
+    std::vector<Place> places_;
+    std::vector<std::vector<Block>> blocks_;  // [level][group]
+    std::vector<SumErrors> errors_;           // [group][item][source]
+    std::size_t sources_ = 0;
+};
+
+}  // namespace zirvo::solver

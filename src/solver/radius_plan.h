@@ -1,0 +1,45 @@
+// Which radii the sums are made for: the radii of the pairs themselves where they are few, else cells of Chebyshev
+// nodes; and which of them share a set of wavenumber nodes.
+//
+// A sum is an analytic function of r whose nearest singularities lie at r = a +- i ze, so cells as wide as 0.6 of that
+// distance need 16 nodes everywhere, and their number grows with the logarithm of the range only. Radii far from every
+// load edge need few wavenumbers, each of them a fine step; those near an edge many, but at a coarser step: so the
+// radii are split into levels by that distance, where this is cheaper.
+#pragma once
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "solver/wavenumbers.h"
+
+namespace zirvo::solver {
+
+/// One cell of radii, or one radius of one group of loads.
+struct RadiusItem {
+    double Low = 0;   ///< cm
+    double High = 0;  ///< cm; equal to Low for a single radius
+    double Gap = 0;   ///< distance to the nearest load edge [cm]
+    int Group = -1;   ///< loads of one radius that it serves; -1: all
+};
+
+/// Items that share their wavenumbers.
+struct RadiusLevel {
+    WaveRange Range;
+    std::vector<std::size_t> Items;
+};
+
+/// What one node costs, in any one unit.
+struct LevelCosts {
+    double PerNode = 0;           ///< kernels at one wavenumber
+    double PerNodeAndColumn = 0;  ///< Bessel functions and sums of one radius
+};
+
+/// Cells that cover low..high for the load radii `edges` (ascending) and effective depth ze [cm].
+std::vector<RadiusItem> MakeCells(double low, double high, std::span<const double> edges, double ze);
+
+/// The cheapest split of the items into levels.
+/// @param ze  smallest effective depth [cm]; @param thickness  sum of the layers' thicknesses [cm]
+std::vector<RadiusLevel> SplitIntoLevels(std::span<const RadiusItem> items, std::span<const double> edges, double ze,
+                                         double thickness, const LevelCosts& costs);
+
+}  // namespace zirvo::solver

@@ -1,0 +1,265 @@
+// The whole solution: chunks of depths, each worked on by one thread and needing nothing of any other, so that the
+// answer does not depend on the number of threads.
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <thread>
+
+#include "solver/depth_plan.h"
+#include "solver/engine.h"
+#include "solver/half_space.h"
+#include "solver/layered_sums.h"
+#include "solver/problem.h"
+#include "solver/superposition.h"
+
+namespace zirvo::solver {
+
+namespace {
+
+constexpr std::size_t MostSources = 16;
+constexpr double HalfSpaceError = 2e-14;  // of the closed form, as a share of a unit load
+
+/// What all chunks share, read only.
+struct Work {
+    const Problem& TheProblem;
+    LayerTable Layers;
+    std::vector<LoadGroup> Groups;
+    const Engine& TheEngine;
+    LoadScale Scale;
+    std::vector<PointResult>& Results;
+};
+
+LoadScale ScaleOf(const std::vector<LoadGroup>& groups) {
+    LoadScale scale;
+    for (const LoadGroup& group : groups) {
+        scale.Radius = std::max(scale.Radius, group.Radius);
+        for (const GroupLoad& load : group.Loads) {
+            scale.Pressure = std::max({scale.Pressure, std::fabs(load.Pressure), std::fabs(load.Shear)});
+        }
+    }
+    return scale;
+}
+
+/// One chunk: its sums, then its points.
+class ChunkWork {
+public:
+    ChunkWork(const Work& work, const DepthChunk& chunk) : work_(work), chunk_(chunk) {}
+
+    void Run();
+
+private:
+    std::vector<RadiusItem> ChooseItems();
+    std::size_t ItemOf(std::size_t group, double r) const;
+    void AddPlace(std::size_t first, std::size_t last);
+    void AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t first,
+                 std::size_t last);
+    void AddLayered(std::size_t group, std::size_t item, const std::array<double, ChebyshevCount>& weights,
+                    const PointDepth& depth, double* rows) const;
+
+    const Work& work_;
+    const DepthChunk& chunk_;
+    std::vector<SumTable> table_;  // none in one material
+    bool cells_ = true;
+    std::vector<double> lows_;                     // of the cells, ascending
+    std::vector<std::vector<double>> groupRadii_;  // of each group, ascending, where radii are taken as they are
+    std::vector<std::size_t> groupFirst_;          // the group's first item there
+    std::vector<PointSums> sums_;                  // of the points of one place
+};
+
+/// The pairs' own radii where they are fewer than the nodes of the cells that would serve them.
+std::vector<RadiusItem> ChunkWork::ChooseItems() {
+    double low = HUGE_VAL;
+    double high = 0;
+    double ze = HUGE_VAL;
+    std::vector<double> edges;
+    groupRadii_.resize(work_.Groups.size());
+    for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
+        edges.push_back(work_.Groups[g].Radius);
+        for (std::size_t i = 0; i < chunk_.Points.size(); ++i) {
+            const ChunkPoint& point = chunk_.Points[i];
+            if (i > 0 && point.X == chunk_.Points[i - 1].X && point.Y == chunk_.Points[i - 1].Y) {
+                continue;
+            }
+            for (const GroupLoad& load : work_.Groups[g].Loads) {
+                const double r = PositionFrom(load, point.X, point.Y).R;
+                low = std::min(low, r);
+                high = std::max(high, r);
+                groupRadii_[g].push_back(r);
+            }
+        }
+        std::sort(groupRadii_[g].begin(), groupRadii_[g].end());
+        groupRadii_[g].erase(std::unique(groupRadii_[g].begin(), groupRadii_[g].end()), groupRadii_[g].end());
+    }
+    for (const SourceDepth& source : chunk_.Sources) {
+        ze = std::min(ze, source.Effective);
+    }
+    std::vector<RadiusItem> cells = MakeCells(low, high, edges, ze);
+    std::size_t radii = 0;
+    for (const auto& list : groupRadii_) {
+        radii += list.size();
+    }
+    cells_ = radii > cells.size() * ChebyshevCount;
+    if (cells_) {
+        for (const RadiusItem& cell : cells) {
+            lows_.push_back(cell.Low);
+        }
+        return cells;
+    }
+    std::vector<RadiusItem> items;
+    for (std::size_t g = 0; g < groupRadii_.size(); ++g) {
+        groupFirst_.push_back(items.size());
+        for (const double r : groupRadii_[g]) {
+            items.push_back({r, r, std::fabs(r - work_.Groups[g].Radius), static_cast<int>(g)});
+        }
+    }
+    return items;
+}
+
+std::size_t ChunkWork::ItemOf(std::size_t group, double r) const {
+    if (cells_) {
+        const auto above = std::upper_bound(lows_.begin(), lows_.end(), r);
+        return above == lows_.begin() ? 0 : static_cast<std::size_t>(above - lows_.begin()) - 1;
+    }
+    const auto& radii = groupRadii_[group];
+    return groupFirst_[group] +
+           static_cast<std::size_t>(std::lower_bound(radii.begin(), radii.end(), r) - radii.begin());
+}
+
+void ChunkWork::Run() {
+    if (work_.Layers.M2.size() > 1) {
+        table_.emplace_back(work_.Layers, work_.Groups, chunk_, ChooseItems(), work_.TheEngine);
+    }
+    for (std::size_t first = 0; first < chunk_.Points.size();) {
+        std::size_t last = first;
+        while (last < chunk_.Points.size() && chunk_.Points[last].X == chunk_.Points[first].X &&
+               chunk_.Points[last].Y == chunk_.Points[first].Y) {
+            ++last;
+        }
+        AddPlace(first, last);
+        first = last;
+    }
+}
+
+/// All points of one place (X, Y): their loads, then their results.
+void ChunkWork::AddPlace(std::size_t first, std::size_t last) {
+    sums_.assign(last - first, PointSums{});
+    for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
+        for (const GroupLoad& load : work_.Groups[g].Loads) {
+            AddPair(g, load, PositionFrom(load, chunk_.Points[first].X, chunk_.Points[first].Y), first, last);
+        }
+    }
+    for (std::size_t i = first; i < last; ++i) {
+        const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[i].Depth)];
+        const auto layer = static_cast<std::size_t>(depth.Layer);
+        work_.Results[chunk_.Points[i].Point] = ComposeResult(
+            sums_[i - first], work_.Layers.M2[layer], work_.Layers.Nu[layer], depth.Z == 0 && layer == 0, work_.Scale);
+    }
+}
+
+void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t first,
+                        std::size_t last) {
+    const double radius = work_.Groups[group].Radius;
+    std::array<double, ChebyshevCount> weights{};
+    std::size_t item = 0;
+    if (!table_.empty()) {
+        item = ItemOf(group, position.R);
+        if (cells_) {
+            const RadiusItem& cell = table_[0].Items()[item];
+            weights = ChebyshevWeights(cell.Low, cell.High, position.R);
+        }
+    }
+    int before = -1;
+    alignas(64) double rows[RowStride];
+    SumErrors errors;
+    for (std::size_t i = first; i < last; ++i) {
+        const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[i].Depth)];
+        const double m2 = work_.Layers.M2[static_cast<std::size_t>(depth.Layer)];
+        if (chunk_.Points[i].Depth != before) {
+            before = chunk_.Points[i].Depth;
+            std::fill(std::begin(rows), std::end(rows), 0.0);
+            errors = {};
+            if (!table_.empty()) {
+                AddLayered(group, item, weights, depth, rows);
+                errors = table_[0].Errors(group, item, static_cast<std::size_t>(std::max(depth.Source, 0)));
+            }
+            if (depth.Layer == 0) {
+                const auto own = HalfSpaceRows(work_.TheEngine, m2, work_.Layers.Nu[0], radius, position.R, depth.Z,
+                                               load.Pressure != 0, load.Shear != 0);
+                for (std::size_t row = 0; row < RowCount; ++row) {
+                    rows[row] += own[row];
+                }
+                for (std::size_t k = 0; k < 2; ++k) {
+                    errors.Strain[k] += HalfSpaceError / m2;
+                    errors.Displacement[k] += HalfSpaceError * radius / m2;
+                }
+            }
+        }
+        PointSums& sums = sums_[i - first];
+        AddRows(load, position, rows, sums);
+        const double p = std::fabs(load.Pressure);
+        const double h = std::fabs(load.Shear);
+        sums.StrainError += p * errors.Strain[0] + h * errors.Strain[1];
+        sums.DisplacementError += p * errors.Displacement[0] + h * errors.Displacement[1];
+        if (depth.Z == 0) {
+            AddSurfaceTraction(load, radius, position.R, sums);
+        }
+    }
+}
+
+void ChunkWork::AddLayered(std::size_t group, std::size_t item, const std::array<double, ChebyshevCount>& weights,
+                           const PointDepth& depth, double* rows) const {
+    const SumTable& table = table_[0];
+    const std::size_t columns = cells_ ? ChebyshevCount : 1;
+    const auto add = [&](std::size_t source, double share) {
+        const double* from = table.Rows(group, item, source);
+        for (std::size_t column = 0; column < columns; ++column, from += RowStride) {
+            const double weight = share * (cells_ ? weights[column] : 1);
+            for (std::size_t row = 0; row < RowStride; ++row) {
+                rows[row] += weight * from[row];
+            }
+        }
+    };
+    if (depth.Source >= 0) {
+        add(static_cast<std::size_t>(depth.Source), 1);
+    } else {
+        for (std::size_t source = 0; source < ChebyshevCount; ++source) {
+            add(source, depth.Weights[source]);
+        }
+    }
+}
+
+}  // namespace
+
+Solution Solve(const Problem& problem, const SolveOptions& options) {
+    Solution solution;
+    solution.Points.resize(problem.Points.size());
+    std::vector<LoadGroup> groups = GroupLoads(problem);
+    const LoadScale scale = ScaleOf(groups);
+    const Work work{problem, LayerTable(problem), std::move(groups), BestEngine(), scale, solution.Points};
+    const auto chunks = PlanDepths(problem, MostSources);
+
+    std::atomic<std::size_t> next{0};
+    const auto worker = [&] {
+        for (std::size_t i = next++; i < chunks.size(); i = next++) {
+            ChunkWork(work, chunks[i]).Run();
+        }
+    };
+    const unsigned machine = std::max(1U, std::thread::hardware_concurrency());
+    const unsigned wanted = options.Threads > 0 ? static_cast<unsigned>(options.Threads) : machine;
+    std::vector<std::thread> helpers;
+    for (unsigned i = 1; i < std::min<std::size_t>(wanted, chunks.size()); ++i) {
+        helpers.emplace_back(worker);
+    }
+    worker();
+    for (std::thread& helper : helpers) {
+        helper.join();
+    }
+    for (const PointResult& point : solution.Points) {
+        for (const double estimate : point.Estimates) {
+            solution.LargestEstimate = std::max(solution.LargestEstimate, estimate);
+        }
+    }
+    return solution;
+}
+
+}  // namespace zirvo::solver

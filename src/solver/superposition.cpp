@@ -1,0 +1,126 @@
+#include "solver/superposition.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "solver/half_space.h"
+
+namespace zirvo::solver {
+
+PolarPosition PositionFrom(const GroupLoad& load, double x, double y) {
+    PolarPosition position;
+    const double dx = x - load.X;
+    const double dy = y - load.Y;
+    position.R = std::sqrt(dx * dx + dy * dy);
+    if (position.R > 0) {
+        position.Cos = dx / position.R;
+        position.Sin = dy / position.R;
+    }
+    return position;
+}
+
+void AddRows(const GroupLoad& load, const PolarPosition& position, const double* rows, PointSums& sums) {
+    const double c = position.Cos;
+    const double s = position.Sin;
+    if (load.Pressure != 0) {
+        const double p = load.Pressure;
+        const double radial = -p * rows[RowVerticalU1];
+        const double shear = -p * rows[RowVerticalT];
+        const double difference = p * rows[RowVerticalU2];
+        sums.U += radial * c;
+        sums.V += radial * s;
+        sums.W += p * rows[RowVerticalW];
+        sums.Normal += p * rows[RowVerticalS];
+        sums.ShearX += shear * c;
+        sums.ShearY += shear * s;
+        sums.AreaStrain -= p * rows[RowVerticalU0];
+        sums.StrainDifference += difference * (c * c - s * s);
+        sums.ShearStrain += difference * (2 * c * s);
+    }
+    if (load.Shear != 0) {
+        const double p = load.Shear;
+        const double lc = load.Cos;
+        const double ls = load.Sin;
+        // Angle from the load's direction, twice it; (c2, s2) stands for exp(2 i theta).
+        const double c1 = c * lc + s * ls;
+        const double s1 = s * lc - c * ls;
+        const double c2 = c1 * c1 - s1 * s1;
+        const double s2 = 2 * c1 * s1;
+        const double ux = rows[RowSum0] - rows[RowDifference2] * c2;
+        const double uy = -rows[RowDifference2] * s2;
+        const double tx = rows[RowShear0] - rows[RowShear2] * c2;
+        const double ty = -rows[RowShear2] * s2;
+        const double dx = -rows[RowSum1] * c1 + rows[RowDifference3] * (c1 * c2 - s1 * s2);
+        const double dy = -rows[RowSum1] * s1 + rows[RowDifference3] * (s1 * c2 + c1 * s2);
+        const double lc2 = lc * lc - ls * ls;
+        const double ls2 = 2 * lc * ls;
+        sums.U += p * (ux * lc - uy * ls);
+        sums.V += p * (ux * ls + uy * lc);
+        sums.W += p * c1 * rows[RowHorizontalW];
+        sums.Normal += p * c1 * rows[RowHorizontalS];
+        sums.ShearX += p * (tx * lc - ty * ls);
+        sums.ShearY += p * (tx * ls + ty * lc);
+        sums.AreaStrain -= p * c1 * rows[RowHorizontalU];
+        sums.StrainDifference += p * (dx * lc2 - dy * ls2);
+        sums.ShearStrain += p * (dx * ls2 + dy * lc2);
+    }
+}
+
+void AddSurfaceTraction(const GroupLoad& load, double radius, double r, PointSums& sums) {
+    const Contact contact = ContactOf(r, radius);
+    if (contact == Contact::Outside) {
+        return;
+    }
+    const double share = contact == Contact::Edge ? 0.5 : 1;
+    sums.SurfaceNormal -= share * load.Pressure;
+    sums.SurfaceX -= share * load.Shear * load.Cos;
+    sums.SurfaceY -= share * load.Shear * load.Sin;
+    sums.OnEdge = sums.OnEdge || contact == Contact::Edge;
+}
+
+PointResult ComposeResult(const PointSums& sums, double m2, double nu, bool surface, const LoadScale& scale) {
+    PointResult result;
+    auto& v = result.Values;
+    const double mu = 0.5 * m2;
+    const double sigz = surface ? sums.SurfaceNormal : sums.Normal * m2;
+    const double tzx = surface ? sums.SurfaceX : sums.ShearX * m2;
+    const double tyz = surface ? sums.SurfaceY : sums.ShearY * m2;
+    const double side = nu / (1 - nu);
+    const double area = sums.AreaStrain;
+    v[U] = sums.U;
+    v[V] = sums.V;
+    v[W] = sums.W;
+    v[EPSx] = 0.5 * (area + sums.StrainDifference);
+    v[EPSy] = 0.5 * (area - sums.StrainDifference);
+    v[EPSz] = (1 - 2 * nu) / (1 - nu) * sigz / m2 - side * area;
+    v[SIGx] = side * (sigz + m2 * area) + m2 * v[EPSx];
+    v[SIGy] = side * (sigz + m2 * area) + m2 * v[EPSy];
+    v[SIGz] = sigz;
+    v[GAMxy] = sums.ShearStrain;
+    v[TAUxy] = mu * sums.ShearStrain;
+    v[TAUyz] = tyz;
+    v[TAUzx] = tzx;
+    v[GAMyz] = tyz / mu;
+    v[GAMzx] = tzx / mu;
+    for (double& value : v) {
+        value += 0.0;  // no negative zero
+    }
+    // A tolerance of e times the largest plus 1E-4 e units of the load is what an estimate of e stands for.
+    constexpr double Floor = 1e-4;
+    const double modulus = m2 * (1 + nu);
+    const auto largest = [&](int first, int last) {
+        double size = 0;
+        for (int i = first; i <= last; ++i) {
+            size = std::max(size, std::fabs(v[static_cast<std::size_t>(i)]));
+        }
+        return size;
+    };
+    const double stressError = sums.StrainError * m2 * (1 + nu) / (1 - nu);
+    result.Estimates[0] = sums.DisplacementError / (largest(U, W) + Floor * scale.Pressure * scale.Radius / modulus);
+    result.Estimates[1] = stressError / (largest(SIGx, TAUzx) + Floor * scale.Pressure);
+    result.Estimates[2] = sums.StrainError / (largest(EPSx, GAMzx) + Floor * scale.Pressure / modulus);
+    result.OnLoadEdge = surface && sums.OnEdge;
+    return result;
+}
+
+}  // namespace zirvo::solver

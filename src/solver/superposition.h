@@ -1,0 +1,49 @@
+// From the sums of single loads to the 15 values of a point: turned into X and Y, added up, completed by the law of
+// elasticity at the end, once.
+#pragma once
+#include "solver/engine.h"
+#include "solver/layered_sums.h"
+#include "solver/problem.h"
+
+namespace zirvo::solver {
+
+/// A point's position relative to one load.
+struct PolarPosition {
+    double R = 0;             ///< cm
+    double Cos = 1, Sin = 0;  ///< of the angle from X
+};
+
+/// Position of (x, y) seen from the load; on the axis the angle is 0.
+PolarPosition PositionFrom(const GroupLoad& load, double x, double y);
+
+/// What is added up at a point. Tractions over m2 of the point's layer, strains as plain numbers, displacements in cm.
+struct PointSums {
+    double U = 0, V = 0, W = 0;
+    double Normal = 0;              ///< SIGz / m2
+    double ShearX = 0, ShearY = 0;  ///< TAUzx / m2, TAUyz / m2
+    double AreaStrain = 0;          ///< EPSx + EPSy
+    double StrainDifference = 0;    ///< EPSx - EPSy
+    double ShearStrain = 0;         ///< GAMxy
+    double DisplacementError = 0, StrainError = 0;
+    /// At z = 0: the surface traction itself, in the unit of the moduli.
+    double SurfaceNormal = 0, SurfaceX = 0, SurfaceY = 0;
+    bool OnEdge = false;
+};
+
+/// Adds one load's rows (sums per unit pressure and per unit shear).
+void AddRows(const GroupLoad& load, const PolarPosition& position, const double* rows, PointSums& sums);
+
+/// Adds the traction that one load puts on the surface, for points at z = 0.
+void AddSurfaceTraction(const GroupLoad& load, double radius, double r, PointSums& sums);
+
+/// The unit in which errors may vanish: largest pressure (or shear) and radius of the loads.
+struct LoadScale {
+    double Pressure = 0;
+    double Radius = 0;
+};
+
+/// The 15 values and their estimates.
+/// @param m2, nu  of the point's layer; @param surface  true at z = 0, where the tractions are the loads' own.
+PointResult ComposeResult(const PointSums& sums, double m2, double nu, bool surface, const LoadScale& scale);
+
+}  // namespace zirvo::solver

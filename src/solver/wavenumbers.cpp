@@ -1,0 +1,59 @@
+#include "solver/wavenumbers.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace zirvo::solver {
+
+namespace {
+constexpr double Margin = 50;       // K: decay of the trapezoid's error in the mapped variable
+constexpr double PhaseRange = 40;   // c times the reach
+constexpr double LowShare = 1e-4;   // of the reciprocal thickness: the kernel is constant below
+constexpr double StartBelow = 4;    // the doubly exponential end: exp(-exp(4)) is nothing
+constexpr double WindowSigma = 12;  // sigma times the gap
+constexpr double WindowMiddle = 6;  // centre and half width of the window in sigmas
+}  // namespace
+
+NodeRule MakeNodeRule(const WaveRange& range, int refinement) {
+    NodeRule rule;
+    rule.C = std::min(PhaseRange / range.Reach, 0.25 * range.Largest);
+    rule.LowEnd = std::min(std::log(LowShare / (range.Thickness * rule.C)), -8.0);
+    rule.Start = rule.LowEnd - StartBelow;
+    rule.Step = 2 * 3.14159265358979323846 / (Margin + rule.C * range.Reach);
+    for (int i = 0; i < refinement; ++i) {
+        rule.Step *= 0.5;
+    }
+    if (range.Gap > 0) {
+        rule.WindowWidth = WindowSigma / range.Gap;
+        rule.WindowCentre = WindowMiddle * rule.WindowWidth;
+    }
+    return rule;
+}
+
+double WindowEnd(const NodeRule& rule) {
+    return rule.WindowWidth > 0 ? 2 * rule.WindowCentre : std::numeric_limits<double>::infinity();
+}
+
+void FillNodes(const NodeRule& rule, long first, int count, double* xi, double* weight) {
+    for (int i = 0; i < count; ++i) {
+        const double s = rule.Start + rule.Step * static_cast<double>(first + i);
+        const double low = std::exp(rule.LowEnd - s);
+        const double t = s - low;
+        const double e = std::exp(-std::fabs(t));
+        // A node below the smallest normal number still stands for a wavenumber of its own: its weight is nothing.
+        xi[i] = std::max(rule.C * (t > 0 ? t + std::log1p(e) : std::log1p(e)), 1e-280);
+        weight[i] = rule.Step * rule.C * (1 + low) * (t > 0 ? 1 / (1 + e) : e / (1 + e));
+        if (rule.WindowWidth > 0 && xi[i] > 0.01 * rule.WindowWidth) {
+            weight[i] *= 0.5 * std::erfc((xi[i] - rule.WindowCentre) / rule.WindowWidth);
+        }
+    }
+}
+
+double NodesBelow(const NodeRule& rule, double largest) {
+    const double ratio = largest / rule.C;
+    const double s = ratio > 30 ? ratio : std::log(std::expm1(ratio));
+    return (s - rule.Start) / rule.Step;
+}
+
+}  // namespace zirvo::solver

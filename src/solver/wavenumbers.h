@@ -1,0 +1,42 @@
+// The nodes of the sums over wavenumbers: a trapezoid in a mapped variable that goes to zero geometrically.
+//
+// xi = c ln(1 + exp t), t = s - exp(-(s - sL)): equal steps where the Bessel functions oscillate, geometric ones
+// towards zero where the kernel turns over, and an end there that vanishes doubly exponentially. The step resolves
+// phases up to xi * reach and K = 50 beyond, so that the error decays like that of a periodic integrand. Source of the
+// principle: Takahasi and Mori (1974), Publ. RIMS 9, for the doubly exponential end.
+#pragma once
+#include <vector>
+
+namespace zirvo::solver {
+
+struct NodeRule {
+    double C = 0;
+    double LowEnd = 0;  ///< sL
+    double Start = 0;
+    double Step = 0;
+    double WindowCentre = 0;  ///< 6 sigma [1/cm]; 0: no window
+    double WindowWidth = 0;   ///< sigma [1/cm]
+};
+
+/// Where a sum may be windowed: for radii at least `gap` from the edge of the load, half erfc((xi - 6 sigma) / sigma)
+/// with sigma = 12 / gap changes it by less than 1E-15 of a unit load.
+struct WaveRange {
+    double Reach = 0;      ///< largest radius plus largest load radius [cm]
+    double Largest = 0;    ///< wavenumber at which the sum may be expected to have ended [1/cm]
+    double Gap = 0;        ///< distance of all radii from all load edges [cm]; 0: no window
+    double Thickness = 0;  ///< sum of the thicknesses of the layers [cm]
+};
+
+/// @param refinement  0, 1, 2: the step is halved so many times.
+NodeRule MakeNodeRule(const WaveRange& range, int refinement);
+
+/// Wavenumber at which a windowed sum has ended; infinity without a window.
+double WindowEnd(const NodeRule& rule);
+
+/// Nodes first .. first + count - 1, with their weights (window included).
+void FillNodes(const NodeRule& rule, long first, int count, double* xi, double* weight);
+
+/// About how many nodes lie below `largest`.
+double NodesBelow(const NodeRule& rule, double largest);
+
+}  // namespace zirvo::solver
