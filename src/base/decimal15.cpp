@@ -3,21 +3,14 @@
 //
 // Notation        x the double, D its 15 digits as an integer, e the decimal exponent of the first digit:
 //                 |x| ~ D * 10^(e - 14).
-// Steps           1. The shortest digits that give x back are taken first, because they come fast. Up to 15 of them are
-//                    the answer: two decimals of 15 digits lie further apart than two neighbouring doubles, so that the
-//                    one next to x is the only one that x can be read from.
-//                 2. With 16 or 17 of them, those behind the 15th are rounded away. That is right unless they are
-//                    exactly one half: were a half between x and the shortest digits, the half would be shorter or
-//                    nearer, and so be the shortest digits itself.
-//                 3. In that case, and for denormal values, where step 1 does not hold, the exact expansion decides.
-// Special cases   an exact tie of the binary value between two decimals of 15 digits goes to the even one, as the
-//                 printing functions of the platforms do. Only the second rounding, on the digits, goes away from zero.
+// Steps           std::to_chars gives the 15 digits of the exact binary value; every shorter form is rounded on those.
+// Special cases   an exact tie of the binary value between two decimals of 15 digits goes to the even one, as in the
+//                 printing functions of all platforms. Only the second rounding, on the digits, goes away from zero.
 #include "base/decimal15.h"
 
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <limits>
 
 #include "base/runtime_fault.h"
 
@@ -39,64 +32,21 @@ std::uint64_t PowerOfTen(int n) {
     return PowersOfTen[static_cast<std::size_t>(n)];
 }
 
-struct ScannedDigits {
-    std::uint64_t Digits;
-    int Count;
-    int Exponent;
-};
-
-/// "1.2345e-05" as digits, their number, and the exponent of the first one.
-ScannedDigits ScanScientific(const char* p, const char* end) {
-    ScannedDigits scanned{0, 0, 0};
-    for (; p != end && *p != 'e'; ++p) {
-        if (*p != '.') {
-            scanned.Digits = scanned.Digits * 10 + static_cast<std::uint64_t>(*p - '0');
-            ++scanned.Count;
-        }
-    }
-    ++p;
-    const bool negative = *p == '-';
-    for (++p; p != end; ++p) {
-        scanned.Exponent = scanned.Exponent * 10 + (*p - '0');
-    }
-    if (negative) {
-        scanned.Exponent = -scanned.Exponent;
-    }
-    return scanned;
-}
-
-/// The 15 digits of the exact expansion; `magnitude` is finite and above 0.
-Decimal15 ExactDigits(double magnitude) {
-    std::array<char, 32> text{};
-    const auto result =
-        std::to_chars(text.data(), text.data() + text.size(), magnitude, std::chars_format::scientific, DigitCount - 1);
-    const ScannedDigits scanned = ScanScientific(text.data(), result.ptr);
-    return {false, scanned.Digits, scanned.Exponent};
-}
-
 /// The 15 digits of a finite magnitude above 0.
 Decimal15 NearestDigits(double magnitude) {
-    if (magnitude < std::numeric_limits<double>::min()) {
-        return ExactDigits(magnitude);
-    }
     std::array<char, 32> text{};
-    const auto result = std::to_chars(text.data(), text.data() + text.size(), magnitude, std::chars_format::scientific);
-    ScannedDigits scanned = ScanScientific(text.data(), result.ptr);
-    const int excess = scanned.Count - DigitCount;
-    if (excess <= 0) {
-        return {false, scanned.Digits * PowerOfTen(-excess), scanned.Exponent};
+    char* const begin = text.data();
+    const auto result =
+        std::to_chars(begin, begin + text.size(), magnitude, std::chars_format::scientific, DigitCount - 1);
+    Decimal15 value;
+    value.Digits = static_cast<std::uint64_t>(begin[0] - '0');
+    const char* p = begin + 2;  // behind the point
+    for (int i = 1; i < DigitCount; ++i) {
+        value.Digits = value.Digits * 10 + static_cast<std::uint64_t>(*p++ - '0');
     }
-    const std::uint64_t unit = PowerOfTen(excess);
-    const std::uint64_t rest = scanned.Digits % unit;
-    if (2 * rest == unit) {
-        return ExactDigits(magnitude);
-    }
-    std::uint64_t digits = scanned.Digits / unit + (2 * rest > unit ? 1 : 0);
-    if (digits == PowerOfTen(DigitCount)) {
-        digits /= 10;
-        ++scanned.Exponent;
-    }
-    return {false, digits, scanned.Exponent};
+    ++p;  // the letter of the exponent
+    std::from_chars(*p == '+' ? p + 1 : p, result.ptr, value.Exponent);
+    return value;
 }
 
 /// The first `keep` (1 to 15) of the digits, rounded half away from zero; a carry moves the exponent.

@@ -90,11 +90,14 @@ private:
 
 class PosixProcessService : public ProcessService {
 public:
-    ~PosixProcessService() override { ReapEnded(); }
+    ~PosixProcessService() override {
+        Reap(children_);
+        Reap(abandoned_);
+    }
 
     int StartHidden(const std::string& program) override {
         RequireUsablePath(program);
-        ReapEnded();
+        Reap(abandoned_);
         children_.reserve(children_.size() + 1);  // a child that runs must not be forgotten for want of memory
         const NullStreams streams;
         const DefaultSignals signals;
@@ -118,26 +121,32 @@ public:
         int status = 0;
         while (waitpid(static_cast<pid_t>(handle), &status, 0) < 0 && errno == EINTR) {
         }
-        Forget(handle);
+        std::erase(children_, handle);
     }
 
-    void Close(std::intptr_t /*handle*/) override { ReapEnded(); }
+    void Close(std::intptr_t handle) override {
+        if (IsOurs(handle)) {  // closed without a wait
+            std::erase(children_, handle);
+            abandoned_.push_back(static_cast<pid_t>(handle));
+        }
+        Reap(abandoned_);
+    }
 
 private:
     bool IsOurs(std::intptr_t identifier) const {
         return std::find(children_.begin(), children_.end(), identifier) != children_.end();
     }
-    void Forget(std::intptr_t identifier) { std::erase(children_, identifier); }
 
-    /// Takes leave of the children that have ended without being waited for, so that none stays behind as a zombie.
-    void ReapEnded() {
-        std::erase_if(children_, [](pid_t child) {
+    /// Takes leave of those that have ended, so that none stays behind as a zombie.
+    static void Reap(std::vector<pid_t>& children) {
+        std::erase_if(children, [](pid_t child) {
             int status = 0;
             return waitpid(child, &status, WNOHANG) != 0;
         });
     }
 
-    std::vector<pid_t> children_;  // not yet waited for
+    std::vector<pid_t> children_;   // started, not yet waited for
+    std::vector<pid_t> abandoned_;  // closed without a wait
 };
 
 }  // namespace

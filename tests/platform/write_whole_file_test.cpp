@@ -1,0 +1,188 @@
+// The writing of a whole file: the target is the old file or the new one, and nothing else stays behind.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <string>
+
+#include "base/fault_of.h"
+#include "platform/files.h"
+#include "platform/in_child.h"
+#include "platform/temporary_folder.h"
+
+namespace zirvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+mode_t PermissionsOf(const std::string& path) {
+    struct stat status {};
+    stat(path.c_str(), &status);
+    return status.st_mode & 07777;
+}
+
+TEST(WriteWholeFile, WritesANewFileAndReplacesAnOldOne) {
+    const TemporaryFolder folder;
+    const std::string bytes("line\r\n\0\xFF", 8);
+    WriteWholeFile(folder.Path("a"), "something longer than what follows");
+    WriteWholeFile(folder.Path("a"), bytes);
+    EXPECT_EQ(folder.Get("a"), bytes);
+    WriteWholeFile(folder.Path("a"), "");
+    EXPECT_EQ(folder.Get("a"), "");
+    EXPECT_EQ(folder.Entries(), 1U);
+}
+
+TEST(WriteWholeFile, NewFileHasTheOrdinaryPermissions) {
+    const TemporaryFolder folder;
+    const mode_t mask = umask(027);
+    WriteWholeFile(folder.Path("a"), "x");
+    umask(mask);
+    EXPECT_EQ(PermissionsOf(folder.Path("a")), 0640U);
+}
+
+TEST(WriteWholeFile, KeepsThePermissionsAndTheOwnerOfAnExistingFile) {
+    const TemporaryFolder folder;
+    const std::string a = folder.Put("a", "old");
+    const bool root = geteuid() == 0;
+    if (root) {
+        ASSERT_EQ(chown(a.c_str(), 1234, 4321), 0);
+    }
+    chmod(a.c_str(), 0604);
+    WriteWholeFile(a, "new");
+    struct stat status {};
+    ASSERT_EQ(stat(a.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0604U);
+    EXPECT_EQ(status.st_uid, root ? 1234U : geteuid());
+    EXPECT_EQ(folder.Get("a"), "new");
+}
+
+TEST(WriteWholeFile, FileOfAnotherUserThatMayBeWrittenIsWritten) {
+    const TemporaryFolder folder;
+    const std::string a = folder.Put("a", "old");
+    chmod(a.c_str(), 0666);
+    EXPECT_EQ(FaultAsOrdinaryUser([&] { WriteWholeFile(a, "new"); }), 0);
+    EXPECT_EQ(folder.Get("a"), "new");
+    EXPECT_EQ(PermissionsOf(a), 0666U);
+}
+
+TEST(WriteWholeFile, FollowsLinksToTheirFile) {
+    const TemporaryFolder folder;
+    fs::create_directories(folder.Path("far/away"));
+    folder.Put("far/away/file", "old");
+    fs::create_symlink("away/file", folder.Path("far/second"));
+    fs::create_symlink(folder.Path("far/second"), folder.Path("first"));
+    WriteWholeFile(folder.Path("first"), "new");
+    EXPECT_EQ(folder.Get("far/away/file"), "new");
+    EXPECT_TRUE(fs::is_symlink(folder.Path("first")));
+    EXPECT_TRUE(fs::is_symlink(folder.Path("far/second")));
+    EXPECT_EQ(folder.Entries(), 2U);
+}
+
+TEST(WriteWholeFile, MakesTheFileThatADanglingLinkNames) {
+    const TemporaryFolder folder;
+    fs::create_symlink("file", folder.Path("link"));
+    WriteWholeFile(folder.Path("link"), "new");
+    EXPECT_EQ(folder.Get("file"), "new");
+    EXPECT_TRUE(fs::is_symlink(folder.Path("link")));
+}
+
+TEST(WriteWholeFile, LinksInACircleAreAnAccessError) {
+    const TemporaryFolder folder;
+    fs::create_symlink("b", folder.Path("a"));
+    fs::create_symlink("a", folder.Path("b"));
+    EXPECT_EQ(FaultOf([&] { WriteWholeFile(folder.Path("a"), "x"); }), 75);
+}
+
+TEST(WriteWholeFile, TakesANameAsLongAsANameCanBe) {
+    const TemporaryFolder folder;
+    const std::string name(255, 'n');
+    WriteWholeFile(folder.Path(name), "x");
+    EXPECT_EQ(folder.Get(name), "x");
+    EXPECT_EQ(FaultOf([&] { WriteWholeFile(folder.Path(name + "n"), "x"); }), 52);
+}
+
+TEST(WriteWholeFile, FolderOrNoNameIsAnAccessErrorAndMissingFolderPathNotFound) {
+    const TemporaryFolder folder;
+    folder.Put("file", "old");
+    fs::create_directory(folder.Path("inner"));
+    EXPECT_EQ(FaultOf([&] { WriteWholeFile(folder.Path("inner"), "x"); }), 75);
+    EXPECT_EQ(FaultOf([&] { WriteWholeFile(folder.Path("inner/"), "x"); }), 75);
+    EXPECT_EQ(FaultOf([] { WriteWholeFile("", "x"); }), 75);
+    EXPECT_EQ(FaultOf([&] { WriteWholeFile(folder.Path("none/a"), "x"); }), 76);
+    EXPECT_EQ(FaultOf([&] { WriteWholeFile(folder.Path("file/a"), "x"); }), 76);
+    EXPECT_EQ(FaultOf([&] { WriteWholeFile(folder.Path(std::string("a\0b", 3)), "x"); }), 52);
+    EXPECT_EQ(folder.Entries(), 2U);
+    EXPECT_EQ(folder.Get("file"), "old");
+}
+
+TEST(WriteWholeFile, FileThatTheUserMayNotWriteIsAnAccessErrorThoughItsFolderWouldAllowTheRename) {
+    const TemporaryFolder folder;
+    const std::string a = folder.Put("a", "old");
+    chmod(a.c_str(), 0444);
+    EXPECT_EQ(FaultAsOrdinaryUser([&] { WriteWholeFile(a, "new"); }), 75);
+    EXPECT_EQ(folder.Get("a"), "old");
+    EXPECT_EQ(folder.Entries(), 1U);
+}
+
+TEST(WriteWholeFile, FolderThatTheUserMayNotWriteIsAnAccessErrorAndTheOldFileStaysWhole) {
+    const TemporaryFolder folder;
+    const std::string a = folder.Put("a", "old");
+    chmod(a.c_str(), 0666);
+    chmod(folder.Path().c_str(), 0555);
+    EXPECT_EQ(FaultAsOrdinaryUser([&] { WriteWholeFile(a, "new"); }), 75);
+    EXPECT_EQ(FaultAsOrdinaryUser([&] { WriteWholeFile(folder.Path("b"), "new"); }), 75);
+    chmod(folder.Path().c_str(), 0777);
+    EXPECT_EQ(folder.Get("a"), "old");
+    EXPECT_EQ(folder.Entries(), 1U);
+}
+
+TEST(WriteWholeFile, FullDiskLeavesTheOldFileWholeAndNoTemporaryOne) {
+    const TemporaryFolder folder;
+    const std::string old(5000, 'o');
+    const std::string a = folder.Put("a", old);
+    EXPECT_EQ(FaultWithFilesLimitedTo(10000, [&] { WriteWholeFile(a, std::string(10001, 'n')); }), 61);
+    EXPECT_EQ(folder.Get("a"), old);
+    EXPECT_EQ(folder.Entries(), 1U);
+    EXPECT_EQ(FaultWithFilesLimitedTo(10000, [&] { WriteWholeFile(folder.Path("b"), std::string(100000, 'n')); }), 61);
+    EXPECT_EQ(folder.Entries(), 1U);
+    EXPECT_EQ(FaultWithFilesLimitedTo(10000, [&] { WriteWholeFile(a, std::string(10000, 'n')); }), 0);
+    EXPECT_EQ(folder.Get("a"), std::string(10000, 'n'));
+}
+
+TEST(WriteWholeFile, DeviceIsWrittenAndNotReplacedByAFile) {
+    EXPECT_EQ(FaultOf([] { WriteWholeFile("/dev/full", "x"); }), 61);
+    WriteWholeFile("/dev/null", "x");
+    EXPECT_TRUE(fs::is_character_file("/dev/full"));
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(WriteWholeFile, LinkToADeviceIsFollowed) {
+    const TemporaryFolder folder;
+    fs::create_symlink("/dev/full", folder.Path("full"));
+    EXPECT_EQ(FaultOf([&] { WriteWholeFile(folder.Path("full"), "x"); }), 61);
+    EXPECT_TRUE(fs::is_character_file("/dev/full"));
+    EXPECT_TRUE(fs::is_symlink(folder.Path("full")));
+}
+
+TEST(WriteWholeFile, PipeThatNobodyReadsIsAnAccessErrorAndNotWaitedFor) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0666), 0);
+    EXPECT_EQ(FaultOf([&] { WriteWholeFile(folder.Path("pipe"), "x"); }), 75);
+}
+
+TEST(WriteWholeFile, LeftOverTemporaryFileOfAnotherRunIsNoHindrance) {
+    const TemporaryFolder folder;
+    // The names that this process will try first.
+    const std::string stem = ".zirvo-" + std::to_string(getpid()) + "-";
+    for (int i = 1; i <= 50; ++i) {
+        folder.Put(stem + std::to_string(i) + ".tmp", "left over");
+    }
+    WriteWholeFile(folder.Path("a"), "new");
+    EXPECT_EQ(folder.Get("a"), "new");
+    EXPECT_EQ(folder.Get(stem + "1.tmp"), "left over");
+    EXPECT_EQ(folder.Entries(), 51U);
+}
+
+}  // namespace
+}  // namespace zirvo
