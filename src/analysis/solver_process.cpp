@@ -1,0 +1,86 @@
+// The control file and the hidden process of a solver, see solver_process.h.
+#include "analysis/solver_process.h"
+
+#include "analysis/pavement_blocks.h"
+#include "platform/code_page.h"
+#include "shell/catalogue.h"
+#include "shell/number_text.h"
+
+namespace zirvo {
+
+namespace {
+
+int StartOrZero(ProcessService& process, const std::string& program, StartFailure startFailure) {
+    try {
+        return process.StartHidden(program);
+    } catch (const RuntimeFault&) {
+        if (startFailure == StartFailure::Fault) {
+            throw;
+        }
+        return 0;
+    }
+}
+
+/// A handle that is closed on every way out.
+class OpenProcess {
+public:
+    OpenProcess(ProcessService& process, std::intptr_t handle) : process_(process), handle_(handle) {}
+    ~OpenProcess() { process_.Close(handle_); }
+    OpenProcess(const OpenProcess&) = delete;
+    OpenProcess& operator=(const OpenProcess&) = delete;
+
+    void Wait() { process_.Wait(handle_); }
+
+private:
+    ProcessService& process_;
+    std::intptr_t handle_;
+};
+
+void Call(const std::function<void()>& callback) {
+    if (callback) {
+        callback();
+    }
+}
+
+}  // namespace
+
+Int16 LanguageNumberOf(Int16 languageBase) {
+    if (languageBase == JapaneseBase) {
+        return 1;
+    }
+    return languageBase == EnglishBase ? 2 : 0;
+}
+
+std::string ControlFileBytes(Int16 language, UnitSystem unitSystem, std::string_view nameHeading,
+                             std::string_view inputFileName) {
+    if (inputFileName.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos) {
+        throw RuntimeFault(fault::BadFileName);
+    }
+    std::string out;
+    AppendLine(out, "LANGUAGE PREFERENCE");
+    AppendLine(out, PrintedInteger(language));
+    AppendLine(out, "");
+    AppendLine(out, "INPUT/OUTPUT UNITS OF MEASUREMENT");
+    AppendLine(out, PrintedInteger(static_cast<Int16>(unitSystem)));
+    AppendLine(out, "");
+    AppendLine(out, nameHeading);
+    AppendLine(out, EncodeName(inputFileName));
+    return out;
+}
+
+void RunHidden(ProcessService& process, const std::string& program, StartFailure startFailure,
+               const ProcessCallbacks& callbacks) {
+    const int identifier = StartOrZero(process, program, startFailure);
+    if (identifier == 0) {
+        return;
+    }
+    const std::intptr_t handle = process.Open(identifier);
+    if (handle != 0) {
+        OpenProcess open(process, handle);
+        Call(callbacks.HandleObtained);
+        open.Wait();
+    }
+    Call(callbacks.WaitOver);
+}
+
+}  // namespace zirvo
