@@ -9,7 +9,7 @@ namespace zirvo::solver {
 namespace {
 
 constexpr double BandRatio = 1.3;       // of the effective depths in one chunk
-constexpr double CellShare = 0.6;       // width of a cell in z over its smallest effective depth
+constexpr double DepthCellShare = 0.6;  // width of a cell in z over its smallest effective depth
 constexpr std::size_t WorthNodes = 20;  // distinct depths in a cell from which on its nodes are cheaper
 
 /// A distinct depth and its points.
@@ -76,7 +76,7 @@ std::vector<Distinct> TakeCells(const Problem& problem, const std::vector<std::s
                                 const std::vector<Distinct>& distinct, std::vector<DepthChunk>& chunks) {
     std::vector<Distinct> rest;
     for (std::size_t i = 0; i < distinct.size();) {
-        const double share = distinct[i].Layer == 0 ? CellShare / (1 + CellShare) : CellShare;
+        const double share = distinct[i].Layer == 0 ? DepthCellShare / (1 + DepthCellShare) : DepthCellShare;
         const double end = distinct[i].Z + share * distinct[i].Effective;
         std::size_t last = i;
         while (last < distinct.size() && distinct[last].Layer == distinct[i].Layer && distinct[last].Z <= end) {
@@ -101,6 +101,23 @@ std::vector<double> LayerTopsOf(const Problem& problem) {
         tops.push_back(tops.back() + problem.Layers[i].Thickness);
     }
     return tops;
+}
+
+std::vector<DepthChunk> WithoutNodes(const Problem& problem, const DepthChunk& chunk, std::size_t mostSources) {
+    std::vector<DepthChunk> chunks((chunk.Depths.size() + mostSources - 1) / mostSources);
+    for (std::size_t i = 0; i < chunk.Depths.size(); ++i) {
+        const PointDepth& depth = chunk.Depths[i];
+        DepthChunk& part = chunks[i / mostSources];
+        part.Depths.push_back({depth.Layer, depth.Z, static_cast<int>(part.Sources.size()), {}});
+        part.Sources.push_back(
+            {depth.Layer, depth.Z, EffectiveDepth(depth.Layer, depth.Z, problem.Layers[0].Thickness)});
+    }
+    for (ChunkPoint point : chunk.Points) {
+        const auto depth = static_cast<std::size_t>(point.Depth);
+        point.Depth = static_cast<int>(depth % mostSources);
+        chunks[depth / mostSources].Points.push_back(point);
+    }
+    return chunks;
 }
 
 std::vector<DepthChunk> PlanDepths(const Problem& problem, std::size_t mostSources) {

@@ -46,6 +46,10 @@ struct DepthChunk {
 /// Tops of the layers [cm]; entry Count is the sum of all thicknesses but the last layer's.
 std::vector<double> LayerTopsOf(const Problem& problem);
 
+/// The depths of a chunk on Chebyshev nodes, taken as they are: for the case that interpolation in z is not good
+/// enough.
+std::vector<DepthChunk> WithoutNodes(const Problem& problem, const DepthChunk& chunk, std::size_t mostSources);
+
 /// All points, in chunks of work. A chunk has at most `mostSources` sources.
 std::vector<DepthChunk> PlanDepths(const Problem& problem, std::size_t mostSources);
 

@@ -81,6 +81,10 @@ struct HalfSpaceIntegrals {
     double I[4][3];  ///< [n][k + 1]
 };
 
+/// Rows are padded to this many where they stand side by side: of vertical loads alone, and of both.
+inline constexpr int VerticalStride = 8;
+inline constexpr int RowStride = 16;
+
 struct Engine {
     const char* Name;
 
@@ -91,6 +95,10 @@ struct Engine {
     void (*Kernels)(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
                     int depthCount, bool vertical, bool horizontal, int& deepest, double* out);
 
+    /// out = raw * factor for one row of kernels. Gives the sum and adds to the maximum of |raw| * size.
+    void (*Weigh)(const double* raw, const double* factor, const double* size, int nodes, double* out, double& sum,
+                  double& peak);
+
     /// J0..J3 of xi * r: out[order][(tile * NodeBlock + node) * TileWidth + lane]; null orders are left out.
     void (*Bessel)(const BesselTable& table, const double* xi, int nodes, const double* radii, int tiles,
                    double* const out[4]);
@@ -100,6 +108,10 @@ struct Engine {
     /// Bessel rows.
     void (*Accumulate)(const double* kernels, int depthCount, int nodes, const double* const bessel[4], int firstTile,
                        int tiles, int firstRow, int lastRow, double* total, double* difference);
+
+    /// rows[stride] += sum over columns of weight * block[column][stride]; an even number of columns, or one.
+    /// @param stride  VerticalStride or RowStride
+    void (*Interpolate)(const double* block, const double* weights, int columns, int stride, double* rows);
 
     /// The twelve integrals of a circle of radius a at (r, z), z > 0 or r != a.
     void (*HalfSpace)(const AngleTable& table, double a, double r, double z, HalfSpaceIntegrals& out);

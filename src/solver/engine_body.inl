@@ -22,5 +22,5 @@ namespace {
 }  // namespace
 
 extern const Engine TheEngine;
-const Engine TheEngine = {ZIRVO_ENGINE_NAME, Kernels, Bessel, Accumulate, HalfSpace};
+const Engine TheEngine = {ZIRVO_ENGINE_NAME, Kernels, Weigh, Bessel, Accumulate, Interpolate, HalfSpace};
 }  // namespace zirvo::solver::ZIRVO_ENGINE

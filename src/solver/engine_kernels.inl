@@ -32,10 +32,10 @@ inline Compliance HalfSpaceCompliance(double m2, double nu) {
 /// Takes the compliance below a layer's bottom interface (spring included) to the layer's top, storing the layer's
 /// state.
 inline Compliance ThroughLayer(const Compliance& below, double m2, double nu, Vec q, LayerState& s) {
+    const double inverseM2 = 1 / m2;
     const double k1 = 2 * (1 - nu);
     const double k2 = 1 - 2 * nu;
     const Vec cuu = below.UU * m2, cuw = below.UW * m2, cww = below.WW * m2;
-    s.E = ExpMinus(q);
     const Vec e2 = s.E * s.E;
     const Vec m00 = 1.0 - cuu - cuw, m01 = cuu - k1, m10 = 1.0 - cuw - cww, m11 = cuw + k2;
     const Vec n00 = 1.0 + cuu - cuw, n01 = q - k1 - cuu * (1.0 - q) - cuw * q;
@@ -55,12 +55,16 @@ inline Compliance ThroughLayer(const Compliance& below, double m2, double nu, Ve
     const Vec d00 = e2 * (s.R00 + (q - k1) * s.R10) + 1.0, d01 = e2 * (s.R01 + (q - k1) * s.R11) - k1;
     const Vec d10 = e2 * (s.R00 + (q + k2) * s.R10) - 1.0, d11 = e2 * (s.R01 + (q + k2) * s.R11) - k2;
     const Vec c = below.VV * (0.5 * m2);
-    s.Rho = -(1.0 + c) / (1.0 - c);
-    s.InverseG = 1.0 / (e2 * s.Rho - 1.0);  // times 1 / mu
+    // rho = -(1 + c) / (1 - c) and 1 / (e2 rho - 1), which is mu / g, over one denominator.
+    const Vec more = 1.0 + c, less = 1.0 - c;
+    const Vec sum = more * e2 + less;
+    const Vec both = -1.0 / (less * sum);
+    s.Rho = more * sum * both;
+    s.InverseG = less * less * both;
     // C is symmetric (reciprocity): the mean of the two off-diagonal values keeps rounding from tilting it.
     const Vec uw = 0.5 * (d00 * s.Gi01 + d01 * s.Gi11 + d10 * s.Gi00 + d11 * s.Gi10);
-    return {(d00 * s.Gi00 + d01 * s.Gi10) / m2, uw / m2, (d10 * s.Gi01 + d11 * s.Gi11) / m2,
-            (e2 * s.Rho + 1.0) * s.InverseG / (0.5 * m2)};
+    return {(d00 * s.Gi00 + d01 * s.Gi10) * inverseM2, uw * inverseM2, (d10 * s.Gi01 + d11 * s.Gi11) * inverseM2,
+            (e2 * s.Rho + 1.0) * s.InverseG * (2 * inverseM2)};
 }
 
 /// Traction over the layer's m2 at its top, going down.
@@ -108,7 +112,7 @@ inline FieldValues FieldAt(const Amplitudes& a, double nu, Vec xi, const KernelD
     const double k1 = 2 * (1 - nu);
     const double k2 = 1 - 2 * nu;
     const Vec zeta = xi * depth.FromTop;
-    const Vec down = ExpMinus(zeta);
+    const Vec down = depth.FromTop == 0 ? All(1.0) : ExpMinus(zeta);
     const Vec a1 = a.A1 * down, a2 = a.A2 * down;
     FieldValues f;
     f.U = a1 + a2 * (zeta - k1);
@@ -119,7 +123,7 @@ inline FieldValues FieldAt(const Amplitudes& a, double nu, Vec xi, const KernelD
     f.Q = -f.V;
     if (!last) {
         const Vec eta = xi * depth.FromBottom;
-        const Vec up = ExpMinus(eta);
+        const Vec up = depth.FromBottom == 0 ? All(1.0) : ExpMinus(eta);
         const Vec b1 = a.B1 * up, b2 = a.B2 * up, b = a.Bs * up;
         f.U += b1 + b2 * (eta - k1);
         f.W += b1 + b2 * (eta + k2);
@@ -234,6 +238,9 @@ void Kernels(const LayeredSystem& system, double radius, const double* xi, int n
             const Vec spring = x * (system.Spring[i] * radius);
             c.UU -= spring;
             c.VV -= spring;
+            // Many layers of one thickness share their exponential, the dearest part of a layer.
+            const bool same = i + 1 < bottom && system.Thickness[i] == system.Thickness[i + 1];
+            states[i].E = same ? states[i + 1].E : ExpMinus(x * system.Thickness[i]);
             c = ThroughLayer(c, system.M2[i], system.Nu[i], x * system.Thickness[i], states[i]);
         }
         int reach = 0;

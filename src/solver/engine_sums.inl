@@ -1,6 +1,23 @@
 // The sums over wavenumbers: kernels times Bessel functions, a matrix product in blocks that stay in registers. Even
 // and odd nodes are summed apart: their difference is the error of the rule with half the nodes.
 
+void Weigh(const double* raw, const double* factor, const double* size, int nodes, double* out, double& sum,
+           double& peak) {
+    Vec all = All(0), largest = All(0);
+    for (int node = 0; node < nodes; node += ZIRVO_LANES) {
+        const Vec kernel = Load(raw + node);
+        Store(out + node, kernel * Load(factor + node));
+        const Vec signedSize = kernel * Load(size + node);
+        const Vec magnitude = Choose(signedSize < 0.0, -signedSize, signedSize);
+        all += magnitude;
+        largest = Choose(largest < magnitude, magnitude, largest);
+    }
+    for (int i = 0; i < ZIRVO_LANES; ++i) {
+        sum += all[i];
+        peak = largest[i] > peak ? largest[i] : peak;
+    }
+}
+
 /// DEPTHS rows of kernels against one tile of radii.
 template <int DEPTHS>
 inline void AccumulateBlock(const double* kernels, int nodes, const double* bessel, double* total, double* difference,
@@ -61,5 +78,34 @@ void Accumulate(const double* kernels, int depthCount, int nodes, const double* 
                                    difference + start + d * columns, columns);
             }
         }
+    }
+}
+
+/// ROWS rows of a block of columns; two columns at a time, since each sum waits for the one before it.
+template <int ROWS>
+inline void InterpolateRows(const double* block, const double* weights, int columns, double* rows) {
+    constexpr int Width = ROWS / ZIRVO_LANES;
+    Vec sums[2][Width];
+    for (int w = 0; w < Width; ++w) {
+        sums[0][w] = Load(rows + w * ZIRVO_LANES) + weights[0] * Load(block + w * ZIRVO_LANES);
+        sums[1][w] = columns > 1 ? weights[1] * Load(block + ROWS + w * ZIRVO_LANES) : All(0);
+    }
+    for (int column = 2; column < columns; column += 2) {
+        for (int w = 0; w < Width; ++w) {
+            const double* two = block + column * ROWS + w * ZIRVO_LANES;
+            sums[0][w] += weights[column] * Load(two);
+            sums[1][w] += weights[column + 1] * Load(two + ROWS);
+        }
+    }
+    for (int w = 0; w < Width; ++w) {
+        Store(rows + w * ZIRVO_LANES, sums[0][w] + sums[1][w]);
+    }
+}
+
+void Interpolate(const double* block, const double* weights, int columns, int stride, double* rows) {
+    if (stride == RowStride) {
+        InterpolateRows<RowStride>(block, weights, columns, rows);
+    } else {
+        InterpolateRows<VerticalStride>(block, weights, columns, rows);
     }
 }

@@ -18,8 +18,9 @@ constexpr int ExtraNodes = 64;         // block beyond the expected end
 constexpr long MostNodes = 400000;     // of one level
 constexpr int MostRefinements = 2;
 constexpr double Rounding = 2e-16;      // of the sum of magnitudes
-constexpr double AbsoluteGoal = 3e-14;  // error that needs no refinement, in units of the load
-constexpr double RelativeGoal = 1e-10;  // or as a share of the value
+constexpr double AbsoluteGoal = 1e-14;  // error that needs no refinement, in units of the load
+constexpr double RelativeGoal = 5e-11;  // or as a share of the value
+constexpr double TailShare = 0.25;      // of the last two Chebyshev coefficients: what follows them at most
 constexpr double PiValue = 3.14159265358979323846;
 
 /// Size of J1(x) without its oscillation.
@@ -178,7 +179,8 @@ void LevelSum::PlaceColumns() {
             sum.Tiles = static_cast<int>((radii_.size() - first) / TileWidth);
         }
         blocks[g].Columns = static_cast<std::size_t>(sum.Tiles) * TileWidth;
-        blocks[g].Rows.assign(static_cast<std::size_t>(sources_) * blocks[g].Columns * RowStride, 0);
+        blocks[g].Rows.assign(
+            static_cast<std::size_t>(sources_) * blocks[g].Columns * static_cast<std::size_t>(table_.strides_[g]), 0);
         loadRadii_.push_back(groups_[g].Radius);
     }
     while (loadRadii_.size() % TileWidth != 0) {
@@ -271,21 +273,12 @@ void LevelSum::Weigh(std::size_t g, const double* weight, int nodes) {
             const int index = d * RowCount + row;
             const double* raw = raw_.data() + static_cast<std::ptrdiff_t>(index) * NodeBlock;
             double* out = weighted_.data() + static_cast<std::ptrdiff_t>(index) * NodeBlock;
-            double all = 0;
-            double peak = 0;
+            const auto place = static_cast<std::size_t>(index);
+            engine_.Weigh(raw, factor, size, nodes, out, sum.Magnitude[place], sum.Peak[place]);
             double tail = 0;
-            for (int k = 0; k < nodes; ++k) {
-                out[k] = raw[k] * factor[k];
-                const double magnitude = std::fabs(raw[k]) * size[k];
-                all += magnitude;
-                peak = magnitude > peak ? magnitude : peak;
-            }
             for (int k = std::max(0, nodes - TailNodes); k < nodes; ++k) {
                 tail = std::max(tail, std::fabs(raw[k]) * size[k]);
             }
-            const auto place = static_cast<std::size_t>(index);
-            sum.Magnitude[place] += all;
-            sum.Peak[place] = std::max(sum.Peak[place], peak);
             sum.Tail[place] = tail;
         }
     }
@@ -318,12 +311,13 @@ bool LevelSum::Finish() {
     for (std::size_t g = 0; g < groups_.size(); ++g) {
         const GroupSum& sum = sums_[g];
         SumTable::Block& block = table_.blocks_[levelIndex_][g];
+        const auto stride = static_cast<std::size_t>(table_.strides_[g]);
         for (int row = RowsFrom(groups_[g]); row < RowsTo(groups_[g]); ++row) {
             for (std::size_t d = 0; d < static_cast<std::size_t>(sources_); ++d) {
                 const double* from = sum.Total.data() + (static_cast<std::size_t>(row * sources_) + d) * block.Columns;
-                double* to = block.Rows.data() + d * block.Columns * RowStride + static_cast<std::size_t>(row);
+                double* to = block.Rows.data() + d * block.Columns * stride + static_cast<std::size_t>(row);
                 for (std::size_t c = 0; c < block.Columns; ++c) {
-                    to[c * RowStride] = from[c];
+                    to[c * stride] = from[c];
                 }
             }
         }
@@ -353,6 +347,7 @@ bool LevelSum::FinishItem(std::size_t g, std::size_t item) {
         SumErrors errors;
         double ruleError[2][2] = {};
         double value[2][2] = {};
+        double interpolationError[2][2] = {};
         for (int row = RowsFrom(groups_[g]); row < RowsTo(groups_[g]); ++row) {
             const int load = row < VerticalRows ? 0 : 1;
             const int kind = RowIsDisplacement[row] ? 1 : 0;
@@ -375,17 +370,20 @@ bool LevelSum::FinishItem(std::size_t g, std::size_t item) {
             ruleError[load][kind] = std::max(ruleError[load][kind], half * half / unit);
             value[load][kind] = std::max(value[load][kind], largest);
             const double ended = sum.Tail[place] / -std::expm1(-step * chunk_.Sources[d].Effective);
+            const double interpolation = (std::fabs(high[0]) + std::fabs(high[1])) * TailShare;
+            interpolationError[load][kind] = std::max(interpolationError[load][kind], interpolation);
             double& error = kind == 1 ? errors.Displacement[static_cast<std::size_t>(load)]
                                       : errors.Strain[static_cast<std::size_t>(load)];
-            error = std::max(error,
-                             (std::fabs(high[0]) + std::fabs(high[1])) / 7 + Rounding * sum.Magnitude[place] + ended);
+            error = std::max(error, interpolation + Rounding * sum.Magnitude[place] + ended);
         }
         for (std::size_t load = 0; load < 2; ++load) {
             errors.Strain[load] += ruleError[load][0];
             errors.Displacement[load] += ruleError[load][1];
             for (std::size_t kind = 0; kind < 2; ++kind) {
                 const double unit = kind == 1 ? radius / m2 : 1 / m2;
-                good = good && ruleError[load][kind] <= std::max(AbsoluteGoal * unit, RelativeGoal * value[load][kind]);
+                const double goal = std::max(AbsoluteGoal * unit, RelativeGoal * value[load][kind]);
+                good = good && ruleError[load][kind] <= goal;
+                table_.smooth_ = table_.smooth_ && interpolationError[load][kind] <= goal;
             }
         }
         table_.errors_[(g * table_.items_.size() + item) * table_.sources_ + d] = errors;
@@ -402,6 +400,7 @@ SumTable::SumTable(const LayerTable& layers, const std::vector<LoadGroup>& group
     for (const LoadGroup& group : groups) {
         edges.push_back(group.Radius);
         horizontal = horizontal || group.Horizontal;
+        strides_.push_back(group.Horizontal ? RowStride : VerticalStride);
     }
     double ze = chunk.Sources.front().Effective;
     for (const SourceDepth& source : chunk.Sources) {
@@ -427,7 +426,36 @@ SumTable::SumTable(const LayerTable& layers, const std::vector<LoadGroup>& group
 const double* SumTable::Rows(std::size_t group, std::size_t item, std::size_t source) const {
     const Place& place = places_[item];
     const Block& block = blocks_[place.Level][group];
-    return block.Rows.data() + (source * block.Columns + place.Column) * RowStride;
+    return block.Rows.data() + (source * block.Columns + place.Column) * static_cast<std::size_t>(strides_[group]);
+}
+
+SumErrors SumTable::DepthErrors(std::size_t group, std::size_t item) const {
+    SumErrors errors;
+    const auto stride = static_cast<std::size_t>(Stride(group));
+    const std::size_t numbers = (items_[item].Group < 0 ? ChebyshevCount : 1) * stride;
+    for (std::size_t i = 0; i < numbers; ++i) {
+        double high[2] = {};
+        for (std::size_t source = 0; source < ChebyshevCount; ++source) {
+            // Sources run from the top down, the nodes of the table from high to low.
+            const double value = Rows(group, item, ChebyshevCount - 1 - source)[i];
+            high[0] += ChebyshevTail()[0][source] * value;
+            high[1] += ChebyshevTail()[1][source] * value;
+        }
+        const std::size_t row = i % stride;
+        if (row < RowCount) {
+            const std::size_t load = row < VerticalRows ? 0 : 1;
+            double& error = RowIsDisplacement[row] ? errors.Displacement[load] : errors.Strain[load];
+            error = std::max(error, (std::fabs(high[0]) + std::fabs(high[1])) * TailShare);
+        }
+    }
+    for (std::size_t source = 0; source < sources_; ++source) {
+        const SumErrors& at = Errors(group, item, source);
+        for (std::size_t load = 0; load < 2; ++load) {
+            errors.Displacement[load] = std::max(errors.Displacement[load], at.Displacement[load]);
+            errors.Strain[load] = std::max(errors.Strain[load], at.Strain[load]);
+        }
+    }
+    return errors;
 }
 
 const SumErrors& SumTable::Errors(std::size_t group, std::size_t item, std::size_t source) const {

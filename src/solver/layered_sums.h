@@ -48,9 +48,6 @@ struct SumErrors {
     std::array<double, 2> Strain{};
 };
 
-/// Rows are padded to this many for the vector loops.
-inline constexpr int RowStride = 16;
-
 class SumTable {
 public:
     /// Sums for all items at the chunk's sources. One of the items' Group is -1 for all or for none.
@@ -59,10 +56,19 @@ public:
 
     const std::vector<RadiusItem>& Items() const { return items_; }
 
-    /// Rows of the sums: [column][RowStride], ChebyshevCount columns in a cell (from its High to its Low), 1 otherwise.
+    /// Rows of the sums: [column][Stride(group)], ChebyshevCount columns in a cell (from its High to its Low), 1
+    /// otherwise.
     const double* Rows(std::size_t group, std::size_t item, std::size_t source) const;
+    int Stride(std::size_t group) const { return strides_[group]; }
 
     const SumErrors& Errors(std::size_t group, std::size_t item, std::size_t source) const;
+
+    /// The same for a chunk on Chebyshev nodes in z, at any depth between them: interpolation in z included.
+    SumErrors DepthErrors(std::size_t group, std::size_t item) const;
+
+    /// False where interpolation in r misses its goal: the cells want to be narrower. Slip can bring the singularities
+    /// nearer than the depth tells.
+    bool Smooth() const { return smooth_; }
 
 private:
     friend class LevelSum;
@@ -77,7 +83,9 @@ private:
     std::vector<Place> places_;
     std::vector<std::vector<Block>> blocks_;  // [level][group]
     std::vector<SumErrors> errors_;           // [group][item][source]
+    std::vector<int> strides_;                // [group]
     std::size_t sources_ = 0;
+    bool smooth_ = true;
 };
 
 }  // namespace zirvo::solver

@@ -11,7 +11,6 @@ namespace zirvo::solver {
 
 namespace {
 
-constexpr double CellWidth = 0.6;    // of the distance of the singularities: interpolation good to 3E-13
 constexpr double KernelRange = 42;   // xi * ze at which a kernel without slip has ended
 constexpr double WindowRange = 144;  // xi * gap at which a windowed sum has ended
 
@@ -28,13 +27,13 @@ double Distance(double low, double high, std::span<const double> edges) {
     return distance;
 }
 
-/// The widest cell from low on that is no wider than CellWidth times the distance of its singularities.
-double WidestCell(double low, std::span<const double> edges, double ze) {
-    double narrow = CellWidth * ze;
-    double wide = CellWidth * std::hypot(ze, Distance(low, low, edges));
+/// The widest cell from low on that is no wider than `share` of the distance of its singularities.
+double WidestCell(double low, std::span<const double> edges, double ze, double share) {
+    double narrow = share * ze;
+    double wide = share * std::hypot(ze, Distance(low, low, edges));
     for (int i = 0; i < 12 && wide > 1.01 * narrow; ++i) {
         const double width = 0.5 * (narrow + wide);
-        if (width <= CellWidth * std::hypot(ze, Distance(low, low + width, edges))) {
+        if (width <= share * std::hypot(ze, Distance(low, low + width, edges))) {
             narrow = width;
         } else {
             wide = width;
@@ -54,13 +53,13 @@ WaveRange RangeOf(double reach, double gap, double ze, double thickness) {
 
 }  // namespace
 
-std::vector<RadiusItem> MakeCells(double low, double high, std::span<const double> edges, double ze) {
+std::vector<RadiusItem> MakeCells(double low, double high, std::span<const double> edges, double ze, double share) {
     std::vector<RadiusItem> cells;
     double from = low;
     for (;;) {
         RadiusItem cell;
         cell.Low = from;
-        cell.High = from + WidestCell(from, edges, ze);
+        cell.High = from + WidestCell(from, edges, ze, share);
         const bool last = cell.High >= high;
         if (last) {
             cell.High = std::max(high, from);

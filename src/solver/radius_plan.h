@@ -34,8 +34,14 @@ struct LevelCosts {
     double PerNodeAndColumn = 0;  ///< Bessel functions and sums of one radius
 };
 
-/// Cells that cover low..high for the load radii `edges` (ascending) and effective depth ze [cm].
-std::vector<RadiusItem> MakeCells(double low, double high, std::span<const double> edges, double ze);
+/// Width of a cell over the distance of the singularities, to begin with: interpolation good to 3E-13. Slip brings them
+/// nearer than the depth tells.
+inline constexpr double CellShare = 0.6;
+inline constexpr double SlipCellShare = 0.42;
+
+/// Cells that cover low..high for the load radii `edges` (ascending) and effective depth ze [cm], as wide as `share` of
+/// the distance of their singularities.
+std::vector<RadiusItem> MakeCells(double low, double high, std::span<const double> edges, double ze, double share);
 
 /// The cheapest split of the items into levels.
 /// @param ze  smallest effective depth [cm]; @param thickness  sum of the layers' thicknesses [cm]

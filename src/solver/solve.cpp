@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <exception>
+#include <mutex>
 #include <thread>
 
 #include "solver/depth_plan.h"
@@ -17,6 +19,8 @@ namespace zirvo::solver {
 namespace {
 
 constexpr std::size_t MostSources = 16;
+constexpr double NarrowestShare = 0.1;
+constexpr double DepthGoal = 1e-13;       // of interpolation in z, in units of the load
 constexpr double HalfSpaceError = 2e-14;  // of the closed form, as a share of a unit load
 
 /// What all chunks share, read only.
@@ -48,8 +52,9 @@ public:
     void Run();
 
 private:
-    std::vector<RadiusItem> ChooseItems();
+    std::vector<RadiusItem> ChooseItems(double share);
     std::size_t ItemOf(std::size_t group, double r) const;
+    bool GoodInDepth();
     void AddPlace(std::size_t first, std::size_t last);
     void AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t first,
                  std::size_t last);
@@ -60,14 +65,19 @@ private:
     const DepthChunk& chunk_;
     std::vector<SumTable> table_;  // none in one material
     bool cells_ = true;
+    int columns_ = ChebyshevCount;                 // of an item: 1 where radii are taken as they are
     std::vector<double> lows_;                     // of the cells, ascending
     std::vector<std::vector<double>> groupRadii_;  // of each group, ascending, where radii are taken as they are
     std::vector<std::size_t> groupFirst_;          // the group's first item there
+    std::vector<SumErrors> depthErrors_;           // [group][item], where the chunk stands on nodes in z
     std::vector<PointSums> sums_;                  // of the points of one place
 };
 
 /// The pairs' own radii where they are fewer than the nodes of the cells that would serve them.
-std::vector<RadiusItem> ChunkWork::ChooseItems() {
+std::vector<RadiusItem> ChunkWork::ChooseItems(double share) {
+    lows_.clear();
+    groupRadii_.clear();
+    groupFirst_.clear();
     double low = HUGE_VAL;
     double high = 0;
     double ze = HUGE_VAL;
@@ -93,7 +103,7 @@ std::vector<RadiusItem> ChunkWork::ChooseItems() {
     for (const SourceDepth& source : chunk_.Sources) {
         ze = std::min(ze, source.Effective);
     }
-    std::vector<RadiusItem> cells = MakeCells(low, high, edges, ze);
+    std::vector<RadiusItem> cells = MakeCells(low, high, edges, ze, share);
     std::size_t radii = 0;
     for (const auto& list : groupRadii_) {
         radii += list.size();
@@ -105,6 +115,7 @@ std::vector<RadiusItem> ChunkWork::ChooseItems() {
         }
         return cells;
     }
+    columns_ = 1;
     std::vector<RadiusItem> items;
     for (std::size_t g = 0; g < groupRadii_.size(); ++g) {
         groupFirst_.push_back(items.size());
@@ -127,7 +138,17 @@ std::size_t ChunkWork::ItemOf(std::size_t group, double r) const {
 
 void ChunkWork::Run() {
     if (work_.Layers.M2.size() > 1) {
-        table_.emplace_back(work_.Layers, work_.Groups, chunk_, ChooseItems(), work_.TheEngine);
+        for (double share = work_.Layers.Slips ? SlipCellShare : CellShare;
+             table_.empty() || (cells_ && !table_[0].Smooth() && share > NarrowestShare); share *= 0.5) {
+            table_.clear();
+            table_.emplace_back(work_.Layers, work_.Groups, chunk_, ChooseItems(share), work_.TheEngine);
+        }
+        if (chunk_.Depths.front().Source < 0 && !GoodInDepth()) {
+            for (const DepthChunk& part : WithoutNodes(work_.TheProblem, chunk_, MostSources)) {
+                ChunkWork(work_, part).Run();
+            }
+            return;
+        }
     }
     for (std::size_t first = 0; first < chunk_.Points.size();) {
         std::size_t last = first;
@@ -138,6 +159,28 @@ void ChunkWork::Run() {
         AddPlace(first, last);
         first = last;
     }
+}
+
+/// Errors of interpolation in z, into depthErrors_; true if they are small.
+bool ChunkWork::GoodInDepth() {
+    const SumTable& table = table_[0];
+    const double m2 = work_.Layers.M2[static_cast<std::size_t>(chunk_.Depths.front().Layer)];
+    bool good = true;
+    for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
+        for (std::size_t item = 0; item < table.Items().size(); ++item) {
+            const int owner = table.Items()[item].Group;
+            SumErrors errors;
+            if (owner < 0 || owner == static_cast<int>(g)) {
+                errors = table.DepthErrors(g, item);
+            }
+            for (std::size_t load = 0; load < 2; ++load) {
+                good = good && errors.Strain[load] * m2 <= DepthGoal &&
+                       errors.Displacement[load] * m2 <= DepthGoal * work_.Groups[g].Radius;
+            }
+            depthErrors_.push_back(errors);
+        }
+    }
+    return good;
 }
 
 /// All points of one place (X, Y): their loads, then their results.
@@ -159,7 +202,7 @@ void ChunkWork::AddPlace(std::size_t first, std::size_t last) {
 void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t first,
                         std::size_t last) {
     const double radius = work_.Groups[group].Radius;
-    std::array<double, ChebyshevCount> weights{};
+    std::array<double, ChebyshevCount> weights{1};
     std::size_t item = 0;
     if (!table_.empty()) {
         item = ItemOf(group, position.R);
@@ -180,7 +223,8 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
             errors = {};
             if (!table_.empty()) {
                 AddLayered(group, item, weights, depth, rows);
-                errors = table_[0].Errors(group, item, static_cast<std::size_t>(std::max(depth.Source, 0)));
+                errors = depth.Source >= 0 ? table_[0].Errors(group, item, static_cast<std::size_t>(depth.Source))
+                                           : depthErrors_[group * table_[0].Items().size() + item];
             }
             if (depth.Layer == 0) {
                 const auto own = HalfSpaceRows(work_.TheEngine, m2, work_.Layers.Nu[0], radius, position.R, depth.Z,
@@ -209,22 +253,18 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
 void ChunkWork::AddLayered(std::size_t group, std::size_t item, const std::array<double, ChebyshevCount>& weights,
                            const PointDepth& depth, double* rows) const {
     const SumTable& table = table_[0];
-    const std::size_t columns = cells_ ? ChebyshevCount : 1;
-    const auto add = [&](std::size_t source, double share) {
-        const double* from = table.Rows(group, item, source);
-        for (std::size_t column = 0; column < columns; ++column, from += RowStride) {
-            const double weight = share * (cells_ ? weights[column] : 1);
-            for (std::size_t row = 0; row < RowStride; ++row) {
-                rows[row] += weight * from[row];
-            }
-        }
-    };
+    const int stride = table.Stride(group);
     if (depth.Source >= 0) {
-        add(static_cast<std::size_t>(depth.Source), 1);
-    } else {
-        for (std::size_t source = 0; source < ChebyshevCount; ++source) {
-            add(source, depth.Weights[source]);
+        work_.TheEngine.Interpolate(table.Rows(group, item, static_cast<std::size_t>(depth.Source)), weights.data(),
+                                    columns_, stride, rows);
+        return;
+    }
+    for (std::size_t source = 0; source < ChebyshevCount; ++source) {
+        std::array<double, ChebyshevCount> both = weights;
+        for (double& weight : both) {
+            weight *= depth.Weights[source];
         }
+        work_.TheEngine.Interpolate(table.Rows(group, item, source), both.data(), columns_, stride, rows);
     }
 }
 
@@ -239,9 +279,16 @@ Solution Solve(const Problem& problem, const SolveOptions& options) {
     const auto chunks = PlanDepths(problem, MostSources);
 
     std::atomic<std::size_t> next{0};
+    std::exception_ptr failure;
+    std::mutex failureLock;
     const auto worker = [&] {
-        for (std::size_t i = next++; i < chunks.size(); i = next++) {
-            ChunkWork(work, chunks[i]).Run();
+        try {
+            for (std::size_t i = next++; i < chunks.size(); i = next++) {
+                ChunkWork(work, chunks[i]).Run();
+            }
+        } catch (...) {  // out of memory: told to the caller, on the caller's thread
+            const std::lock_guard lock(failureLock);
+            failure = std::current_exception();
         }
     };
     const unsigned machine = std::max(1U, std::thread::hardware_concurrency());
@@ -253,6 +300,9 @@ Solution Solve(const Problem& problem, const SolveOptions& options) {
     worker();
     for (std::thread& helper : helpers) {
         helper.join();
+    }
+    if (failure) {
+        std::rethrow_exception(failure);
     }
     for (const PointResult& point : solution.Points) {
         for (const double estimate : point.Estimates) {
