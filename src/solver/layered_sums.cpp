@@ -413,7 +413,7 @@ SumTable::SumTable(const LayerTable& layers, const std::vector<LoadGroup>& group
     const auto sources = static_cast<double>(sources_);
     LevelCosts costs;
     costs.PerNode =
-        kernelSets * (10 * static_cast<double>(std::min<std::size_t>(layers.M2.size(), 20)) + 8 * cases * sources);
+        kernelSets * (30 * static_cast<double>(std::min<std::size_t>(layers.M2.size(), 20)) + 8 * cases * sources);
     const double served = items_.front().Group < 0 ? static_cast<double>(groups.size()) : 1;
     costs.PerNodeAndColumn = 8 + 0.6 * cases * sources * served;
     const auto levels = SplitIntoLevels(items_, edges, ze, layers.TotalThickness, costs);
