@@ -1,6 +1,8 @@
 // Findings in words, see data_findings.h.
 #include "analysis/data_findings.h"
 
+#include <cmath>
+
 #include "shell/number_text.h"
 
 namespace zirvo {
@@ -78,7 +80,11 @@ std::string_view ReasonOf(Refusal refusal) {
 std::string DepthReasonOf(Refusal refusal, const InterestPoint& point, const LayerTops& tops, int layerCount) {
     const int layer = point.LayerNumber;
     const std::string layerText = std::to_string(layer);
-    const auto depthText = [&tops](int of) { return FormatNumberText(tops[static_cast<std::size_t>(of)]) + " cm"; };
+    const auto depthText = [&tops](int of) {
+        const double depth = tops[static_cast<std::size_t>(of)];
+        // Thicknesses of any size are let through, and their sum can leave the range of a double.
+        return std::isfinite(depth) ? FormatNumberText(depth) + " cm" : std::string("no depth that a number can hold");
+    };
     switch (refusal) {
         case Refusal::NoSuchLayer:
             return "names no layer: there are " + std::to_string(layerCount);

@@ -1,6 +1,7 @@
 // Reading the analysis input file: what passes, what is refused, in which order, and where the focus goes.
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <sstream>
 
 #include "analysis/analysis_input.h"
@@ -121,7 +122,7 @@ TEST(ReadAnalysisInput, ACommaBehindTheLastNumberOfARowBringsInOneEmptyField) {
 }
 
 TEST(ReadAnalysisInput, WhateverStandsBehindTheLastPointIsIgnored) {
-    EXPECT_EQ(Read(ExampleFile() + "1 2 3, \"x\r\n\0\xFF").Model, ExampleModel());
+    EXPECT_EQ(Read(ExampleFile() + "1 2 3, \"x\r\n" + std::string("\0\xFF", 2)).Model, ExampleModel());
 }
 
 TEST(ReadAnalysisInput, ALastNumberWithoutALineEndIsComplete) {
@@ -175,6 +176,13 @@ TEST(ReadAnalysisInput, ANameOfTheExtensionAlonePasses) {
     const AnalysisInputResult result = Read(Replaced(ExampleFile(), "Untitled.bre", ".bre"));
     ASSERT_TRUE(result.Passed());
     EXPECT_EQ(result.Model->ResultFileName, ".bre");
+}
+
+TEST(ReadAnalysisInput, ANameWithACommaIsNotReadBackAsItWasWritten) {
+    PavementModel model = ExampleModel();
+    model.ResultFileName = "a,b.bre";
+    ExpectRefused(WriteAnalysisInput(model, UnitSystem::KnToMPa, EnglishBase), Status::ReadFailed, false,
+                  "counts, LayerCount: is not a number of the kind that belongs here, or two numbers touch");
 }
 
 TEST(ReadAnalysisInput, NamesAreReadInTheCodePageAndAsUtf8WhereItCannotHoldThem) {
@@ -277,6 +285,20 @@ TEST(ReadAnalysisInput, ADepthBelowZeroHasNoTestOfItsOwn) {
     EXPECT_TRUE(Read(FileOf("1 1 1", LastLayer, Load, "1 0 0 -5E-11\r\n")).Passed());
     ExpectRefused(FileOf("1 1 1", LastLayer, Load, "1 0 0 -2E-10\r\n"), Status::PointInvalid, true,
                   "point 1, PointZ -0.0000000002: lies above the top of layer 1 at 0 cm");
+}
+
+TEST(ReadAnalysisInput, LayersWhoseDepthsLeaveTheRangeOfADoubleRefuseTheirPointsAndNothingElseFails) {
+    const std::string thick = "1000 0.35 1E308 0\r\n";
+    ExpectRefused(FileOf("4 1 1", Repeat(thick, 3) + LastLayer, Load, "4 0 0 5\r\n"), Status::PointInvalid, true,
+                  "point 1, PointZ 5: lies above the top of layer 4 at no depth that a number can hold");
+    EXPECT_TRUE(Read(FileOf("4 1 1", Repeat(thick, 3) + LastLayer, Load, "1 0 0 5\r\n")).Passed());
+}
+
+TEST(ReadAnalysisInput, NumbersBeyondADoubleAreTheLargestOne) {
+    const AnalysisInputResult result = Read(FileOf("1 1 1", "1E999 0.4\r\n", Load, "1 -1E999 0 1E999\r\n"));
+    ASSERT_TRUE(result.Passed()) << FindingText(result.Failure);
+    EXPECT_EQ(result.Model->Layers[1].Modulus, std::numeric_limits<double>::max());
+    EXPECT_EQ(result.Model->Points[1].PointX, -std::numeric_limits<double>::max());
 }
 
 TEST(ReadAnalysisInput, LayerNumberZeroIsAcceptedWhereTheDepthRuleLetsItPass) {

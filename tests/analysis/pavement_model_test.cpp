@@ -38,13 +38,6 @@ TEST(PavementModel, ASpanOfRowsBeginsWithRowZero) {
     EXPECT_EQ(FaultOf([&] { (void)model.Layers.UpTo(101); }), 9);
 }
 
-TEST(PavementModel, AMovedFromModelFaultsAndDoesNotReadFreedMemory) {
-    PavementModel model = test::ExampleModel();
-    const PavementModel taken = std::move(model);
-    EXPECT_EQ(taken.Layers[1].Modulus, 35000);
-    EXPECT_EQ(FaultOf([&] { (void)model.Layers[1]; }), 9);  // NOLINT(bugprone-use-after-move): that is the question
-}
-
 TEST(ComputeLayerTops, FirstTwoEntriesAreZeroAndEachFurtherOneAddsTheThicknessAbove) {
     std::vector<PavementLayer> layers(4);
     layers[0].Thickness = 1000;  // row 0 is no layer
