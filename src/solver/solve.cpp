@@ -238,6 +238,12 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
                 }
             }
         }
+        if (position.R == 0) {
+            // On the axis all Bessel functions but J0 vanish: no rounding noise in place of a zero.
+            for (std::size_t row = 0; row < RowCount; ++row) {
+                rows[row] = RowOrder[row] == 0 ? rows[row] : 0;
+            }
+        }
         PointSums& sums = sums_[i - first];
         AddRows(load, position, rows, sums);
         const double p = std::fabs(load.Pressure);

@@ -1,0 +1,6 @@
+// The engine loops with plain arrays in place of vector types.
+#define ZIRVO_PLAIN_VECTORS
+#define ZIRVO_ENGINE plain
+#define ZIRVO_ENGINE_NAME "plain"
+#define ZIRVO_LANES 4
+#include "solver/engine_body.inl"

@@ -1,0 +1,136 @@
+// The same answer whatever other points, loads, order, engines and threads stand behind it.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+
+#include "solver/layered_sums.h"
+#include "solver/problems.h"
+
+namespace zirvo::solver {
+namespace {
+
+/// Eight wheels of two radii, some braking.
+Problem Gear(double slip) {
+    Problem problem = ClassicRoad(slip);
+    for (int i = 0; i < 8; ++i) {
+        problem.Loads.push_back({245, i % 3 == 0 ? 13.0 : 11.0, -100.0 + 60 * (i % 4), -70.0 + 140 * (i / 4),
+                                 i % 2 == 0 ? 60.0 : 0.0, 25.0 * i});
+    }
+    return problem;
+}
+
+TEST(Sameness, APointAloneAgreesWithItselfAmongThousands) {
+    for (const double slip : {0.0, 0.7}) {
+        Problem problem = Gear(slip);
+        std::mt19937_64 random(99);
+        std::uniform_real_distribution<double> plane(-250, 250);
+        std::uniform_real_distribution<double> share(0, 1);
+        for (int i = 0; i < 3000; ++i) {
+            // A third at the surface, a third anywhere (so that depths lie close together), a third on a few depths.
+            const double z = i % 3 == 0 ? 0 : i % 3 == 1 ? 120 * share(random) : 15.0 * (i % 7);
+            problem.Points.push_back({z <= 15 ? 1 : z <= 45 ? 2 : 3, plane(random), plane(random), z});
+        }
+        const Solution all = Solve(problem, {2});
+        EXPECT_LT(all.LargestEstimate, PromisedError);
+        for (std::size_t i = 0; i < problem.Points.size(); i += 61) {
+            EXPECT_LT(Disagreement(problem, i, At(problem, problem.Points[i]), all.Points[i]), 1) << slip << ' ' << i;
+        }
+    }
+}
+
+TEST(Sameness, ManyDepthsInOneLayerAgreeWithEachAlone) {
+    for (const double slip : {0.0, 0.9}) {
+        Problem problem = Gear(slip);
+        for (int i = 0; i <= 400; ++i) {
+            const double z = 0.25 * i;
+            problem.Points.push_back({z <= 15 ? 1 : z <= 45 ? 2 : 3, 10, -60, z});
+        }
+        const Solution all = Solve(problem, {1});
+        for (std::size_t i = 0; i < problem.Points.size(); i += 7) {
+            EXPECT_LT(Disagreement(problem, i, At(problem, problem.Points[i]), all.Points[i]), 1) << slip << ' ' << i;
+        }
+    }
+}
+
+TEST(Sameness, ThreadsDoNotChangeABit) {
+    Problem problem = Gear(0.4);
+    for (int i = 0; i < 500; ++i) {
+        const double z = 1.7 * (i % 60);
+        problem.Points.push_back({z <= 15 ? 1 : z <= 45 ? 2 : 3, 3.0 * (i % 17), 4.0 * (i % 23), z});
+    }
+    const Solution one = Solve(problem, {1});
+    for (const int threads : {2, 3, 8}) {
+        const Solution more = Solve(problem, {threads});
+        for (std::size_t i = 0; i < problem.Points.size(); ++i) {
+            ASSERT_EQ(one.Points[i].Values, more.Points[i].Values) << threads;
+            ASSERT_EQ(one.Points[i].Estimates, more.Points[i].Estimates) << threads;
+        }
+    }
+}
+
+TEST(Sameness, OrderOfLoadsAndPointsDoesNotMatter) {
+    Problem problem = Gear(0.4);
+    for (int i = 0; i < 40; ++i) {
+        problem.Points.push_back({i % 2 == 0 ? 1 : 2, 3.0 * i, -5.0 * i, i % 2 == 0 ? 7.0 : 20.0});
+    }
+    Problem turned = problem;
+    std::reverse(turned.Loads.begin(), turned.Loads.end());
+    std::reverse(turned.Points.begin(), turned.Points.end());
+    const Solution a = Solve(problem, {1});
+    const Solution b = Solve(turned, {1});
+    for (std::size_t i = 0; i < problem.Points.size(); ++i) {
+        EXPECT_LT(Disagreement(problem, i, a.Points[i], b.Points[problem.Points.size() - 1 - i]), 1e-3);
+    }
+}
+
+TEST(Sameness, LoadsSuperpose) {
+    Problem problem = Gear(0.0);
+    const Point point{2, 12, 7, 30};
+    const PointResult all = At(problem, point);
+    PointResult sum;
+    for (const Load& load : problem.Loads) {
+        Problem one = problem;
+        one.Loads = {load};
+        const PointResult part = At(one, point);
+        for (std::size_t c = 0; c < ComponentCount; ++c) {
+            sum.Values[c] += part.Values[c];
+        }
+    }
+    problem.Points = {point};
+    EXPECT_LT(Disagreement(problem, 0, all, sum), 0.1);
+}
+
+/// Sums of one chunk by one engine.
+TEST(Sameness, EnginesAgreeToRounding) {
+    Problem problem = Gear(0.5);
+    problem.Points = {{1, 0, 0, 0}, {1, 0, 0, 15}, {2, 0, 0, 15}, {2, 0, 0, 30}};
+    const LayerTable layers(problem);
+    const auto groups = GroupLoads(problem);
+    const auto chunks = PlanDepths(problem, 16);
+    const std::vector<double> edges = {11, 13};
+    for (const DepthChunk& chunk : chunks) {
+        const auto items = MakeCells(0, 200, edges, chunk.Sources.front().Effective, CellShare);
+        const auto engines = AllEngines();
+        const SumTable first(layers, groups, chunk, items, *engines[0]);
+        for (const Engine* engine : engines) {
+            const SumTable other(layers, groups, chunk, items, *engine);
+            for (std::size_t g = 0; g < groups.size(); ++g) {
+                for (std::size_t item = 0; item < items.size(); ++item) {
+                    for (std::size_t d = 0; d < chunk.Sources.size(); ++d) {
+                        const auto stride = static_cast<std::size_t>(first.Stride(g));
+                        for (std::size_t i = 0; i < ChebyshevCount * stride; ++i) {
+                            const double m2 = layers.M2[static_cast<std::size_t>(chunk.Sources[d].Layer)];
+                            EXPECT_NEAR(first.Rows(g, item, d)[i] * m2, other.Rows(g, item, d)[i] * m2, 1e-11)
+                                << engine->Name;
+                        }
+                    }
+                }
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace zirvo::solver
