@@ -429,6 +429,32 @@ const double* SumTable::Rows(std::size_t group, std::size_t item, std::size_t so
     return block.Rows.data() + (source * block.Columns + place.Column) * static_cast<std::size_t>(strides_[group]);
 }
 
+void SumTable::InterpolateDepth(std::size_t group, const std::array<double, ChebyshevCount>& weights,
+                                std::vector<double>& rows) const {
+    rows.clear();
+    for (const auto& level : blocks_) {
+        const std::size_t numbers = level[group].Columns * static_cast<std::size_t>(strides_[group]);
+        const std::size_t first = rows.size();
+        rows.resize(first + numbers);
+        double* to = rows.data() + first;
+        for (std::size_t source = 0; source < ChebyshevCount; ++source) {
+            const double weight = weights[source];
+            const double* from = level[group].Rows.data() + source * numbers;
+            for (std::size_t i = 0; i < numbers; ++i) {
+                to[i] += weight * from[i];
+            }
+        }
+    }
+}
+
+const double* SumTable::RowsIn(const std::vector<double>& rows, std::size_t group, std::size_t item) const {
+    std::size_t column = places_[item].Column;
+    for (std::size_t level = 0; level < places_[item].Level; ++level) {
+        column += blocks_[level][group].Columns;
+    }
+    return rows.data() + column * static_cast<std::size_t>(strides_[group]);
+}
+
 SumErrors SumTable::DepthErrors(std::size_t group, std::size_t item) const {
     SumErrors errors;
     const auto stride = static_cast<std::size_t>(Stride(group));

@@ -66,6 +66,13 @@ public:
     /// The same for a chunk on Chebyshev nodes in z, at any depth between them: interpolation in z included.
     SumErrors DepthErrors(std::size_t group, std::size_t item) const;
 
+    /// All rows of a group at one depth between the Chebyshev nodes of the chunk, for `RowsIn`.
+    void InterpolateDepth(std::size_t group, const std::array<double, ChebyshevCount>& weights,
+                          std::vector<double>& rows) const;
+
+    /// Rows of an item in what InterpolateDepth gave; as Rows.
+    const double* RowsIn(const std::vector<double>& rows, std::size_t group, std::size_t item) const;
+
     /// False where interpolation in r misses its goal: the cells want to be narrower. Slip can bring the singularities
     /// nearer than the depth tells.
     bool Smooth() const { return smooth_; }

@@ -56,8 +56,8 @@ private:
     std::size_t ItemOf(std::size_t group, double r) const;
     bool GoodInDepth();
     void AddPlace(std::size_t first, std::size_t last);
-    void AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t first,
-                 std::size_t last);
+    void AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t sum,
+                 std::size_t first, std::size_t last);
     void AddLayered(std::size_t group, std::size_t item, const std::array<double, ChebyshevCount>& weights,
                     const PointDepth& depth, double* rows) const;
 
@@ -70,6 +70,7 @@ private:
     std::vector<std::vector<double>> groupRadii_;  // of each group, ascending, where radii are taken as they are
     std::vector<std::size_t> groupFirst_;          // the group's first item there
     std::vector<SumErrors> depthErrors_;           // [group][item], where the chunk stands on nodes in z
+    std::vector<double> depthRows_;                // a group's table at the depth at hand, or empty
     std::vector<PointSums> sums_;                  // of the points of one place
 };
 
@@ -187,8 +188,22 @@ bool ChunkWork::GoodInDepth() {
 void ChunkWork::AddPlace(std::size_t first, std::size_t last) {
     sums_.assign(last - first, PointSums{});
     for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
-        for (const GroupLoad& load : work_.Groups[g].Loads) {
-            AddPair(g, load, PositionFrom(load, chunk_.Points[first].X, chunk_.Points[first].Y), first, last);
+        // On nodes in z, one interpolation of the group's whole table serves all its loads where they outnumber its
+        // items.
+        const bool whole = !table_.empty() && chunk_.Depths.front().Source < 0 &&
+                           work_.Groups[g].Loads.size() > table_[0].Items().size();
+        const std::size_t step = whole ? 1 : last - first;
+        for (std::size_t i = first; i < last; i += step) {
+            if (whole) {
+                const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[i].Depth)];
+                table_[0].InterpolateDepth(g, depth.Weights, depthRows_);
+            } else {
+                depthRows_.clear();
+            }
+            for (const GroupLoad& load : work_.Groups[g].Loads) {
+                AddPair(g, load, PositionFrom(load, chunk_.Points[first].X, chunk_.Points[first].Y), i - first, i,
+                        i + step);
+            }
         }
     }
     for (std::size_t i = first; i < last; ++i) {
@@ -199,8 +214,9 @@ void ChunkWork::AddPlace(std::size_t first, std::size_t last) {
     }
 }
 
-void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t first,
-                        std::size_t last) {
+/// One load at points first .. last - 1 of one place, whose sums begin at `sum`.
+void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t sum,
+                        std::size_t first, std::size_t last) {
     const double radius = work_.Groups[group].Radius;
     std::array<double, ChebyshevCount> weights{1};
     std::size_t item = 0;
@@ -244,7 +260,7 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
                 rows[row] = RowOrder[row] == 0 ? rows[row] : 0;
             }
         }
-        PointSums& sums = sums_[i - first];
+        PointSums& sums = sums_[sum + i - first];
         AddRows(load, position, rows, sums);
         const double p = std::fabs(load.Pressure);
         const double h = std::fabs(load.Shear);
@@ -263,6 +279,10 @@ void ChunkWork::AddLayered(std::size_t group, std::size_t item, const std::array
     if (depth.Source >= 0) {
         work_.TheEngine.Interpolate(table.Rows(group, item, static_cast<std::size_t>(depth.Source)), weights.data(),
                                     columns_, stride, rows);
+        return;
+    }
+    if (!depthRows_.empty()) {
+        work_.TheEngine.Interpolate(table.RowsIn(depthRows_, group, item), weights.data(), columns_, stride, rows);
         return;
     }
     for (std::size_t source = 0; source < ChebyshevCount; ++source) {

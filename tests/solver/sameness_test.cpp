@@ -54,6 +54,23 @@ TEST(Sameness, ManyDepthsInOneLayerAgreeWithEachAlone) {
     }
 }
 
+// More loads of one radius than cells of radii: whole tables are interpolated in z.
+TEST(Sameness, ManyLoadsAtManyDepthsAgreeWithEachPointAlone) {
+    Problem problem = ClassicRoad(0.2);
+    for (int i = 0; i < 60; ++i) {
+        problem.Loads.push_back({245, 11, 31.0 * (i % 10), 27.0 * (i / 10), i % 4 == 0 ? 50.0 : 0.0, 10.0 * i});
+    }
+    for (int i = 0; i < 300; ++i) {
+        const double z = 0.3 * i;
+        problem.Points.push_back({z <= 15 ? 1 : z <= 45 ? 2 : 3, 1.5 * i, 0.7 * i, z});
+    }
+    const Solution all = Solve(problem, {1});
+    EXPECT_LT(all.LargestEstimate, PromisedError);
+    for (std::size_t i = 0; i < problem.Points.size(); i += 11) {
+        EXPECT_LT(Disagreement(problem, i, At(problem, problem.Points[i]), all.Points[i]), 1) << i;
+    }
+}
+
 TEST(Sameness, ThreadsDoNotChangeABit) {
     Problem problem = Gear(0.4);
     for (int i = 0; i < 500; ++i) {

@@ -1,0 +1,56 @@
+// How long does a solution take, and how does it grow with layers, loads, points and different depths? Solutions only:
+// no reading, no reports (those are timed as whole processes).
+#include <benchmark/benchmark.h>
+
+#include "works.h"
+
+namespace {
+
+using zirvo::solver::Problem;
+using zirvo::solver::Solve;
+
+void Run(benchmark::State& state, const Problem& problem, int threads) {
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(Solve(problem, {threads}));
+    }
+}
+
+void Road(benchmark::State& state) {
+    Run(state, zirvo::bench::RoadWork(), 1);
+}
+void DualWheels(benchmark::State& state) {
+    Run(state, zirvo::bench::DualWheelWork(), 1);
+}
+void Gear(benchmark::State& state) {
+    Run(state, zirvo::bench::GearWork(), 1);
+}
+void Limit(benchmark::State& state) {
+    Run(state, zirvo::bench::LimitWork(), static_cast<int>(state.range(0)));
+}
+void Layers(benchmark::State& state) {
+    Run(state, zirvo::bench::ScaledWork(static_cast<int>(state.range(0)), 4, 1000, 10, 0), 1);
+}
+void LayersWithSlip(benchmark::State& state) {
+    Run(state, zirvo::bench::ScaledWork(static_cast<int>(state.range(0)), 4, 1000, 10, 0.5), 1);
+}
+void Loads(benchmark::State& state) {
+    Run(state, zirvo::bench::ScaledWork(5, static_cast<int>(state.range(0)), 1000, 10, 0), 1);
+}
+void Points(benchmark::State& state) {
+    Run(state, zirvo::bench::ScaledWork(5, 4, static_cast<int>(state.range(0)), 10, 0), 1);
+}
+void Depths(benchmark::State& state) {
+    Run(state, zirvo::bench::ScaledWork(5, 4, 10000, static_cast<int>(state.range(0)), 0), 1);
+}
+
+BENCHMARK(Road)->Unit(benchmark::kMillisecond);
+BENCHMARK(DualWheels)->Unit(benchmark::kMillisecond);
+BENCHMARK(Gear)->Unit(benchmark::kMillisecond);
+BENCHMARK(Limit)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(Layers)->Arg(2)->Arg(5)->Arg(20)->Arg(100)->Unit(benchmark::kMillisecond);
+BENCHMARK(LayersWithSlip)->Arg(2)->Arg(5)->Arg(20)->Arg(100)->Unit(benchmark::kMillisecond);
+BENCHMARK(Loads)->Arg(1)->Arg(4)->Arg(20)->Arg(100)->Unit(benchmark::kMillisecond);
+BENCHMARK(Points)->Arg(10)->Arg(100)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Depths)->Arg(1)->Arg(10)->Arg(100)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+}  // namespace

@@ -1,0 +1,24 @@
+// The fixed works that the benchmarks take: pavements whose times can be compared from run to run.
+#pragma once
+#include "solver/problem.h"
+
+namespace zirvo::bench {
+
+/// (a) three layers, one wheel, 100 points: 20 places at 5 depths.
+solver::Problem RoadWork();
+
+/// (b) five layers, eight wheels, 1000 points: 100 places at 10 depths.
+solver::Problem DualWheelWork();
+
+/// (c) twenty layers, twenty wheels, 10000 points: 100 places at 100 depths.
+solver::Problem GearWork();
+
+/// The limit: 100 layers with slip below every third, 100 braking wheels of 20 radii, 10000 points: 100 places at 100
+/// depths.
+solver::Problem LimitWork();
+
+/// A pavement of `layers` layers, `loads` wheels and `points` points at `depths` depths; slip below every second layer
+/// if wanted. Places are scattered with a fixed seed.
+solver::Problem ScaledWork(int layers, int loads, int points, int depths, double slip);
+
+}  // namespace zirvo::bench
