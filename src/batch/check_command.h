@@ -1,0 +1,12 @@
+// `zirvo-batch check`: the rules of the data, row by row. Caller: main.
+#pragma once
+#include "batch/command_line.h"
+#include "batch/console.h"
+
+namespace zirvo::batch {
+
+/// Names on standard error every row and value that breaks a rule of the data screen, in English, or the place where
+/// the file cannot be read on; says on standard output what the file holds if there is none.
+ExitCode RunCheck(const CheckRequest& request, Console& console);
+
+}  // namespace zirvo::batch

@@ -1,0 +1,166 @@
+// The command line, see command_line.h.
+#include "batch/command_line.h"
+
+#include <algorithm>
+#include <charconv>
+#include <sstream>
+#include <string_view>
+
+#include <CLI/CLI.hpp>
+
+#include "shell/catalogue.h"
+#include "shell/version_stamp.h"
+#include "solver/io/report_names.h"
+
+namespace zirvo::batch {
+namespace {
+
+constexpr const char* FileHelp = "Analysis input file (.eva)";
+constexpr const char* UnitsHelp =
+    "Units: 1 kgf, kgf/cm2, cm in and kgf/cm2, cm out; 2 the same in and MPa, cm out; 3 kN, MPa, cm in and MPa, cm out";
+
+/// The whole text as a number from 1 to `highest`; 0 for anything else.
+int CountOf(std::string_view text, int highest) {
+    int value = 0;
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    return error == std::errc() && stop == end && value >= 1 && value <= highest ? value : 0;
+}
+
+/// True if the name ends in the extension, in capitals or not, and has something in front of it.
+bool HasExtension(const std::string& name, std::string_view extension) {
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+    return name.size() > extension.size() && std::equal(extension.rbegin(), extension.rend(), name.rbegin(),
+                                                        [&](char a, char b) { return a == lower(b); });
+}
+
+/// What the rules of a name inside the file cannot protect: the solver run writes work files and reports beside the
+/// input, and only an input with its own extension is never one of them.
+std::string JudgeExtension(const std::string& file) {
+    return HasExtension(file, ".eva") ? ""
+                                      : file + " is no analysis input file (.eva), the only kind that can be taken";
+}
+
+std::string JudgeThreads(const std::string& text) {
+    return CountOf(text, HighestThreadCount) > 0
+               ? ""
+               : text + " is no number from 1 to " + std::to_string(HighestThreadCount);
+}
+
+/// The command line as CLI11 fills it in.
+class Parser {
+public:
+    Parser();
+    Request Read(std::vector<std::string> arguments, Console& console);
+
+private:
+    CLI::App app_;
+    CLI::App* solve_;
+    CLI::App* analyze_;
+    CLI::App* check_;
+    bool quiet_ = false;
+    std::string file_;
+    std::string units_;
+    std::string language_;
+    std::string threads_;
+    SolveRequest solveRequest_;
+
+    CLI::App* AddCommand(const char* name, const char* description);
+    void AddCommonFlags(CLI::App& app);
+    void AddUnits(CLI::App& app);
+    Request RequestOf(Console& console);
+};
+
+Parser::Parser()
+    : app_("Structural analysis of layered pavements without a screen", "zirvo-batch"),
+      solve_(AddCommand("solve", "Print all results at full precision")),
+      analyze_(AddCommand("analyze", "Write reports and comma copies beside the file, as the ANALYZE button does")),
+      check_(AddCommand("check", "Name every row and value that breaks a rule")) {
+    AddCommonFlags(app_);
+    app_.require_subcommand(1);
+    app_.footer("Exit codes: 0 done, 1 bad input, 2 wrong usage.");
+
+    AddUnits(*solve_);
+    solve_->add_option("--csv", solveRequest_.CsvFile, "File for the results, in place of standard output")
+        ->type_name("OUT.csv");
+    solve_->add_option("--threads", threads_, "Number of threads; all that the machine has if not given")
+        ->check(JudgeThreads)
+        ->type_name("N");
+    solve_->add_flag("--estimates", solveRequest_.Estimates,
+                     "Add three columns: estimated relative errors of displacements, stresses, strains");
+
+    AddUnits(*analyze_);
+    analyze_->add_option("--language", language_, "Language of the reports")
+        ->required()
+        ->check(CLI::IsMember({"ja", "en"}).description(""))
+        ->type_name("ja|en");
+    analyze_->get_option("FILE")->check(JudgeExtension);
+    check_->get_option("FILE")->check(JudgeExtension);
+}
+
+CLI::App* Parser::AddCommand(const char* name, const char* description) {
+    CLI::App* command = app_.add_subcommand(name, description);
+    AddCommonFlags(*command);
+    command->add_option("FILE", file_, FileHelp)->required()->type_name("");
+    return command;
+}
+
+void Parser::AddCommonFlags(CLI::App& app) {
+    app.set_help_flag("-h,--help", "Print this help");
+    app.set_version_flag("--version", "zirvo-batch " + MakeVersionStamp(0), "Print the version");
+    app.add_flag("--quiet", quiet_, "No progress and no notes on standard error");
+}
+
+void Parser::AddUnits(CLI::App& app) {
+    app.add_option("--units", units_, UnitsHelp)
+        ->required()
+        ->check(CLI::IsMember({"1", "2", "3"}).description(""))
+        ->type_name("1|2|3");
+}
+
+Request Parser::RequestOf(Console& console) {
+    const int units = CountOf(units_, 3);
+    if (*analyze_) {
+        return AnalyzeRequest{file_, zirvo::UnitSystemOf(units), language_ == "ja" ? JapaneseBase : EnglishBase};
+    }
+    if (*check_) {
+        return CheckRequest{file_};
+    }
+    solveRequest_.File = file_;
+    solveRequest_.Units = static_cast<solver::UnitSystem>(units);
+    solveRequest_.Threads = CountOf(threads_, HighestThreadCount);
+    if (!solveRequest_.CsvFile.empty() && solver::IsSameFile(solveRequest_.CsvFile, file_)) {
+        console.Complain("--csv", file_ + " is the input, and would be lost");
+        return NothingToDo{ExitCode::WrongUsage};
+    }
+    return solveRequest_;
+}
+
+Request Parser::Read(std::vector<std::string> arguments, Console& console) {
+    std::reverse(arguments.begin(), arguments.end());  // the last one first is what the parser asks for
+    try {
+        app_.parse(std::move(arguments));
+    } catch (const CLI::ParseError& answer) {
+        std::ostringstream out;
+        std::ostringstream messages;
+        if (app_.exit(answer, out, messages) == 0) {  // help and version
+            return NothingToDo{console.Output(out.str())};
+        }
+        std::string text = messages.str();
+        text.erase(text.find_last_not_of('\n') + 1);
+        console.Complain("", text);
+        return NothingToDo{ExitCode::WrongUsage};
+    }
+    if (quiet_) {
+        console.BeQuiet();
+    }
+    return RequestOf(console);
+}
+
+}  // namespace
+
+Request ReadCommandLine(std::vector<std::string> arguments, Console& console) {
+    return Parser().Read(std::move(arguments), console);
+}
+
+}  // namespace zirvo::batch

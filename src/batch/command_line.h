@@ -1,0 +1,49 @@
+// What can be asked of zirvo-batch. Caller: main.
+#pragma once
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "analysis/pavement_model.h"
+#include "base/int16.h"
+#include "batch/console.h"
+#include "solver/io/unit_systems.h"
+
+namespace zirvo::batch {
+
+inline constexpr int HighestThreadCount = 256;
+
+/// All values at full precision, in this process.
+struct SolveRequest {
+    std::string File;
+    solver::UnitSystem Units = solver::UnitSystem::KgfToKgf;
+    std::string CsvFile;     ///< standard output if empty
+    int Threads = 0;         ///< 0: as many as the machine has
+    bool Estimates = false;  ///< three more columns
+};
+
+/// What the ANALYZE button does.
+struct AnalyzeRequest {
+    std::string File;
+    zirvo::UnitSystem Units = zirvo::UnitSystem::None;
+    Int16 LanguageBase = 0;
+};
+
+/// The rules of the data.
+struct CheckRequest {
+    std::string File;
+};
+
+/// The command line told no work: it was wrong, or asked for help, and that has been answered.
+struct NothingToDo {
+    ExitCode Code = ExitCode::Done;
+};
+
+using Request = std::variant<NothingToDo, SolveRequest, AnalyzeRequest, CheckRequest>;
+
+/// Reads the command line; tells the console to be quiet where that is asked for, answers --help and --version, and
+/// says what is wrong with a command line that is wrong.
+/// @param arguments  without the program's name
+Request ReadCommandLine(std::vector<std::string> arguments, Console& console);
+
+}  // namespace zirvo::batch

@@ -1,0 +1,47 @@
+// zirvo-batch: solving, analyses and checks from the command line.
+#include <exception>
+#include <new>
+#include <variant>
+
+#include "batch/analyze_command.h"
+#include "batch/check_command.h"
+#include "batch/command_line.h"
+#include "batch/console.h"
+#include "batch/solve_command.h"
+#include "platform/terminal.h"
+
+namespace {
+
+using namespace zirvo::batch;
+
+struct Work {
+    Console& Out;
+
+    ExitCode operator()(const NothingToDo& answered) const { return answered.Code; }
+    ExitCode operator()(const SolveRequest& request) const { return RunSolve(request, Out); }
+    ExitCode operator()(const AnalyzeRequest& request) const { return RunAnalyze(request, Out); }
+    ExitCode operator()(const CheckRequest& request) const { return RunCheck(request, Out); }
+};
+
+ExitCode Run(int argumentCount, char** arguments, Console& console) {
+    try {
+        return std::visit(Work{console},
+                          ReadCommandLine(zirvo::CommandLineArguments(argumentCount, arguments), console));
+    } catch (const zirvo::RuntimeFault& caught) {
+        console.Complain("zirvo-batch", FaultText(caught));
+    } catch (const std::bad_alloc&) {
+        console.Complain("zirvo-batch", "there is not enough memory");
+    } catch (const std::exception& failure) {
+        console.Complain("zirvo-batch", failure.what());
+    } catch (...) {
+        console.Complain("zirvo-batch", "an unknown failure");
+    }
+    return ExitCode::BadInput;
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+    Console console;
+    return static_cast<int>(Run(argumentCount, arguments, console));
+}

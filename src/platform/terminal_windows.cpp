@@ -1,0 +1,29 @@
+// The command line and the terminal on Windows, see terminal.h.
+#include <windows.h>
+//
+#include <shellapi.h>
+
+#include <memory>
+
+#include "platform/terminal.h"
+#include "platform/windows_text.h"
+
+namespace zirvo {
+
+std::vector<std::string> CommandLineArguments(int /*count*/, char** /*arguments*/) {
+    const auto release = [](LPWSTR* list) { LocalFree(list); };
+    int count = 0;
+    const std::unique_ptr<LPWSTR, decltype(release)> wide(CommandLineToArgvW(GetCommandLineW(), &count), release);
+    std::vector<std::string> arguments;
+    for (int i = 1; wide != nullptr && i < count; ++i) {
+        arguments.push_back(FromWide(wide.get()[i]));
+    }
+    return arguments;
+}
+
+bool IsErrorTerminal() {
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+}
+
+}  // namespace zirvo
