@@ -116,10 +116,12 @@ TEST(PointColumns, AgreeWithTheExactRoadOnRandomValuesAndTies) {
     for (int i = 0; i < 100000; ++i) {
         const std::string tie = std::to_string(thousandths(random)) + "5e-4";
         const Point point{2, wide(random), std::strtod(tie.c_str(), nullptr), 0};
-        const std::string x = CoordinateText(point.X);
-        const std::string y = CoordinateText(point.Y);
-        ASSERT_EQ(PointColumns(point),
-                  "  2" + std::string(9 - x.size(), ' ') + x + std::string(9 - y.size(), ' ') + y + "    0.000");
+        std::string expected = "  2";
+        for (const std::string& text : {CoordinateText(point.X), CoordinateText(point.Y), std::string("0.000")}) {
+            expected.append(CoordinateWidth - text.size(), ' ');
+            expected += text;
+        }
+        ASSERT_EQ(PointColumns(point), expected);
     }
 }
 

@@ -70,7 +70,12 @@ TEST(RowReader, NumbersThatTouchInARowOfFullLengthAreCutAtTheColumns) {
 TEST(RowReader, RowsBehindACutRowAreReadAsUsual) {
     const std::string touching = Padded("35000", 13) + "0.333333333333333";
     for (const std::string end : {"\r\n", "\n", "\r"}) {
-        std::istringstream stream(touching + end + touching + end + "  1000   0.4" + end + "7");
+        std::string text;
+        for (const std::string& row : {touching, touching, std::string("  1000   0.4"), std::string("7")}) {
+            text += row;
+            text += end;
+        }
+        std::istringstream stream(text);
         RowReader reader(stream);
         EXPECT_EQ(Row(reader, LastLayerWidths), "35000|0.333333333333333");
         EXPECT_EQ(reader.Line(), 1);

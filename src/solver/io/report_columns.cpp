@@ -39,7 +39,7 @@ constexpr std::array<double, 2 * LargestPower + 1> Powers = [] {
 }();
 
 double PowerOfTen(int n) {
-    return Powers[static_cast<std::size_t>(n + LargestPower)];
+    return Powers.data()[n + LargestPower];
 }
 
 /// Writes `count` digits so that they end before `end`; gives where they begin.
@@ -105,7 +105,7 @@ bool WriteThreeDecimals(double x, char* end) {
 }
 
 void WriteTextBefore(char* end, const std::string& text) {
-    std::memcpy(end - text.size(), text.data(), text.size());
+    text.copy(end - text.size(), text.size());
 }
 
 /// x rounded to so many significant digits.

@@ -126,7 +126,7 @@ InputError Run::ReadInput() {
     InputReader reader(file, AnalysisFormat);
     std::vector<std::string>& names = data_.Input.ReportNames;
     InputError error = reader.ReadNames(names);
-    const InputError unusable = JudgeReportNames(names, name);
+    InputError unusable = JudgeReportNames(names, name);
     if (unusable.Reason != Word::None) {
         return unusable;
     }
