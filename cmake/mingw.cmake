@@ -7,3 +7,13 @@ set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+
+# Boost.Math is headers only, so those of the host serve. They are reached through a folder that holds nothing else:
+# /usr/include itself would bring in the headers of the host's own C library.
+if(NOT DEFINED Boost_INCLUDE_DIR AND EXISTS /usr/include/boost)
+  set(boost_folder ${CMAKE_BINARY_DIR}/boost-include)
+  file(MAKE_DIRECTORY ${boost_folder})
+  file(CREATE_LINK /usr/include/boost ${boost_folder}/boost SYMBOLIC)
+  set(Boost_INCLUDE_DIR ${boost_folder} CACHE PATH "Folder of the Boost headers")
+  set(Boost_NO_BOOST_CMAKE ON CACHE BOOL "The host's package of Boost is not for this target")
+endif()

@@ -1,0 +1,104 @@
+// Running the real programs, see process_run.h.
+#include "batch/process_run.h"
+
+#include <fcntl.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <stdexcept>
+
+#include "platform/temporary_folder.h"
+
+namespace zirvo::test {
+namespace {
+
+constexpr int NotStarted = 127;
+
+void Require(bool done, const char* what) {
+    if (!done) {
+        throw std::runtime_error(what);
+    }
+}
+
+/// A terminal with nobody in front of it.
+class Terminal {
+public:
+    Terminal() : master_(posix_openpt(O_RDWR | O_NOCTTY)) {
+        Require(master_ >= 0 && grantpt(master_) == 0 && unlockpt(master_) == 0, "no terminal can be made");
+        slave_ = open(ptsname(master_), O_RDWR | O_NOCTTY);
+        Require(slave_ >= 0, "no terminal can be opened");
+        fcntl(master_, F_SETFL, O_NONBLOCK);
+    }
+    ~Terminal() {
+        close(slave_);
+        close(master_);
+    }
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+
+    int Slave() const { return slave_; }
+    /// What was written so far. A few lines, which the terminal holds until they are read.
+    std::string Text() const {
+        std::string text;
+        std::array<char, 4096> part{};
+        for (ssize_t count = 0; (count = read(master_, part.data(), part.size())) > 0;) {
+            text.append(part.data(), static_cast<std::size_t>(count));
+        }
+        return text;
+    }
+
+private:
+    int master_;
+    int slave_ = -1;
+};
+
+/// The rest of the child: it never comes back.
+[[noreturn]] void Become(std::vector<std::string> arguments, const Surroundings& surroundings, int output, int errors) {
+    constexpr id_t Nobody = 65534;
+    const int null = open("/dev/null", O_RDONLY);
+    dup2(null, STDIN_FILENO);
+    dup2(output, STDOUT_FILENO);
+    dup2(errors, STDERR_FILENO);
+    if (!surroundings.Folder.empty() && chdir(surroundings.Folder.c_str()) != 0) {
+        _exit(NotStarted);
+    }
+    if (surroundings.OrdinaryUser && geteuid() == 0 && (setgid(Nobody) != 0 || setuid(Nobody) != 0)) {
+        _exit(NotStarted);
+    }
+    arguments.insert(arguments.begin(), surroundings.Program);
+    std::vector<char*> raw;
+    for (std::string& argument : arguments) {
+        raw.push_back(argument.data());
+    }
+    raw.push_back(nullptr);
+    execv(surroundings.Program.c_str(), raw.data());
+    _exit(NotStarted);
+}
+
+}  // namespace
+
+Outcome RunProcess(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
+    const TemporaryFolder streams;
+    const Terminal terminal;
+    const std::string outputPath = surroundings.OutputFile.empty() ? streams.Path("out") : surroundings.OutputFile;
+    const int output = open(outputPath.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+    const int errors = open(streams.Path("err").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+    Require(output >= 0 && errors >= 0, "no file for the streams");
+    const pid_t child = fork();
+    if (child == 0) {
+        Become(arguments, surroundings, output, surroundings.ErrorsOnTerminal ? terminal.Slave() : errors);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    close(output);
+    close(errors);
+    Outcome outcome;
+    outcome.Code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    outcome.Out = surroundings.OutputFile.empty() ? streams.Get("out") : "";
+    outcome.Err = surroundings.ErrorsOnTerminal ? terminal.Text() : streams.Get("err");
+    return outcome;
+}
+
+}  // namespace zirvo::test
