@@ -10,7 +10,8 @@
 namespace zirvo {
 namespace {
 
-const iconv_t Unavailable = reinterpret_cast<iconv_t>(-1);
+// What iconv_open gives in place of a converter.
+const iconv_t Unavailable = reinterpret_cast<iconv_t>(-1);  // NOLINT(performance-no-int-to-ptr)
 
 iconv_t OpenConverter(const char* to, const char* from) {
     const iconv_t converter = iconv_open(to, from);

@@ -20,7 +20,10 @@ std::uint64_t FileLength(const std::string& path);
 /// Attributes of a file or folder. Fault 53 or 76 where nothing is there.
 FileAttributes AttributesOf(const std::string& path);
 
-/// All bytes of a file. A folder is fault 75.
+/// Longest file that is read whole [bytes]: far beyond any report, and it spares the machine's memory.
+inline constexpr std::uint64_t LongestFile = std::uint64_t{1} << 30;
+
+/// All bytes of a file. A folder or a device is fault 75, a file beyond LongestFile fault 5.
 std::string ReadFileBytes(const std::string& path);
 
 /// Writes the whole file under a temporary name beside its target and renames it over the target, so that the target is

@@ -29,6 +29,12 @@ bool SomethingIsAt(const std::string& path) {
     return lstat(path.c_str(), &status) == 0;
 }
 
+void RequireReadableLength(std::uint64_t length) {
+    if (length > LongestFile) {
+        throw RuntimeFault(fault::InvalidCall);
+    }
+}
+
 /// Moves the file where nothing is; the failure's errno, or 0.
 int RenameWithoutReplacing(const std::string& from, const std::string& to) {
 #ifdef RENAME_NOREPLACE
@@ -94,9 +100,11 @@ std::string ReadFileBytes(const std::string& path) {
     constexpr std::size_t Step = 1 << 16;
     std::string bytes;
     std::size_t length = 0;
+    RequireReadableLength(static_cast<std::uint64_t>(status.st_size));
     bytes.resize(static_cast<std::size_t>(status.st_size) + 1);
     for (;;) {
         if (length == bytes.size()) {  // it has grown since
+            RequireReadableLength(length);
             bytes.resize(length + Step);
         }
         const ssize_t got = read(file.Number(), bytes.data() + length, bytes.size() - length);

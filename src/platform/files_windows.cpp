@@ -75,6 +75,9 @@ std::string ReadFileBytes(const std::string& path) {
     std::string bytes;
     for (DWORD got = 1; got != 0;) {
         const std::size_t length = bytes.size();
+        if (length > LongestFile) {
+            throw RuntimeFault(fault::InvalidCall);
+        }
         bytes.resize(length + Step);
         if (ReadFile(file.Get(), bytes.data() + length, static_cast<DWORD>(Step), &got, nullptr) == 0) {
             RaiseSystemFault(GetLastError());

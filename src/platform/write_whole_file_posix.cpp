@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
@@ -59,7 +60,7 @@ int WriteAll(int file, std::string_view bytes) {
 class TemporaryFile {
 public:
     explicit TemporaryFile(const std::string& folder) {
-        static unsigned counter = 0;
+        static std::atomic<unsigned> counter = 0;
         for (int attempt = 0; attempt < MostAttempts; ++attempt) {
             // A name of its own, not one made from the target's: that may be as long as a name can be.
             const std::string name = ".zirvo-" + std::to_string(getpid()) + "-" + std::to_string(++counter) + ".tmp";

@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <atomic>
 #include <vector>
 
 #include "base/runtime_fault.h"
@@ -44,7 +45,7 @@ void WriteAll(HANDLE file, std::string_view bytes) {
 class TemporaryFile {
 public:
     explicit TemporaryFile(const std::wstring& folder) : file_(INVALID_HANDLE_VALUE) {
-        static unsigned counter = 0;
+        static std::atomic<unsigned> counter = 0;
         for (int attempt = 0; attempt < MostAttempts && !file_.IsOpen(); ++attempt) {
             path_ = folder + L".zirvo-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++counter) +
                     L".tmp";

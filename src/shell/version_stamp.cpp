@@ -4,7 +4,7 @@
 namespace zirvo {
 
 std::string MakeVersionStamp(Int16 kind) {
-    const std::string number = "2.3";
+    std::string number = "2.3";
     switch (kind) {
         case 0:
             return number;

@@ -155,6 +155,13 @@ TEST(Names, Utf8BytesThatTheCodePageCouldHoldAreReadAsCodePage) {
     EXPECT_EQ(DecodeName("\xE8\x88\x97"), DecodeText("\xE8\x88\x97"));
 }
 
+// The price of names that the code page lacks: half-width marks whose bytes look like one of its missing letters.
+TEST(Names, BytesOfTheCodePageThatAreUtf8OfAMissingCharacterAreReadAsUtf8) {
+    EXPECT_EQ(EncodeName("ﾃｽ.eva"), "\xC3\xBD.eva");
+    EXPECT_EQ(DecodeName("\xC3\xBD.eva"), "ý.eva");
+    EXPECT_EQ(DecodeName(EncodeName("ﾃｽﾄ.eva")), "ﾃｽﾄ.eva");  // three of them are no UTF-8
+}
+
 TEST(Names, BytesThatAreNoUtf8AreReadAsCodePage) {
     EXPECT_EQ(DecodeName("Stra\xDF"
                          "e"),

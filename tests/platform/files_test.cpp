@@ -93,6 +93,13 @@ TEST(ReadFileBytes, FailuresHaveTheirNumbers) {
     EXPECT_EQ(FaultAsOrdinaryUser([&] { ReadFileBytes(secret); }), 75);
 }
 
+TEST(ReadFileBytes, FileBeyondTheLongestIsAnInvalidCallAndTakesNoMemory) {
+    const TemporaryFolder folder;
+    const std::string file = folder.Put("sparse", "");
+    fs::resize_file(file, std::uint64_t{1} << 42);  // takes no room on the disk
+    EXPECT_EQ(FaultOf([&] { ReadFileBytes(file); }), 5);
+}
+
 TEST(ReadFileBytes, PipeOrEndlessDeviceIsRefusedAndNotWaitedFor) {
     const TemporaryFolder folder;
     const std::string pipe = folder.Path("pipe");

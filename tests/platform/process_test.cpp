@@ -22,7 +22,7 @@ namespace zirvo {
 namespace {
 
 std::string PutScript(const TemporaryFolder& folder, const std::string& name, const std::string& body) {
-    const std::string path = folder.Put(name, "#!/bin/sh\n" + body);
+    std::string path = folder.Put(name, "#!/bin/sh\n" + body);
     chmod(path.c_str(), 0755);
     return path;
 }
@@ -244,6 +244,38 @@ TEST(Process, SignalsThatThisProcessIgnoresAreNotIgnoredInTheProgram) {
                                    });
     EXPECT_EQ(fault, 0);
     EXPECT_FALSE(folder.Has("out"));
+}
+
+TEST(Process, IsWaitedForAlsoWhereEndedChildrenAreIgnored) {
+    const TemporaryFolder folder;
+    const std::string script = PutScript(folder, "slow", "sleep 0.1; echo done > \"$(dirname \"$0\")/out\"\n");
+    const int fault = FaultInChild([] { std::signal(SIGCHLD, SIG_IGN); },
+                                   [&] {
+                                       const auto service = MakeProcessService();
+                                       RunToItsEnd(*service, script);
+                                       if (folder.Get("out") != "done\n") {
+                                           throw RuntimeFault(fault::InvalidCall);
+                                       }
+                                   });
+    EXPECT_EQ(fault, 0);
+}
+
+TEST(Process, HasItsNullDevicesAlsoWhereThisProcessHasNoStandardStreams) {
+    const TemporaryFolder folder;
+    const std::string script = PutScript(folder, "look",
+                                         "streams=$(for i in 0 1 2; do readlink /proc/$$/fd/$i; done)\n"
+                                         "echo \"$streams\" > \"$(dirname \"$0\")/streams\"\n");
+    const auto closeAll = [] {
+        for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+            close(stream);
+        }
+    };
+    const int fault = FaultInChild(closeAll, [&] {
+        const auto service = MakeProcessService();
+        RunToItsEnd(*service, script);
+    });
+    EXPECT_EQ(fault, 0);
+    EXPECT_EQ(folder.Get("streams"), "/dev/null\n/dev/null\n/dev/null\n");
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ TEST(ConvertToCsvLine, GapOfThirteenBlanksIsAnEmptyFieldAndEveryTwelveMoreAddOne
 
 TEST(ConvertToCsvLine, ExactlyEightLeadingBlanksAreAnEmptyFirstField) {
     EXPECT_EQ(Convert(Gap("", 8, "X")), ",X");
-    for (const std::size_t n : {1, 2, 7, 9, 10, 12}) {
+    for (const unsigned n : {1U, 2U, 7U, 9U, 10U, 12U}) {
         EXPECT_EQ(Convert(Gap("", n, "X")), "X") << n;
     }
 }
