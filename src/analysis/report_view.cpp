@@ -78,7 +78,7 @@ std::string SplitResultView(std::span<const std::string_view> lines, Int16 point
     std::string out;
     int markers = 0;
     for (const std::string_view line : lines) {
-        const bool marker = markers <= 2 && line.starts_with(Marker);
+        const bool marker = line.starts_with(Marker);
         markers += marker ? 1 : 0;
         if (markers > 2) {
             continue;

@@ -80,6 +80,8 @@ TEST(CheckAnalysisInput, StopsWhereTheRestOfTheFileCannotBeToldApart) {
                   "counts, PointCount 0: is 0",
                   "layer 1, PoissonRatio 0.7: is above 0.5",
               }));
+    EXPECT_EQ(Check(FileOf("a.bre\nb.san", "1 0 1", "100 0.4\n", "49 15 0 0 0 0\n", "9 0 0 0\n")),
+              (Lines{"counts, LoadCount 0: is 0"}));
     EXPECT_EQ(Check(FileOf("a.bre\nb.san", "0 1 1", "rubbish\n", "", "")), (Lines{"counts, LayerCount 0: is 0"}));
     EXPECT_EQ(Check(FileOf("a.bre\nb.san", "1 1 0", "100 0.4\n", "49 0 0 0 0 0\n", "")),
               (Lines{"counts, PointCount 0: is 0", "load 1, Radius 0: is not above 0"}));
