@@ -75,6 +75,7 @@ std::vector<LoadGroup> GroupLoads(const Problem& problem) {
         group.Horizontal = group.Horizontal || load.Horizontal != 0;
     }
     std::vector<LoadGroup> groups;
+    groups.reserve(byRadius.size());
     for (auto& [radius, group] : byRadius) {
         groups.push_back(std::move(group));
     }
@@ -265,7 +266,7 @@ void LevelSum::Weigh(std::size_t g, const double* weight, int nodes) {
     alignas(64) double size[NodeBlock];
     const double* j1 = loadBessel_.data() + g / TileWidth * NodeBlock * TileWidth + g % TileWidth;
     for (int k = 0; k < nodes; ++k) {
-        factor[k] = weight[k] * group.Radius * j1[k * TileWidth];
+        factor[k] = weight[k] * group.Radius * j1[static_cast<std::ptrdiff_t>(k) * TileWidth];
         size[k] = weight[k] * group.Radius * Envelope(xi_[k] * group.Radius);
     }
     for (int d = 0; d < sources_; ++d) {
@@ -293,7 +294,8 @@ bool LevelSum::Ended(double xi) const {
             double peak[2] = {};
             double tail[2] = {};
             for (int row = RowsFrom(groups_[g]); row < RowsTo(groups_[g]); ++row) {
-                const auto place = static_cast<std::size_t>(d * RowCount + row);
+                const int index = d * RowCount + row;
+                const auto place = static_cast<std::size_t>(index);
                 const int kind = RowIsDisplacement[row] ? 1 : 0;
                 peak[kind] = std::max(peak[kind], sums_[g].Peak[place]);
                 tail[kind] = std::max(tail[kind], sums_[g].Tail[place]);
@@ -366,7 +368,8 @@ bool LevelSum::FinishItem(std::size_t g, std::size_t item) {
                     high[1] += ChebyshevTail()[1][c] * total[c];
                 }
             }
-            const auto place = static_cast<std::size_t>(static_cast<int>(d) * RowCount + row);
+            const int index = static_cast<int>(d) * RowCount + row;
+            const auto place = static_cast<std::size_t>(index);
             ruleError[load][kind] = std::max(ruleError[load][kind], half * half / unit);
             value[load][kind] = std::max(value[load][kind], largest);
             const double ended = sum.Tail[place] / -std::expm1(-step * chunk_.Sources[d].Effective);
