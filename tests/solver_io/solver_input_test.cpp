@@ -57,6 +57,13 @@ TEST(ReadSolverInput, HeadingsMaySayAnythingInOneField) {
     }
 }
 
+TEST(ReadSolverInput, TheNamesAreTheSecondAndThirdLineWhateverTheFirstHolds) {
+    for (const std::string first : {"OUTPUT, precious.txt", ",,", "\"a, b", "\"a\", b"}) {
+        EXPECT_EQ(Accepted(ExampleWith(1, first)).ReportNames,
+                  (std::vector<std::string>{"Untitled.bre", "Untitled.san"}));
+    }
+}
+
 TEST(ReadSolverInput, AnyLineEndServes) {
     for (const std::string end : {"\n", "\r"}) {
         std::string text;

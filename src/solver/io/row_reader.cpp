@@ -73,6 +73,16 @@ RowReader::Status RowReader::ReadNameLine(std::string& bytes) {
     return Status::Read;
 }
 
+RowReader::Status RowReader::SkipLine() {
+    rowLine_ = line_;
+    if (Peek() == End) {
+        return Status::End;
+    }
+    for (int c = Next(); c != '\n' && c != End; c = Next()) {
+    }
+    return Status::Read;
+}
+
 RowReader::Status RowReader::SkipTextField() {
     rowLine_ = line_;
     if (Peek() == End) {

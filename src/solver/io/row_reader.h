@@ -39,6 +39,9 @@ public:
     /// half of what was meant.
     Status ReadNameLine(std::string& bytes);
 
+    /// Passes over a whole line, however long.
+    Status SkipLine();
+
     /// Passes over one text field: to the next comma or line end, quoted or not.
     Status SkipTextField();
 

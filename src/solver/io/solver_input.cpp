@@ -87,7 +87,11 @@ void InputReader::Work::SkipHeadings(int count) {
 }
 
 void InputReader::Work::ReadNames(std::vector<std::string>& names) {
-    SkipHeadings(1);
+    // The names are lines 2 and 3, whatever the first line holds: a comma there must not make a name of its rest.
+    row_ = Word::RowHeading;
+    if (rows_.SkipLine() != RowReader::Status::Read) {
+        Fail(Word::EndsEarly);
+    }
     row_ = Word::RowNames;
     for (std::size_t i = 0; i < format_.ReportNames; ++i) {
         std::string bytes;

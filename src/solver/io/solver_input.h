@@ -1,8 +1,8 @@
 // The input of the solver programs: names of the reports, layers, loads, points, read by the rules of the format.
 // Callers: the solver run (from the file that "Initial_File" names), zirvo-batch (in its own process).
 //
-// Lines of names are taken whole; headings are text fields and their words do not matter; the rest are rows of numbers
-// (row_reader.h). What stands behind the last point is ignored.
+// The lines of names and the one before them are taken whole; the other headings are text fields, and no words matter;
+// the rest are rows of numbers (row_reader.h). What stands behind the last point is ignored.
 #pragma once
 #include <array>
 #include <cstddef>

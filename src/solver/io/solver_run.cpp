@@ -140,14 +140,15 @@ InputError Run::ReadInput() {
 
 bool Run::WriteReport(std::size_t index, const std::string& bytes) {
     try {
-        WriteWholeFile(reports_[index], bytes);
+        WriteWholeFile(reports_[index], bytes, Flush::ToSystem);
         return true;
     } catch (const RuntimeFault& caught) {
         const InputError error = WithReason(Word::NotWritten, {caught.what()});
         Tell(reports_[index], error);
         // A few lines may find room where a whole report did not.
         try {
-            WriteWholeFile(reports_[index], ErrorReport(data_.Words, Titles[index], reports_[index], error));
+            WriteWholeFile(reports_[index], ErrorReport(data_.Words, Titles[index], reports_[index], error),
+                           Flush::ToSystem);
         } catch (const RuntimeFault&) {  // it has been told above
         }
         return false;
