@@ -26,11 +26,16 @@ inline constexpr std::uint64_t LongestFile = std::uint64_t{1} << 30;
 /// All bytes of a file. A folder or a device is fault 75, a file beyond LongestFile fault 5.
 std::string ReadFileBytes(const std::string& path);
 
+/// Whether a write waits until the bytes are on the disk. What the user typed does; what can be made again from it in a
+/// moment (reports, their copies, control files) does not, since each wait costs more than the whole analysis of a
+/// road.
+enum class Flush { ToDisk, ToSystem };
+
 /// Writes the whole file under a temporary name beside its target and renames it over the target, so that the target is
 /// either the old file or the new one, never half. A link is followed to its file. An existing target that the user may
 /// not write, or a folder, is fault 75 before anything is written. The permissions of an existing target are kept.
 /// On failure no temporary file is left behind.
-void WriteWholeFile(const std::string& path, std::string_view bytes);
+void WriteWholeFile(const std::string& path, std::string_view bytes, Flush flush = Flush::ToDisk);
 
 /// Renames a file. Fault 53 if `from` is missing, 58 if `to` exists (it is never replaced).
 void RenameFile(const std::string& from, const std::string& to);

@@ -127,9 +127,6 @@ void RenameFile(const std::string& from, const std::string& to) {
     if (lstat(from.c_str(), &status) != 0) {
         RaiseSystemFault(errno, from);
     }
-    if (SomethingIsAt(to)) {
-        throw RuntimeFault(fault::FileAlreadyExists);
-    }
     if (const int error = RenameWithoutReplacing(from, to); error != 0) {
         RaiseSystemFault(error, to);
     }

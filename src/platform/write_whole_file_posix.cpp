@@ -2,7 +2,8 @@
 //
 // Steps           1. Links are followed, so that the temporary file lies beside the file itself and not beside a link.
 //                 2. An existing target is opened for writing, which tells whether the user may, and closed untouched.
-//                 3. The temporary file is written, brought to the disk and closed: each of these can tell of a full
+//                 3. The temporary file is written, brought to the disk if wanted, and closed: each of these can tell
+//                 of a full
 //                    disk. It takes the owner and the permissions of the target.
 //                 4. It is renamed over the target. On any failure before, it is deleted.
 // Special cases   a device or a pipe has no earlier file that could be lost, and must not be replaced by a file: it is
@@ -94,11 +95,11 @@ public:
         }
     }
 
-    void Write(std::string_view bytes) {
+    void Write(std::string_view bytes, Flush flush) {
         if (const int error = WriteAll(file_.Number(), bytes); error != 0) {
             RaiseSystemFault(error, path_);
         }
-        if (fsync(file_.Number()) != 0 && errno != EINVAL && errno != ENOTSUP) {
+        if (flush == Flush::ToDisk && fsync(file_.Number()) != 0 && errno != EINVAL && errno != ENOTSUP) {
             RaiseSystemFault(errno, path_);
         }
         if (!file_.Close()) {
@@ -136,7 +137,7 @@ void WriteStraight(const std::string& path, std::string_view bytes) {
 
 }  // namespace
 
-void WriteWholeFile(const std::string& path, std::string_view bytes) {
+void WriteWholeFile(const std::string& path, std::string_view bytes, Flush flush) {
     RequireUsablePath(path);
     if (FileNameOf(path).empty()) {
         throw RuntimeFault(fault::PathAccess);
@@ -164,7 +165,7 @@ void WriteWholeFile(const std::string& path, std::string_view bytes) {
     if (exists) {
         file.TakeOwnerAndPermissions(status);
     }
-    file.Write(bytes);
+    file.Write(bytes, flush);
     file.PutInPlaceOf(target);
 }
 

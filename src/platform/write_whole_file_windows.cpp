@@ -68,18 +68,19 @@ public:
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
-    void Write(std::string_view bytes) {
+    void Write(std::string_view bytes, Flush flush) {
         WriteAll(file_.Get(), bytes);
-        if (FlushFileBuffers(file_.Get()) == 0 || !file_.Close()) {
+        if ((flush == Flush::ToDisk && FlushFileBuffers(file_.Get()) == 0) || !file_.Close()) {
             RaiseSystemFault(GetLastError());
         }
     }
 
     /// @param exists  the target is there: its permissions and attributes go over to the new file.
-    void PutInPlaceOf(const std::wstring& target, bool exists) {
+    void PutInPlaceOf(const std::wstring& target, bool exists, Flush flush) {
         placed_ = (exists && ReplaceFileW(target.c_str(), path_.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
                                           nullptr, nullptr) != 0) ||
-                  MoveFileExW(path_.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+                  MoveFileExW(path_.c_str(), target.c_str(),
+                              MOVEFILE_REPLACE_EXISTING | (flush == Flush::ToDisk ? MOVEFILE_WRITE_THROUGH : 0)) != 0;
         if (!placed_) {
             RaiseSystemFault(GetLastError());
         }
@@ -93,7 +94,7 @@ private:
 
 }  // namespace
 
-void WriteWholeFile(const std::string& path, std::string_view bytes) {
+void WriteWholeFile(const std::string& path, std::string_view bytes, Flush flush) {
     std::wstring target = ToWide(path);
     const DWORD attributes = GetFileAttributesW(target.c_str());
     const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
@@ -114,8 +115,8 @@ void WriteWholeFile(const std::string& path, std::string_view bytes) {
     }
     const std::size_t name = target.find_last_of(L"/\\:");
     TemporaryFile file(name == std::wstring::npos ? std::wstring() : target.substr(0, name + 1));
-    file.Write(bytes);
-    file.PutInPlaceOf(target, exists);
+    file.Write(bytes, flush);
+    file.PutInPlaceOf(target, exists, flush);
 }
 
 }  // namespace zirvo

@@ -130,7 +130,10 @@ TEST(ScientificText, HasOneDigitBeforeThePointAndAtLeastTwoOfTheExponent) {
     EXPECT_EQ(ScientificText(-0.0, 4), "0.0000E+00");
     EXPECT_EQ(ScientificText(0, 0), "0E+00");
     EXPECT_EQ(ScientificText(12345, 0), "1E+04");
+    EXPECT_EQ(ScientificText(1e10, 1), "1.0E+10");
+    EXPECT_EQ(ScientificText(1e99, 1), "1.0E+99");
     EXPECT_EQ(ScientificText(1e100, 1), "1.0E+100");
+    EXPECT_EQ(ScientificText(-1e-22, 1), "-1.0E-22");
     EXPECT_EQ(ScientificText(1e-9, 1), "1.0E-09");
     EXPECT_EQ(ScientificText(2.0 / 3, 14), "6.66666666666667E-01");
 }

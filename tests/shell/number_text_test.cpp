@@ -3,11 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <clocale>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 #include <random>
+#include <regex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -146,6 +149,32 @@ TEST(ParseNumberPrefix, LongTextsAreReadExactly) {
     const std::string half = "1.00000000000000011102230246251565404236316680908203125";
     EXPECT_EQ(ParseNumberPrefix(half), 1);
     EXPECT_EQ(ParseNumberPrefix(half + std::string(n, '0') + "1"), 1 + 0x1p-52);
+}
+
+// The rule once more in other words: a pattern for the number in front, and the C library for its value.
+TEST(ParseNumberPrefix, AgreesWithAPatternOnRandomTexts) {
+    const std::regex number("^[+-]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([EeDd][+-]?[0-9]+)?");
+    const std::string alphabet = "0123456789..++--EeDd \t\nx\r,";
+    std::mt19937_64 random(1);
+    std::uniform_int_distribution<std::size_t> letter(0, alphabet.size() - 1);
+    std::uniform_int_distribution<int> length(0, 12);
+    for (int i = 0; i < 20000; ++i) {
+        std::string text;
+        for (int n = length(random); n > 0; --n) {
+            text += alphabet[letter(random)];
+        }
+        std::string bare = text;
+        std::erase_if(bare, [](char c) { return c == ' ' || c == '\t' || c == '\n'; });
+        std::smatch match;
+        double expected = 0;
+        if (std::regex_search(bare, match, number)) {
+            std::string found = match.str();
+            std::replace_if(
+                found.begin(), found.end(), [](char c) { return c == 'D' || c == 'd'; }, 'E');
+            expected = std::clamp(std::strtod(found.c_str(), nullptr), -Largest, Largest);
+        }
+        ASSERT_EQ(ParseNumberPrefix(text), expected) << "[" << text << "]";
+    }
 }
 
 TEST(ParseNumberPrefix, DecimalPointDoesNotFollowTheLocale) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <random>
 #include <sstream>
 #include <streambuf>
 #include <string>
@@ -464,6 +465,39 @@ TEST(LongFiles, FieldOfTheGreatestLengthIsStillRead) {
     const std::string filled = "a" + std::string(LongestField - 2, ' ') + "b";
     EXPECT_EQ(Fields(filled).Text(), filled);
     EXPECT_EQ(Fields("a" + std::string(LongestField - 1, ' ') + "b").TextFault(), 5);
+}
+
+TEST(Fields, RubbishOfAnyKindIsReadToItsEndOrIsAFaultThatTheReadersKnow) {
+    const std::string alphabet("01.,-+E \"\t\r\nx\0\x81\x40\xFF", 18);
+    std::mt19937_64 random(4);
+    std::uniform_int_distribution<std::size_t> letter(0, alphabet.size() - 1);
+    for (int i = 0; i < 20000; ++i) {
+        std::string rubbish;
+        for (int n = 0; n < 40; ++n) {
+            rubbish += alphabet[letter(random)];
+        }
+        Fields fields(rubbish);
+        int reads = 0;
+        for (int fault = 0; fault != 62; ++reads) {
+            switch (reads % 4) {
+                case 0:
+                    fault = fields.TextFault();
+                    break;
+                case 1:
+                    fault = fields.NumberFault();
+                    break;
+                case 2:
+                    fault = fields.IntegerFault();
+                    break;
+                default:
+                    fault = FaultOf([&] { fields.Line(); });
+                    break;
+            }
+            ASSERT_TRUE(fault == 0 || fault == 6 || fault == 13 || fault == 62) << fault;
+            ASSERT_LE(reads, 41) << "a read that takes nothing would never come to the end";
+        }
+        ASSERT_TRUE(fields.AtEnd());
+    }
 }
 
 // A valid file cut at every byte either reads or fails with a number that the readers know.
