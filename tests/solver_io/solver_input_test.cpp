@@ -2,6 +2,7 @@
 #include "solver/io/solver_input.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <sstream>
 #include <streambuf>
@@ -192,6 +193,13 @@ private:
 
 constexpr std::size_t ManyBlanks = std::size_t{64} << 20;
 
+/// The most memory that this process has held so far [kB].
+long PeakMemory() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+}
+
 TEST(ReadSolverInput, SixtyFourMegabytesOfBlanksInARowOrAHeadingTakeNoMemory) {
     // Before a number of a layer, in a heading, before the first number of a row.
     for (const std::string cut : {"  0.35", "LOAD POINT", "        49"}) {
@@ -199,7 +207,9 @@ TEST(ReadSolverInput, SixtyFourMegabytesOfBlanksInARowOrAHeadingTakeNoMemory) {
         const std::size_t place = text.find(cut);
         BlankStream buffer(text.substr(0, place), ManyBlanks, text.substr(place));
         std::istream stream(&buffer);
+        const long before = PeakMemory();
         const std::variant<SolverInput, InputError> read = ReadSolverInput(stream);
+        EXPECT_LT(PeakMemory() - before, 16 << 10) << cut;
         ASSERT_TRUE(std::holds_alternative<SolverInput>(read)) << cut;
         EXPECT_EQ(std::get<SolverInput>(read).Typed.Layers[0].PoissonRatio, 0.35);
     }
