@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <filesystem>
+#include <ostream>
 
 #include "batch/work_folder.h"
 #include "platform/code_page.h"
@@ -16,6 +17,11 @@ struct Choice {
     std::string Units;
     std::string Language;
 };
+
+/// How a failure and the list of tests name a choice.
+void PrintTo(const Choice& choice, std::ostream* out) {
+    *out << "units " << choice.Units << ", language " << choice.Language;
+}
 
 class Analyze : public testing::TestWithParam<Choice> {};
 
