@@ -37,7 +37,8 @@ SolverRunResult RunSolver(const SolverRunRequest& request, ProcessService& proce
         return SolverRunResult::InputMissing;
     }
     WriteWholeFile(ControlFileName,
-                   ControlFileBytes(request.Language, request.Units, "INPUT FILENAME", request.InputFileName));
+                   ControlFileBytes(request.Language, request.Units, "INPUT FILENAME", request.InputFileName),
+                   Flush::ToSystem);
     RunHidden(process, JoinPath(request.ProgramFolder, AnalysisSolverName), StartFailure::Fault,
               {callbacks.HandleObtained, callbacks.WaitOver});
     Call(callbacks.HideComputing);

@@ -67,7 +67,7 @@ std::string ReadWholeFile(const std::string& path) {
 void MakeStampedCopy(const std::string& file, const std::string& tempName) {
     RenameFile(file, tempName);
     try {
-        WriteWholeFile(file, Stamped(ReadFileBytes(tempName)));
+        WriteWholeFile(file, Stamped(ReadFileBytes(tempName)), Flush::ToSystem);
     } catch (...) {
         // Nothing stands under the old name, so the report can go back there; else it would seem lost to its owner.
         try {
@@ -88,7 +88,7 @@ void WriteCommaCopy(const std::string& source, const std::string& target) {
         copy += ConvertToCsvLine(line, ' ', ',');
         copy += LineEnd;
     });
-    WriteWholeFile(target, copy);
+    WriteWholeFile(target, copy, Flush::ToSystem);
 }
 
 }  // namespace zirvo

@@ -113,8 +113,9 @@ struct Engine {
     /// @param stride  VerticalStride or RowStride
     void (*Interpolate)(const double* block, const double* weights, int columns, int stride, double* rows);
 
-    /// The twelve integrals of a circle of radius a at (r, z), z > 0 or r != a.
-    void (*HalfSpace)(const AngleTable& table, double a, double r, double z, HalfSpaceIntegrals& out);
+    /// The twelve integrals of a circle of radius a at the distance `gap` outside its edge (inside: negative, -a on the
+    /// axis) and depth z; z > 0 or gap != 0.
+    void (*HalfSpace)(const AngleTable& table, double a, double gap, double z, HalfSpaceIntegrals& out);
 };
 
 /// The widest engine that this machine can run. All give the same answers to rounding.

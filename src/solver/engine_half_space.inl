@@ -13,8 +13,8 @@ struct HalfSpaceSums {
     Vec I0[3], I1[3], I2[3], I3[3];
 };
 
-inline void AddPanel(const AngleTable::Panel& panel, double a, double r, double z, HalfSpaceSums& s) {
-    const double gap = r - a;
+inline void AddPanel(const AngleTable::Panel& panel, double a, double gap, double z, HalfSpaceSums& s) {
+    const double r = a + gap;
     for (int i = 0; i < AngleTable::Nodes; i += ZIRVO_LANES) {
         const Vec weight = Load(panel.Weight + i), cosine = Load(panel.Cos + i), sine = Load(panel.Sin + i);
         const Vec half = Load(panel.HalfSquared + i);
@@ -57,17 +57,17 @@ inline double SumOf(Vec x) {
     return sum;
 }
 
-void HalfSpace(const AngleTable& table, double a, double r, double z, HalfSpaceIntegrals& out) {
+void HalfSpace(const AngleTable& table, double a, double gap, double z, HalfSpaceIntegrals& out) {
     HalfSpaceSums s{};
-    const double gap = r - a;
+    const double r = a + gap;
     double sharp2 = (gap * gap + z * z) / (a * r);  // square of the angle; infinite on the axis
     int panels = 0;
     while (panels < AngleTable::MaxPanels && sharp2 < 9.8696044010893586188) {
-        AddPanel(table.Ring[panels], a, r, z, s);
+        AddPanel(table.Ring[panels], a, gap, z, s);
         ++panels;
         sharp2 *= 4;
     }
-    AddPanel(table.Core[panels], a, r, z, s);
+    AddPanel(table.Core[panels], a, gap, z, s);
     const double scale = a * 0.31830988618379067154;
     for (int k = 0; k < 3; ++k) {
         out.I[0][k] = scale * SumOf(s.I0[k]);

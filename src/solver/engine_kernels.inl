@@ -1,41 +1,128 @@
 // Kernels of the layered half-space in wavenumbers: compliance upwards, traction downwards, only decaying exponentials.
 //
-// Notation: xi wavenumber, h thickness, q = xi h, k1 = 2 (1 - nu), k2 = 1 - 2 nu, m2 = E / (1 + nu), mu = m2 / 2; u, w,
-// v displacements times xi; T, S, Q tractions. A layer's field is exp(-zeta) dn(zeta) A + exp(-eta) up(eta) B with zeta
-// the distance from its top and eta from its bottom, both times xi. The modes, as (u, w, T / m2, S / m2):
-//   dn: (1, -1, -1, 1) and (zeta - k1, -zeta - k2, 1 - zeta, zeta); up: (1, 1, 1, 1) and (eta - k1, eta + k2, eta - 1,
-//   eta); scalar (v, Q / mu): dn (1, -1), up (1, 1).
-// Stored for each layer: e = exp(-q), R (B's amplitude from A's, without e), G^-1 (A's amplitude from the traction over
-// m2 at the top), and the scalar rho and 1 / g. Steps: from the deepest layer that the field reaches upwards, each
-// interface's spring added to the compliance of what lies below; then downwards from the surface traction. Layer 1's
-// own half-space share is taken out of the amplitudes, for it decays too slowly near the surface; half_space adds it in
-// closed form. Source: the two independent solutions of plane-strain elasticity exp(-x) and x exp(-x), and one of
-// torsion, as in Burmister (1945), J. Appl. Phys. 16, in terms of local exponentials.
+// Notation: xi wavenumber, h thickness, q = xi h, k1 = 2 (1 - nu), k2 = 1 - 2 nu, d = 1 / (1 - nu), m2 = E / (1 + nu),
+// mu = m2 / 2; u, w, v displacements times xi; T, S, Q tractions. All tractions are taken over m2 of their layer, and
+// so are compliances: (u, w) = c (T, S), v = c Q / mu. Steps: from the deepest layer that the field reaches upwards,
+// each interface's spring added to the compliance of what lies below; then downwards from the surface traction. Layer
+// 1's own half-space share is taken out, for it decays too slowly near the surface; half_space adds it in closed form.
+// A layer is taken in one of two ways:
+//   thick (q above ThinLimit): its field is exp(-zeta) dn(zeta) A + exp(-eta) up(eta) B with zeta the distance from its
+//   top
+//     and eta from its bottom, both times xi. The modes, as (u, w, T, S): dn (1, -1, -1, 1) and (zeta - k1, -zeta - k2,
+//     1 - zeta, zeta); up (1, 1, 1, 1) and (eta - k1, eta + k2, eta - 1, eta); scalar (v, Q / mu): dn (1, -1), up (1,
+//     1). Stored: e = exp(-q), R (B's amplitude from A's, without e), G^-1 (A's amplitude from the traction at the
+//     top), and the scalar rho and mu / g. Nothing grows.
+//   thin: there the modes nearly coincide and their sums cancel, the more the stiffer the layer is than what it lies
+//   on. So
+//     the state y = (u, w, T, S) is carried by the propagator of y' = B y,
+//     exp(-B q) = ch - sh B + (q sh / 2) N - ((q ch - sh) / 2) B N, N = B^2 - 1, N^2 = 0.
+//     Stored: c at the bottom and at the top, K^-1 (the traction at the bottom from that at the top).
+// Source: the two independent solutions of plane-strain elasticity exp(-x) and x exp(-x), and one of torsion, as in
+// Burmister (1945), J. Appl. Phys. 16, in terms of local exponentials.
 
 constexpr int MostLayers = 100;
+/// Largest q of a thin layer: sums of modes lose digits below 1, the propagator exp(2 q) above.
+constexpr double ThinLimit = 1.5;
 
-struct LayerState {
-    Vec E, R00, R01, R10, R11, Gi00, Gi01, Gi10, Gi11, Rho, InverseG;
-};
-
-/// Compliance at the top of the half-space below an interface, over nothing yet: (u, w) = C (T, S), v = c Q.
+/// Compliance over the layer's m2 (scalar: over mu).
 struct Compliance {
     Vec UU, UW, WW, VV;
 };
 
-inline Compliance HalfSpaceCompliance(double m2, double nu) {
+/// Traction over the layer's m2.
+struct Traction {
+    Vec T, S, Q;
+};
+
+/// One layer at one vector of nodes.
+struct LayerState {
+    bool Thin;
+    Vec E;                        // thick: exp(-q)
+    Vec R00, R01, R10, R11, Rho;  // thick
+    Vec I00, I01, I10, I11, IQ;   // thick: G^-1, mu / g; thin: K^-1
+    Compliance Top, Bottom;       // thin
+};
+
+inline Compliance HalfSpaceCompliance(double nu) {
     const double k1 = 2 * (1 - nu);
     const double k2 = 1 - 2 * nu;
-    return {All(-k1 / m2), All(-k2 / m2), All(-k1 / m2), All(-2 / m2)};
+    return {All(-k1), All(-k2), All(-k1), All(-1.0)};
 }
 
-/// Takes the compliance below a layer's bottom interface (spring included) to the layer's top, storing the layer's
-/// state.
-inline Compliance ThroughLayer(const Compliance& below, double m2, double nu, Vec q, LayerState& s) {
-    const double inverseM2 = 1 / m2;
+/// ch q, sh q and (q ch q - sh q) / 2 by their series, for 0 <= q <= ThinLimit.
+struct Hyperbolic {
+    Vec Cosh, Sinh, Third;
+};
+
+inline Hyperbolic HyperbolicOf(Vec q) {
+    const Vec x = q * q;
+    Vec c = All(1.0 / 2432902008176640000.0);
+    Vec s = All(1.0 / 51090942171709440000.0);
+    Vec t = All(10.0 / 51090942171709440000.0);
+    constexpr double Factorials[10] = {1.0,
+                                       6.0,
+                                       120.0,
+                                       5040.0,
+                                       362880.0,
+                                       39916800.0,
+                                       6227020800.0,
+                                       1307674368000.0,
+                                       355687428096000.0,
+                                       121645100408832000.0};
+    for (int k = 9; k >= 0; --k) {
+        const double f = Factorials[k];  // (2 k + 1)!, of the term q^(2 k + 1)
+        c = c * x + (2 * k + 1) / f;
+        s = s * x + 1.0 / f;
+        t = t * x + k / f;
+    }
+    return {c, s * q, t * q};
+}
+
+/// exp(-B q), rows and columns u, w, T, S.
+struct Propagator {
+    Vec P[4][4];
+    Vec Cosh, Sinh;
+};
+
+inline Propagator PropagatorOf(double nu, Vec q) {
+    const double d = 1 / (1 - nu);
+    const Hyperbolic f = HyperbolicOf(q);
+    const Vec a = f.Cosh, b = f.Sinh;
+    const Vec m = q * b * (0.5 * d), n = f.Third * d;
+    const Vec nb = b * (nu * d);
+    return {{{a + m, b + n, -2.0 * b - n, -m},
+             {-nb - n, a - m, m, n - b * ((1 - 2 * nu) * d)},
+             {-n - b * d, -m, a + m, nb + n},
+             {m, n, -b - n, a - m}},
+            a,
+            b};
+}
+
+/// The compliance below a thin layer taken to its top.
+inline void ThroughThin(const Propagator& p, const Compliance& below, LayerState& s) {
+    const Vec(&m)[4][4] = p.P;
+    s.Bottom = below;
+    const Vec uu = below.UU, uw = below.UW, ww = below.WW, c = below.VV;
+    const Vec k00 = m[2][0] * uu + m[2][1] * uw + m[2][2], k01 = m[2][0] * uw + m[2][1] * ww + m[2][3];
+    const Vec k10 = m[3][0] * uu + m[3][1] * uw + m[3][2], k11 = m[3][0] * uw + m[3][1] * ww + m[3][3];
+    const Vec inverse = 1.0 / (k00 * k11 - k01 * k10);
+    s.I00 = k11 * inverse;
+    s.I01 = -k01 * inverse;
+    s.I10 = -k10 * inverse;
+    s.I11 = k00 * inverse;
+    const Vec d00 = m[0][0] * uu + m[0][1] * uw + m[0][2], d01 = m[0][0] * uw + m[0][1] * ww + m[0][3];
+    const Vec d10 = m[1][0] * uu + m[1][1] * uw + m[1][2], d11 = m[1][0] * uw + m[1][1] * ww + m[1][3];
+    s.IQ = 1.0 / (p.Cosh - p.Sinh * c);
+    // c is symmetric (reciprocity): the mean of the two off-diagonal values keeps rounding from tilting it.
+    s.Top = {d00 * s.I00 + d01 * s.I10, 0.5 * (d00 * s.I01 + d01 * s.I11 + d10 * s.I00 + d11 * s.I10),
+             d10 * s.I01 + d11 * s.I11, (p.Cosh * c - p.Sinh) * s.IQ};
+}
+
+/// The same for a thick layer, whose E stands already.
+inline void ThroughThick(double nu, Vec q, const Compliance& below, LayerState& s) {
     const double k1 = 2 * (1 - nu);
     const double k2 = 1 - 2 * nu;
-    const Vec cuu = below.UU * m2, cuw = below.UW * m2, cww = below.WW * m2;
+    const Vec cuu = below.UU, cuw = below.UW, cww = below.WW, c = below.VV;
     const Vec e2 = s.E * s.E;
     const Vec m00 = 1.0 - cuu - cuw, m01 = cuu - k1, m10 = 1.0 - cuw - cww, m11 = cuw + k2;
     const Vec n00 = 1.0 + cuu - cuw, n01 = q - k1 - cuu * (1.0 - q) - cuw * q;
@@ -48,67 +135,100 @@ inline Compliance ThroughLayer(const Compliance& below, double m2, double nu, Ve
     const Vec g00 = e2 * (s.R00 + (q - 1.0) * s.R10) - 1.0, g01 = e2 * (s.R01 + (q - 1.0) * s.R11) + 1.0;
     const Vec g10 = e2 * (s.R00 + q * s.R10) + 1.0, g11 = e2 * (s.R01 + q * s.R11);
     const Vec gi = 1.0 / (g00 * g11 - g01 * g10);
-    s.Gi00 = g11 * gi;
-    s.Gi01 = -g01 * gi;
-    s.Gi10 = -g10 * gi;
-    s.Gi11 = g00 * gi;
+    s.I00 = g11 * gi;
+    s.I01 = -g01 * gi;
+    s.I10 = -g10 * gi;
+    s.I11 = g00 * gi;
     const Vec d00 = e2 * (s.R00 + (q - k1) * s.R10) + 1.0, d01 = e2 * (s.R01 + (q - k1) * s.R11) - k1;
     const Vec d10 = e2 * (s.R00 + (q + k2) * s.R10) - 1.0, d11 = e2 * (s.R01 + (q + k2) * s.R11) - k2;
-    const Vec c = below.VV * (0.5 * m2);
-    // rho = -(1 + c) / (1 - c) and 1 / (e2 rho - 1), which is mu / g, over one denominator.
+    // rho = -(1 + c) / (1 - c) and mu / g = 1 / (e2 rho - 1), over one denominator.
     const Vec more = 1.0 + c, less = 1.0 - c;
     const Vec sum = more * e2 + less;
     const Vec both = -1.0 / (less * sum);
     s.Rho = more * sum * both;
-    s.InverseG = less * less * both;
-    // C is symmetric (reciprocity): the mean of the two off-diagonal values keeps rounding from tilting it.
-    const Vec uw = 0.5 * (d00 * s.Gi01 + d01 * s.Gi11 + d10 * s.Gi00 + d11 * s.Gi10);
-    return {(d00 * s.Gi00 + d01 * s.Gi10) * inverseM2, uw * inverseM2, (d10 * s.Gi01 + d11 * s.Gi11) * inverseM2,
-            (e2 * s.Rho + 1.0) * s.InverseG * (2 * inverseM2)};
+    s.IQ = less * less * both;
+    s.Top = {d00 * s.I00 + d01 * s.I10, 0.5 * (d00 * s.I01 + d01 * s.I11 + d10 * s.I00 + d11 * s.I10),
+             d10 * s.I01 + d11 * s.I11, (e2 * s.Rho + 1.0) * s.IQ};
 }
 
-/// Traction over the layer's m2 at its top, going down.
-struct Traction {
-    Vec T, S, Q;
-};
-
-struct Amplitudes {
+/// Amplitudes of a thick layer, or the traction at the bottom of a thin one.
+struct LayerField {
     Vec A1, A2, B1, B2, As, Bs;
+    Traction Bottom;
 };
 
-/// Amplitudes from the traction over m2 at the top, and that traction at the bottom (over the same m2).
-inline Amplitudes DownLayer(const LayerState& s, Vec q, Traction& t) {
-    Amplitudes a;
-    a.A1 = s.Gi00 * t.T + s.Gi01 * t.S;
-    a.A2 = s.Gi10 * t.T + s.Gi11 * t.S;
-    a.B1 = s.E * (s.R00 * a.A1 + s.R01 * a.A2);
-    a.B2 = s.E * (s.R10 * a.A1 + s.R11 * a.A2);
-    a.As = 2.0 * s.InverseG * t.Q;  // Q over mu
-    a.Bs = s.E * s.Rho * a.As;
-    t.T = s.E * (a.A2 * (1.0 - q) - a.A1) + a.B1 - a.B2;
-    t.S = s.E * (a.A1 + q * a.A2) + a.B1;
-    t.Q = 0.5 * (a.Bs - s.E * a.As);
-    return a;
+/// The layer's field from the traction at its top, and the traction at its bottom (over the same m2).
+inline LayerField DownLayer(const LayerState& s, Vec q, Traction& t) {
+    LayerField f{};
+    const Vec first = s.I00 * t.T + s.I01 * t.S;
+    const Vec second = s.I10 * t.T + s.I11 * t.S;
+    if (s.Thin) {
+        t = {first, second, s.IQ * t.Q};
+        f.Bottom = t;
+        return f;
+    }
+    f.A1 = first;
+    f.A2 = second;
+    f.B1 = s.E * (s.R00 * f.A1 + s.R01 * f.A2);
+    f.B2 = s.E * (s.R10 * f.A1 + s.R11 * f.A2);
+    f.As = 2.0 * s.IQ * t.Q;  // Q over mu
+    f.Bs = s.E * s.Rho * f.As;
+    t.T = s.E * (f.A2 * (1.0 - q) - f.A1) + f.B1 - f.B2;
+    t.S = s.E * (f.A1 + q * f.A2) + f.B1;
+    t.Q = 0.5 * (f.Bs - s.E * f.As);
+    return f;
 }
 
-/// Layer 1 without its own half-space: amplitudes of the traction (T, S, Q) over m2 at the surface.
-inline void TakeOutHalfSpace(const LayerState& s, Vec q, double t, double n, double turned, Amplitudes& a) {
+/// Takes layer 1's own half-space out of a thick layer's amplitudes: (t, n, turned) the surface traction over m2.
+inline void TakeOutHalfSpace(const LayerState& s, Vec q, double t, double n, double turned, LayerField& f) {
     const Vec e2 = s.E * s.E;
-    const double a1 = n;  // F_dn(0)^-1: A1 = S / m2, A2 = T / m2 + A1
+    const double a1 = n;  // the half-space's amplitudes: A1 = S, A2 = T + A1
     const double a2 = t + n;
     const Vec p0 = e2 * (s.R00 * a1 + s.R01 * a2 + (q - 1.0) * (s.R10 * a1 + s.R11 * a2));
     const Vec p1 = e2 * (s.R00 * a1 + s.R01 * a2 + q * (s.R10 * a1 + s.R11 * a2));
-    a.A1 = -(s.Gi00 * p0 + s.Gi01 * p1);
-    a.A2 = -(s.Gi10 * p0 + s.Gi11 * p1);
-    a.As = 2.0 * turned * (e2 * s.Rho * s.InverseG);  // 2 turned (1 / (e2 rho - 1) + 1)
+    f.A1 = -(s.I00 * p0 + s.I01 * p1);
+    f.A2 = -(s.I10 * p0 + s.I11 * p1);
+    f.As = 2.0 * turned * (e2 * s.Rho * s.IQ);  // 2 turned (1 / (e2 rho - 1) + 1)
 }
 
 struct FieldValues {
-    Vec U, W, T, S, V, Q;
+    Vec U, W, T, S, V, Q;  // Q over m2
 };
 
-/// The field at a depth; tractions over m2.
-inline FieldValues FieldAt(const Amplitudes& a, double nu, Vec xi, const KernelDepth& depth, bool last) {
+/// The half-space's field of amplitudes a1, a2 and as, to be taken away from a thin layer 1.
+inline void SubtractHalfSpace(double nu, Vec zeta, double a1, double a2, double as, FieldValues& f) {
+    const double k1 = 2 * (1 - nu);
+    const double k2 = 1 - 2 * nu;
+    const Vec down = ExpMinus(zeta);
+    f.U -= down * (a1 + a2 * (zeta - k1));
+    f.W += down * (a1 + a2 * (zeta + k2));
+    f.T -= down * (a2 * (1.0 - zeta) - a1);
+    f.S -= down * (a1 + a2 * zeta);
+    f.V -= down * as;
+    f.Q += down * (0.5 * as);
+}
+
+inline FieldValues ThinFieldAt(const LayerState& s, const LayerField& layer, double nu, Vec xi,
+                               const KernelDepth& depth) {
+    const Traction& t = layer.Bottom;
+    const Compliance& c = s.Bottom;
+    const Vec u = c.UU * t.T + c.UW * t.S, w = c.UW * t.T + c.WW * t.S;
+    const Vec q = 2.0 * t.Q, v = c.VV * q;  // Q over mu
+    if (depth.FromBottom == 0) {
+        return {u, w, t.T, t.S, v, t.Q};
+    }
+    const Propagator p = PropagatorOf(nu, xi * depth.FromBottom);
+    const Vec(&m)[4][4] = p.P;
+    return {m[0][0] * u + m[0][1] * w + m[0][2] * t.T + m[0][3] * t.S,
+            m[1][0] * u + m[1][1] * w + m[1][2] * t.T + m[1][3] * t.S,
+            m[2][0] * u + m[2][1] * w + m[2][2] * t.T + m[2][3] * t.S,
+            m[3][0] * u + m[3][1] * w + m[3][2] * t.T + m[3][3] * t.S,
+            p.Cosh * v - p.Sinh * q,
+            0.5 * (p.Cosh * q - p.Sinh * v)};
+}
+
+/// The field at a depth of a thick layer, or of the last.
+inline FieldValues ThickFieldAt(const LayerField& a, double nu, Vec xi, const KernelDepth& depth, bool last) {
     const double k1 = 2 * (1 - nu);
     const double k2 = 1 - 2 * nu;
     const Vec zeta = xi * depth.FromTop;
@@ -184,23 +304,30 @@ inline int Downwards(const LayeredSystem& system, const LayerState* states, Vec 
         const double m2 = system.M2[layer];
         const double nu = system.Nu[layer];
         const bool last = layer == bottom;
+        const bool thin = !last && states[layer].Thin;
         const Vec q = xi * system.Thickness[layer];
         const double change = above / m2;
         above = m2;
         t.T *= All(change);
         t.S *= All(change);
         t.Q *= All(change);
-        Amplitudes a;
+        LayerField field{};
         if (last) {
-            a = {t.S, t.T + t.S, All(0), All(0), -2.0 * t.Q, All(0)};
+            field.A1 = t.S;
+            field.A2 = t.T + t.S;
+            field.As = -2.0 * t.Q;
         } else {
-            a = DownLayer(states[layer], q, t);
-            if (layer == 0) {
-                TakeOutHalfSpace(states[0], q, t0 / m2, s0 / m2, q0 / m2, a);
+            field = DownLayer(states[layer], q, t);
+            if (layer == 0 && !thin) {
+                TakeOutHalfSpace(states[0], q, t0 / m2, s0 / m2, q0 / m2, field);
             }
         }
         for (; next < depthCount && depths[next].Layer == layer; ++next) {
-            const FieldValues f = FieldAt(a, nu, xi, depths[next], last);
+            FieldValues f = thin ? ThinFieldAt(states[layer], field, nu, xi, depths[next])
+                                 : ThickFieldAt(field, nu, xi, depths[next], last);
+            if (thin && layer == 0) {
+                SubtractHalfSpace(nu, xi * depths[next].FromTop, s0 / m2, (t0 + s0) / m2, -2 * q0 / m2, f);
+            }
             double* row = out + next * RowCount * NodeBlock;
             if (horizontal) {
                 StoreHorizontal(f, inverseXi, row);
@@ -227,22 +354,43 @@ inline int Downwards(const LayeredSystem& system, const LayerState* states, Vec 
     return layer < bottom ? layer : bottom;
 }
 
+/// All layers' states at one vector of nodes, from layer `bottom` upwards.
+inline void Upwards(const LayeredSystem& system, double radius, Vec xi, int bottom, LayerState* states) {
+    Compliance c = HalfSpaceCompliance(system.Nu[bottom]);
+    double m2Below = system.M2[bottom];
+    Propagator propagator;
+    for (int i = bottom - 1; i >= 0; --i) {
+        LayerState& s = states[i];
+        const double m2 = system.M2[i];
+        const double ratio = m2 / m2Below;
+        const double spring = system.Spring[i] * radius * m2;
+        const Compliance below = {c.UU * ratio - xi * spring, c.UW * ratio, c.WW * ratio,
+                                  c.VV * ratio - xi * (0.5 * spring)};
+        const Vec q = xi * system.Thickness[i];
+        s.Thin = q[ZIRVO_LANES - 1] <= ThinLimit;  // the largest: wavenumbers ascend
+        // Many layers of one thickness share their exponential, the dearest part of a layer.
+        const bool same = i + 1 < bottom && system.Thickness[i] == system.Thickness[i + 1];
+        if (s.Thin) {
+            if (!same || system.Nu[i] != system.Nu[i + 1]) {
+                propagator = PropagatorOf(system.Nu[i], q);
+            }
+            ThroughThin(propagator, below, s);
+        } else {
+            s.E = same ? states[i + 1].E : ExpMinus(q);
+            ThroughThick(system.Nu[i], q, below, s);
+        }
+        c = s.Top;
+        m2Below = m2;
+    }
+}
+
 void Kernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
              int depthCount, bool vertical, bool horizontal, int& deepest, double* out) {
     LayerState states[MostLayers];
     for (int node = 0; node < nodes; node += ZIRVO_LANES) {
         const Vec x = Load(xi + node);
         const int bottom = deepest;
-        Compliance c = HalfSpaceCompliance(system.M2[bottom], system.Nu[bottom]);
-        for (int i = bottom - 1; i >= 0; --i) {
-            const Vec spring = x * (system.Spring[i] * radius);
-            c.UU -= spring;
-            c.VV -= spring;
-            // Many layers of one thickness share their exponential, the dearest part of a layer.
-            const bool same = i + 1 < bottom && system.Thickness[i] == system.Thickness[i + 1];
-            states[i].E = same ? states[i + 1].E : ExpMinus(x * system.Thickness[i]);
-            c = ThroughLayer(c, system.M2[i], system.Nu[i], x * system.Thickness[i], states[i]);
-        }
+        Upwards(system, radius, x, bottom, states);
         int reach = 0;
         if (vertical) {
             reach = Downwards(system, states, x, bottom, false, depths, depthCount, out + node);

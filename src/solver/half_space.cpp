@@ -23,8 +23,8 @@ struct Summer {
     }
 };
 
-void SetSurfaceIntegrals(double a, double r, HalfSpaceIntegrals& integrals) {
-    switch (ContactOf(r, a)) {
+void SetSurfaceIntegrals(double a, double gap, HalfSpaceIntegrals& integrals) {
+    switch (ContactOf(gap, a)) {
         case Contact::Inside:
             integrals.I[0][1] = 1;
             integrals.I[2][1] = 0;
@@ -35,7 +35,7 @@ void SetSurfaceIntegrals(double a, double r, HalfSpaceIntegrals& integrals) {
             break;
         case Contact::Outside:
             integrals.I[0][1] = 0;
-            integrals.I[2][1] = (a / r) * (a / r);
+            integrals.I[2][1] = (a / (a + gap)) * (a / (a + gap));
             break;
     }
 }
@@ -71,21 +71,21 @@ void AddHorizontal(const Summer& sum, double nu, double m2, std::array<double, R
 
 }  // namespace
 
-Contact ContactOf(double r, double a) {
-    if (std::fabs(r - a) <= EdgeShare * a) {
+Contact ContactOf(double gap, double a) {
+    if (std::fabs(gap) <= EdgeShare * a) {
         return Contact::Edge;
     }
-    return r < a ? Contact::Inside : Contact::Outside;
+    return gap < 0 ? Contact::Inside : Contact::Outside;
 }
 
-std::array<double, RowCount> HalfSpaceRows(const Engine& engine, double m2, double nu, double a, double r, double z,
+std::array<double, RowCount> HalfSpaceRows(const Engine& engine, double m2, double nu, double a, double gap, double z,
                                            bool vertical, bool horizontal) {
     std::array<double, RowCount> rows{};
     HalfSpaceIntegrals integrals;
-    const bool edge = z == 0 && ContactOf(r, a) == Contact::Edge;
-    engine.HalfSpace(Angles(), a, edge ? a : r, z, integrals);
+    const bool edge = z == 0 && ContactOf(gap, a) == Contact::Edge;
+    engine.HalfSpace(Angles(), a, edge ? 0 : gap, z, integrals);
     if (z == 0) {
-        SetSurfaceIntegrals(a, r, integrals);
+        SetSurfaceIntegrals(a, gap, integrals);
     }
     const Summer sum{integrals, z};
     if (vertical) {
@@ -94,9 +94,9 @@ std::array<double, RowCount> HalfSpaceRows(const Engine& engine, double m2, doub
     if (horizontal) {
         AddHorizontal(sum, nu, m2, rows);
         if (edge) {
-            for (const double factor : {1 - EdgeMean, 1 + EdgeMean}) {
+            for (const double side : {-EdgeMean, EdgeMean}) {
                 HalfSpaceIntegrals beside;
-                engine.HalfSpace(Angles(), a, a * factor, 0, beside);
+                engine.HalfSpace(Angles(), a, a * side, 0, beside);
                 AddInfinite({beside, 0}, nu, m2, 0.5, rows);
             }
         } else {

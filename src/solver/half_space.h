@@ -15,13 +15,14 @@ inline constexpr double EdgeMean = 1e-3;
 /// Where a point of the surface lies.
 enum class Contact { Inside, Edge, Outside };
 
-/// For r and a in cm.
-Contact ContactOf(double r, double a);
+/// For a point `gap` outside the edge (inside: negative) of a circle of radius a, in cm.
+Contact ContactOf(double gap, double a);
 
-/// Rows of the half-space of modulus m2 = E / (1 + nu), unit pressure and unit shear, at (r, z) of a circle of radius
-/// a; all in cm. At z = 0 on the edge: means, as EdgeMean tells, in the rows that are infinite.
+/// Rows of the half-space of modulus m2 = E / (1 + nu), unit pressure and unit shear, at depth z and the
+/// distance `gap` outside the edge of a circle of radius a (inside: negative); all in cm. At z = 0 on the edge: means,
+/// as EdgeMean tells, in the rows that are infinite.
 /// @param vertical, horizontal  which of the two loads is wanted; the other's rows are 0.
-std::array<double, RowCount> HalfSpaceRows(const Engine& engine, double m2, double nu, double a, double r, double z,
+std::array<double, RowCount> HalfSpaceRows(const Engine& engine, double m2, double nu, double a, double gap, double z,
                                            bool vertical, bool horizontal);
 
 }  // namespace zirvo::solver

@@ -15,9 +15,9 @@ constexpr double EndedKernel = 1e-15;  // share of its peak below which a kernel
 constexpr double EndedPhase = 40;      // and xi * ze above which it may
 constexpr int TailNodes = 4;           // nodes over which that is judged
 constexpr int ExtraNodes = 64;         // block beyond the expected end
-constexpr long MostNodes = 400000;     // of one level
+constexpr long MostNodes = 3000000;    // of one level
 constexpr int MostRefinements = 2;
-constexpr double Rounding = 2e-16;      // of the sum of magnitudes
+constexpr double Rounding = 1e-15;      // of the sum of magnitudes
 constexpr double AbsoluteGoal = 1e-14;  // error that needs no refinement, in units of the load
 constexpr double RelativeGoal = 5e-11;  // or as a share of the value
 constexpr double TailShare = 0.25;      // of the last two Chebyshev coefficients: what follows them at most
@@ -53,30 +53,60 @@ LayeredSystem LayerTable::View() const {
     return {static_cast<int>(M2.size()), M2.data(), Nu.data(), Thickness.data(), Spring.data()};
 }
 
+namespace {
+
+/// Cosine and sine of an angle in degrees; of multiples of a right angle exactly, so that a braking load along an axis
+/// has no part across it.
+std::array<double, 2> DirectionOf(double degrees) {
+    const double turn = std::remainder(degrees, 360.0);
+    const double quarter = std::nearbyint(turn / 90);
+    const double rest = (turn - 90 * quarter) * (PiValue / 180);
+    std::array<double, 2> direction{std::cos(rest), std::sin(rest)};
+    for (int i = (static_cast<int>(quarter) + 4) % 4; i > 0; --i) {
+        direction = {-direction[1], direction[0]};
+    }
+    return direction;
+}
+
+void AddLoad(const Load& load, LoadGroup& group) {
+    const double area = CircleArea(load.Radius);
+    const auto [cosine, sine] = DirectionOf(load.Angle);
+    const GroupLoad added{load.X, load.Y, load.Vertical / area, load.Horizontal / area, cosine, sine};
+    for (GroupLoad& before : group.Loads) {
+        if (before.X != added.X || before.Y != added.Y) {
+            continue;
+        }
+        before.Pressure += added.Pressure;
+        if (added.Shear != 0) {
+            const double x = before.Shear * before.Cos + added.Shear * added.Cos;
+            const double y = before.Shear * before.Sin + added.Shear * added.Sin;
+            before.Shear = std::hypot(x, y);
+            before.Cos = before.Shear > 0 ? x / before.Shear : 1;
+            before.Sin = before.Shear > 0 ? y / before.Shear : 0;
+        }
+        return;
+    }
+    group.Loads.push_back(added);
+}
+
+}  // namespace
+
+double CircleArea(double radius) {
+    return PiValue * radius * radius;
+}
+
 std::vector<LoadGroup> GroupLoads(const Problem& problem) {
     std::map<double, LoadGroup> byRadius;
     for (const Load& load : problem.Loads) {
-        LoadGroup& group = byRadius[load.Radius];
-        group.Radius = load.Radius;
-        const double area = PiValue * load.Radius * load.Radius;
-        // Multiples of a right angle exactly, so that a braking load along an axis has no part across it.
-        const double turn = std::remainder(load.Angle, 360.0);
-        const double quarter = std::nearbyint(turn / 90);
-        const double rest = (turn - 90 * quarter) * (PiValue / 180);
-        double cosine = std::cos(rest);
-        double sine = std::sin(rest);
-        for (int i = (static_cast<int>(quarter) + 4) % 4; i > 0; --i) {
-            const double old = cosine;
-            cosine = -sine;
-            sine = old;
-        }
-        group.Loads.push_back({load.X, load.Y, load.Vertical / area, load.Horizontal / area, cosine, sine});
-        group.Vertical = group.Vertical || load.Vertical != 0;
-        group.Horizontal = group.Horizontal || load.Horizontal != 0;
+        byRadius[load.Radius].Radius = load.Radius;
+        AddLoad(load, byRadius[load.Radius]);
     }
     std::vector<LoadGroup> groups;
-    groups.reserve(byRadius.size());
     for (auto& [radius, group] : byRadius) {
+        for (const GroupLoad& load : group.Loads) {
+            group.Vertical = group.Vertical || load.Pressure != 0;
+            group.Horizontal = group.Horizontal || load.Shear != 0;
+        }
         groups.push_back(std::move(group));
     }
     return groups;
@@ -107,7 +137,8 @@ public:
     void Run() {
         for (int refinement = 0;; ++refinement) {
             Sum(refinement);
-            if (Finish() || refinement == MostRefinements) {
+            // A finer step must not cut a sum short that had ended.
+            if (Finish() || refinement == MostRefinements || 2 * nodes_ > MostNodes) {
                 return;
             }
         }
@@ -138,6 +169,7 @@ private:
     std::size_t levelIndex_;
     int sources_;
     NodeRule rule_;
+    long nodes_ = 0;  // of the last pass
     std::vector<KernelDepth> depths_;
     std::vector<double> radii_;      // of all tiles
     std::vector<double> loadRadii_;  // of the groups, in tiles
@@ -219,6 +251,7 @@ void LevelSum::Sum(int refinement) {
         FillNodes(rule_, first, nodes, xi_, weight);
         SumBlock(weight, nodes);
         first += nodes;
+        nodes_ = first;
         const double xi = xi_[nodes - 1];
         if (xi > WindowEnd(rule_) || first >= MostNodes || Ended(xi)) {
             return;

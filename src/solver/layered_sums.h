@@ -38,7 +38,10 @@ struct LayerTable {
     LayeredSystem View() const;
 };
 
-/// The loads by radius, ascending.
+/// Area of a circle [cm2].
+double CircleArea(double radius);
+
+/// The loads by radius, ascending. Loads in one place are one load, so that what cancels leaves no error behind.
 std::vector<LoadGroup> GroupLoads(const Problem& problem);
 
 /// Errors of the sums of one item at one depth, per unit pressure and per unit shear: of displacements [cm] and of

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cmath>
 #include <exception>
+#include <limits>
 #include <mutex>
 #include <thread>
 
@@ -19,6 +20,7 @@ namespace zirvo::solver {
 namespace {
 
 constexpr std::size_t MostSources = 16;
+constexpr std::size_t SmallWork = 1000;
 constexpr double NarrowestShare = 0.1;
 constexpr double DepthGoal = 1e-13;       // of interpolation in z, in units of the load
 constexpr double HalfSpaceError = 2e-14;  // of the closed form, as a share of a unit load
@@ -33,15 +35,41 @@ struct Work {
     std::vector<PointResult>& Results;
 };
 
-LoadScale ScaleOf(const std::vector<LoadGroup>& groups) {
+LoadScale ScaleOf(const Problem& problem) {
     LoadScale scale;
-    for (const LoadGroup& group : groups) {
-        scale.Radius = std::max(scale.Radius, group.Radius);
-        for (const GroupLoad& load : group.Loads) {
-            scale.Pressure = std::max({scale.Pressure, std::fabs(load.Pressure), std::fabs(load.Shear)});
-        }
+    for (const Load& load : problem.Loads) {
+        const double area = CircleArea(load.Radius);
+        scale.Radius = std::max(scale.Radius, load.Radius);
+        scale.Pressure = std::max({scale.Pressure, std::fabs(load.Vertical) / area, std::fabs(load.Horizontal) / area});
     }
     return scale;
+}
+
+/// True where all numbers are such that the sums are finite in size and in time. Beyond lie numbers that are no
+/// pavement.
+bool WithinReach(const Problem& problem) {
+    constexpr double Largest = 1e12;
+    constexpr double Smallest = 1e-12;
+    constexpr double LargestModulus = 1e30;
+    constexpr double LargestForce = 1e100;
+    const auto length = [](double x) { return std::fabs(x) <= Largest; };
+    const auto size = [](double x) { return x >= Smallest && x <= Largest; };
+    const auto force = [](double x) { return std::fabs(x) <= LargestForce; };
+    for (std::size_t i = 0; i < problem.Layers.size(); ++i) {
+        const Layer& layer = problem.Layers[i];
+        const bool last = i + 1 == problem.Layers.size();
+        if (!(layer.Modulus >= 1 / LargestModulus && layer.Modulus <= LargestModulus) ||
+            !(last || size(layer.Thickness))) {
+            return false;
+        }
+    }
+    const bool loads = std::all_of(problem.Loads.begin(), problem.Loads.end(), [&](const Load& load) {
+        return size(load.Radius) && length(load.X) && length(load.Y) && force(load.Vertical) &&
+               force(load.Horizontal) && force(load.Angle);
+    });
+    return loads && std::all_of(problem.Points.begin(), problem.Points.end(), [&](const Point& point) {
+               return length(point.X) && length(point.Y) && length(point.Z);
+           });
 }
 
 /// One chunk: its sums, then its points.
@@ -218,6 +246,7 @@ void ChunkWork::AddPlace(std::size_t first, std::size_t last) {
 void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t sum,
                         std::size_t first, std::size_t last) {
     const double radius = work_.Groups[group].Radius;
+    const double gap = GapFrom(load, radius, position, chunk_.Points[first].X, chunk_.Points[first].Y);
     std::array<double, ChebyshevCount> weights{1};
     std::size_t item = 0;
     if (!table_.empty()) {
@@ -243,7 +272,7 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
                                            : depthErrors_[group * table_[0].Items().size() + item];
             }
             if (depth.Layer == 0) {
-                const auto own = HalfSpaceRows(work_.TheEngine, m2, work_.Layers.Nu[0], radius, position.R, depth.Z,
+                const auto own = HalfSpaceRows(work_.TheEngine, m2, work_.Layers.Nu[0], radius, gap, depth.Z,
                                                load.Pressure != 0, load.Shear != 0);
                 for (std::size_t row = 0; row < RowCount; ++row) {
                     rows[row] += own[row];
@@ -267,7 +296,7 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
         sums.StrainError += p * errors.Strain[0] + h * errors.Strain[1];
         sums.DisplacementError += p * errors.Displacement[0] + h * errors.Displacement[1];
         if (depth.Z == 0) {
-            AddSurfaceTraction(load, radius, position.R, sums);
+            AddSurfaceTraction(load, radius, gap, sums);
         }
     }
 }
@@ -299,8 +328,16 @@ void ChunkWork::AddLayered(std::size_t group, std::size_t item, const std::array
 Solution Solve(const Problem& problem, const SolveOptions& options) {
     Solution solution;
     solution.Points.resize(problem.Points.size());
+    if (!WithinReach(problem)) {
+        for (PointResult& point : solution.Points) {
+            point.Values.fill(std::numeric_limits<double>::quiet_NaN());
+            point.Estimates.fill(std::numeric_limits<double>::infinity());
+        }
+        solution.LargestEstimate = std::numeric_limits<double>::infinity();
+        return solution;
+    }
     std::vector<LoadGroup> groups = GroupLoads(problem);
-    const LoadScale scale = ScaleOf(groups);
+    const LoadScale scale = ScaleOf(problem);
     const Work work{problem, LayerTable(problem), std::move(groups), BestEngine(), scale, solution.Points};
     const auto chunks = PlanDepths(problem, MostSources);
 
@@ -317,7 +354,9 @@ Solution Solve(const Problem& problem, const SolveOptions& options) {
             failure = std::current_exception();
         }
     };
-    const unsigned machine = std::max(1U, std::thread::hardware_concurrency());
+    // A road's few hundred pairs of points and loads are done before a second thread has started.
+    const bool small = problem.Points.size() * problem.Loads.size() <= SmallWork;
+    const unsigned machine = small ? 1 : std::max(1U, std::thread::hardware_concurrency());
     const unsigned wanted = options.Threads > 0 ? static_cast<unsigned>(options.Threads) : machine;
     std::vector<std::thread> helpers;
     for (unsigned i = 1; i < std::min<std::size_t>(wanted, chunks.size()); ++i) {

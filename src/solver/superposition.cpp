@@ -19,6 +19,45 @@ PolarPosition PositionFrom(const GroupLoad& load, double x, double y) {
     return position;
 }
 
+namespace {
+
+/// A sum of doubles kept in two parts.
+struct TwoSum {
+    double High = 0, Low = 0;
+
+    void Add(double x) {
+        const double sum = High + x;
+        const double part = sum - High;
+        Low += (High - (sum - part)) + (x - part);
+        High = sum;
+    }
+    void AddSquare(double x, double sign) {
+        const double square = x * x;
+        Add(sign * square);
+        Add(sign * std::fma(x, x, -square));
+    }
+    /// (x - y)^2, with what the difference loses to rounding.
+    void AddSquaredDifference(double x, double y) {
+        TwoSum difference{x, 0};
+        difference.Add(-y);
+        AddSquare(difference.High, 1);
+        Add(2 * difference.High * difference.Low);
+    }
+};
+
+}  // namespace
+
+double GapFrom(const GroupLoad& load, double radius, const PolarPosition& position, double x, double y) {
+    if (std::fabs(position.R - radius) > 0.1 * radius) {
+        return position.R - radius;
+    }
+    TwoSum sum;  // r^2 - a^2
+    sum.AddSquaredDifference(x, load.X);
+    sum.AddSquaredDifference(y, load.Y);
+    sum.AddSquare(radius, -1);
+    return (sum.High + sum.Low) / (position.R + radius);
+}
+
 void AddRows(const GroupLoad& load, const PolarPosition& position, const double* rows, PointSums& sums) {
     const double c = position.Cos;
     const double s = position.Sin;
@@ -66,8 +105,8 @@ void AddRows(const GroupLoad& load, const PolarPosition& position, const double*
     }
 }
 
-void AddSurfaceTraction(const GroupLoad& load, double radius, double r, PointSums& sums) {
-    const Contact contact = ContactOf(r, radius);
+void AddSurfaceTraction(const GroupLoad& load, double radius, double gap, PointSums& sums) {
+    const Contact contact = ContactOf(gap, radius);
     if (contact == Contact::Outside) {
         return;
     }

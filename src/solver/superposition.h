@@ -16,6 +16,10 @@ struct PolarPosition {
 /// Position of (x, y) seen from the load; on the axis the angle is 0.
 PolarPosition PositionFrom(const GroupLoad& load, double x, double y);
 
+/// Distance of (x, y) outside the edge of the load (inside: negative), to the last digit also where it is far smaller
+/// than the coordinates: the field near the edge hangs on it.
+double GapFrom(const GroupLoad& load, double radius, const PolarPosition& position, double x, double y);
+
 /// What is added up at a point. Tractions over m2 of the point's layer, strains as plain numbers, displacements in cm.
 struct PointSums {
     double U = 0, V = 0, W = 0;
@@ -34,7 +38,7 @@ struct PointSums {
 void AddRows(const GroupLoad& load, const PolarPosition& position, const double* rows, PointSums& sums);
 
 /// Adds the traction that one load puts on the surface, for points at z = 0.
-void AddSurfaceTraction(const GroupLoad& load, double radius, double r, PointSums& sums);
+void AddSurfaceTraction(const GroupLoad& load, double radius, double gap, PointSums& sums);
 
 /// The unit in which errors may vanish: largest pressure (or shear) and radius of the loads.
 struct LoadScale {
