@@ -47,9 +47,9 @@ CaseFile ReadCaseFile(const std::string& path) {
     return file;
 }
 
-std::vector<std::string> CaseFilePaths() {
+std::vector<std::string> CaseFilePaths(const std::string& folder) {
     std::vector<std::string> paths;
-    for (const auto& entry : std::filesystem::directory_iterator(ZIRVO_TEST_DATA "/cases")) {
+    for (const auto& entry : std::filesystem::directory_iterator(std::string(ZIRVO_TEST_DATA "/") + folder)) {
         if (entry.path().extension() == ".json") {
             paths.push_back(entry.path().string());
         }

@@ -19,8 +19,8 @@ struct CaseFile {
 
 CaseFile ReadCaseFile(const std::string& path);
 
-/// Paths of all case files, by name.
-std::vector<std::string> CaseFilePaths();
+/// Paths of all case files in a folder of the test data, by name.
+std::vector<std::string> CaseFilePaths(const std::string& folder = "cases");
 
 /// Worst errors of a solution in the three groups, as shares of what is allowed: 1E-9 of the largest value of the group
 /// at the point plus 1E-13 in units of the load.

@@ -30,6 +30,21 @@ TEST(TrueValues, EveryCaseIsWithinTheThousandMillionthPart) {
     }
 }
 
+TEST(TrueValues, ThinStiffLayersCancellingLoadsAndEdgesOfLargeCirclesAreAsGood) {
+    const auto paths = CaseFilePaths("hard_cases");
+    ASSERT_EQ(paths.size(), 5U);
+    for (const std::string& path : paths) {
+        const CaseFile file = ReadCaseFile(path);
+        const Solution solution = Solve(file.TheProblem, {1});
+        const CaseErrors errors = Compare(file, solution);
+        EXPECT_LT(solution.LargestEstimate, PromisedError) << file.Name;
+        for (std::size_t g = 0; g < 3; ++g) {
+            EXPECT_LT(errors.Worst[g], 0.02) << file.Name << " group " << g << ' ' << errors.Where;
+            EXPECT_LE(errors.Worst[g] * 1e-9, errors.WorstEstimate[g] + 1e-12) << file.Name << " group " << g;
+        }
+    }
+}
+
 TEST(TrueValues, EstimatesKeepThePromiseAndAreNotBelowTheErrors) {
     for (const std::string& path : CaseFilePaths()) {
         const CaseFile file = ReadCaseFile(path);

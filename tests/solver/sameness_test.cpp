@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <random>
 
 #include "solver/layered_sums.h"
@@ -99,6 +100,69 @@ TEST(Sameness, OrderOfLoadsAndPointsDoesNotMatter) {
     const Solution b = Solve(turned, {1});
     for (std::size_t i = 0; i < problem.Points.size(); ++i) {
         EXPECT_LT(Disagreement(problem, i, a.Points[i], b.Points[problem.Points.size() - 1 - i]), 1e-3);
+    }
+}
+
+TEST(Sameness, LoadsInOnePlaceAreOneLoadAndMayCancel) {
+    Problem two = ClassicRoad(0.3);
+    Problem one = two;
+    two.Loads = {{300, 15, 1, 2, 40, 0}, {190, 15, 1, 2, 30, 90}};
+    one.Loads = {{490, 15, 1, 2, 50, std::atan2(30, 40) * 180 / 3.14159265358979323846}};
+    const Point point{2, 9, 4, 30};
+    two.Points = {point};
+    EXPECT_LT(Disagreement(two, 0, At(one, point), At(two, point)), 0.01);
+    two.Loads = {{300, 15, 1, 2, 40, 0}, {-300, 15, 1, 2, 40, 180}};
+    const PointResult nothing = At(two, point);
+    for (const double value : nothing.Values) {
+        EXPECT_NEAR(value, 0, 1e-15);
+    }
+    for (const double estimate : nothing.Estimates) {
+        EXPECT_LT(estimate, PromisedError);
+    }
+}
+
+// Numbers that are no pavement give no numbers back, and at once.
+TEST(Sameness, AbsurdSizesGiveNoNumbers) {
+    for (int kind = 0; kind < 5; ++kind) {
+        Problem problem = ClassicRoad(0.3);
+        problem.Loads = {Wheel()};
+        Point point{3, 5, 5, 60};
+        switch (kind) {
+            case 0:
+                problem.Layers[0].Thickness = 1e15;
+                point = {1, 5, 5, 60};
+                break;
+            case 1:
+                problem.Loads[0].Radius = 1e300;
+                break;
+            case 2:
+                point.X = 1e30;
+                break;
+            case 3:
+                problem.Layers[1].Modulus = 1e300;
+                break;
+            default:
+                problem.Loads[0].Vertical = std::numeric_limits<double>::infinity();
+                break;
+        }
+        const PointResult result = At(problem, point);
+        EXPECT_TRUE(std::isnan(result.Values[W])) << kind;
+        EXPECT_TRUE(std::isinf(result.Estimates[0])) << kind;
+    }
+}
+
+// On the plane of symmetry between two wheels nothing is turned: zeros, no noise that a report would show.
+TEST(Sameness, ValuesThatVanishBySymmetryAreZeros) {
+    Problem problem = ClassicRoad(0);
+    problem.Loads = {{245, 11, -16, 0, 0, 0}, {245, 11, 16, 0, 0, 0}};
+    for (const Point& point : {Point{1, 0, 7, 0}, Point{1, 0, 7, 9}, Point{2, 0, 40, 30}}) {
+        const auto v = At(problem, point).Values;
+        EXPECT_EQ(v[U], 0);
+        EXPECT_EQ(v[TAUxy], 0);
+        EXPECT_EQ(v[TAUzx], 0);
+        EXPECT_EQ(v[GAMxy], 0);
+        EXPECT_NE(v[V], 0);
+        EXPECT_FALSE(std::signbit(v[U]));
     }
 }
 
