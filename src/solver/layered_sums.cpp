@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
 
 #include "solver/tables.h"
 #include "solver/wavenumbers.h"
@@ -21,7 +20,6 @@ constexpr double Rounding = 1e-15;      // of the sum of magnitudes
 constexpr double AbsoluteGoal = 1e-14;  // error that needs no refinement, in units of the load
 constexpr double RelativeGoal = 5e-11;  // or as a share of the value
 constexpr double TailShare = 0.25;      // of the last two Chebyshev coefficients: what follows them at most
-constexpr double PiValue = 3.14159265358979323846;
 
 /// Size of J1(x) without its oscillation.
 double Envelope(double x) {
@@ -36,81 +34,6 @@ int RowsTo(const LoadGroup& group) {
 }
 
 }  // namespace
-
-LayerTable::LayerTable(const Problem& problem) : Tops(LayerTopsOf(problem)) {
-    for (const Layer& layer : problem.Layers) {
-        const bool last = M2.size() + 1 == problem.Layers.size();
-        M2.push_back(layer.Modulus / (1 + layer.PoissonRatio));
-        Nu.push_back(layer.PoissonRatio);
-        Thickness.push_back(last ? 0 : layer.Thickness);
-        Spring.push_back(last ? 0 : layer.SlipRate / (1 - layer.SlipRate) * (1 + layer.PoissonRatio) / layer.Modulus);
-        Slips = Slips || (!last && layer.SlipRate > 0);
-    }
-    TotalThickness = Tops.back();
-}
-
-LayeredSystem LayerTable::View() const {
-    return {static_cast<int>(M2.size()), M2.data(), Nu.data(), Thickness.data(), Spring.data()};
-}
-
-namespace {
-
-/// Cosine and sine of an angle in degrees; of multiples of a right angle exactly, so that a braking load along an axis
-/// has no part across it.
-std::array<double, 2> DirectionOf(double degrees) {
-    const double turn = std::remainder(degrees, 360.0);
-    const double quarter = std::nearbyint(turn / 90);
-    const double rest = (turn - 90 * quarter) * (PiValue / 180);
-    std::array<double, 2> direction{std::cos(rest), std::sin(rest)};
-    for (int i = (static_cast<int>(quarter) + 4) % 4; i > 0; --i) {
-        direction = {-direction[1], direction[0]};
-    }
-    return direction;
-}
-
-void AddLoad(const Load& load, LoadGroup& group) {
-    const double area = CircleArea(load.Radius);
-    const auto [cosine, sine] = DirectionOf(load.Angle);
-    const GroupLoad added{load.X, load.Y, load.Vertical / area, load.Horizontal / area, cosine, sine};
-    for (GroupLoad& before : group.Loads) {
-        if (before.X != added.X || before.Y != added.Y) {
-            continue;
-        }
-        before.Pressure += added.Pressure;
-        if (added.Shear != 0) {
-            const double x = before.Shear * before.Cos + added.Shear * added.Cos;
-            const double y = before.Shear * before.Sin + added.Shear * added.Sin;
-            before.Shear = std::hypot(x, y);
-            before.Cos = before.Shear > 0 ? x / before.Shear : 1;
-            before.Sin = before.Shear > 0 ? y / before.Shear : 0;
-        }
-        return;
-    }
-    group.Loads.push_back(added);
-}
-
-}  // namespace
-
-double CircleArea(double radius) {
-    return PiValue * radius * radius;
-}
-
-std::vector<LoadGroup> GroupLoads(const Problem& problem) {
-    std::map<double, LoadGroup> byRadius;
-    for (const Load& load : problem.Loads) {
-        byRadius[load.Radius].Radius = load.Radius;
-        AddLoad(load, byRadius[load.Radius]);
-    }
-    std::vector<LoadGroup> groups;
-    for (auto& [radius, group] : byRadius) {
-        for (const GroupLoad& load : group.Loads) {
-            group.Vertical = group.Vertical || load.Pressure != 0;
-            group.Horizontal = group.Horizontal || load.Shear != 0;
-        }
-        groups.push_back(std::move(group));
-    }
-    return groups;
-}
 
 /// One level: its nodes in blocks, kernels and Bessel functions at them, and the sums.
 class LevelSum {

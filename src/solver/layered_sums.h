@@ -7,42 +7,10 @@
 
 #include "solver/depth_plan.h"
 #include "solver/engine.h"
-#include "solver/problem.h"
+#include "solver/prepared_problem.h"
 #include "solver/radius_plan.h"
 
 namespace zirvo::solver {
-
-/// One load of a group.
-struct GroupLoad {
-    double X = 0, Y = 0;      ///< cm
-    double Pressure = 0;      ///< vertical, positive down, in the unit of the moduli
-    double Shear = 0;         ///< horizontal, in the unit of the moduli
-    double Cos = 1, Sin = 0;  ///< of the direction of Shear from X
-};
-
-/// Loads of one radius share their sums: AK holds the radius, and so does the transform of the circle.
-struct LoadGroup {
-    double Radius = 0;  ///< cm
-    bool Vertical = false;
-    bool Horizontal = false;
-    std::vector<GroupLoad> Loads;
-};
-
-/// The layers, prepared.
-struct LayerTable {
-    std::vector<double> M2, Nu, Thickness, Spring, Tops;
-    double TotalThickness = 0;
-    bool Slips = false;
-
-    explicit LayerTable(const Problem& problem);
-    LayeredSystem View() const;
-};
-
-/// Area of a circle [cm2].
-double CircleArea(double radius);
-
-/// The loads by radius, ascending. Loads in one place are one load, so that what cancels leaves no error behind.
-std::vector<LoadGroup> GroupLoads(const Problem& problem);
 
 /// Errors of the sums of one item at one depth, per unit pressure and per unit shear: of displacements [cm] and of
 /// strains.

@@ -1,0 +1,88 @@
+#include "solver/prepared_problem.h"
+
+#include <array>
+#include <cmath>
+#include <map>
+
+#include "solver/depth_plan.h"
+
+namespace zirvo::solver {
+
+LayerTable::LayerTable(const Problem& problem) : Tops(LayerTopsOf(problem)) {
+    for (const Layer& layer : problem.Layers) {
+        const bool last = M2.size() + 1 == problem.Layers.size();
+        M2.push_back(layer.Modulus / (1 + layer.PoissonRatio));
+        Nu.push_back(layer.PoissonRatio);
+        Thickness.push_back(last ? 0 : layer.Thickness);
+        Spring.push_back(last ? 0 : layer.SlipRate / (1 - layer.SlipRate) * (1 + layer.PoissonRatio) / layer.Modulus);
+        Slips = Slips || (!last && layer.SlipRate > 0);
+    }
+    TotalThickness = Tops.back();
+}
+
+LayeredSystem LayerTable::View() const {
+    return {static_cast<int>(M2.size()), M2.data(), Nu.data(), Thickness.data(), Spring.data()};
+}
+
+namespace {
+
+constexpr double PiValue = 3.14159265358979323846;
+
+/// Cosine and sine of an angle in degrees; of multiples of a right angle exactly, so that a braking load along an axis
+/// has no part across it.
+std::array<double, 2> DirectionOf(double degrees) {
+    const double turn = std::remainder(degrees, 360.0);
+    const double quarter = std::nearbyint(turn / 90);
+    const double rest = (turn - 90 * quarter) * (PiValue / 180);
+    std::array<double, 2> direction{std::cos(rest), std::sin(rest)};
+    for (int i = (static_cast<int>(quarter) + 4) % 4; i > 0; --i) {
+        direction = {-direction[1], direction[0]};
+    }
+    return direction;
+}
+
+void AddLoad(const Load& load, LoadGroup& group) {
+    const double area = CircleArea(load.Radius);
+    const auto [cosine, sine] = DirectionOf(load.Angle);
+    const GroupLoad added{load.X, load.Y, load.Vertical / area, load.Horizontal / area, cosine, sine};
+    for (GroupLoad& before : group.Loads) {
+        if (before.X != added.X || before.Y != added.Y) {
+            continue;
+        }
+        before.Pressure += added.Pressure;
+        if (added.Shear != 0) {
+            const double x = before.Shear * before.Cos + added.Shear * added.Cos;
+            const double y = before.Shear * before.Sin + added.Shear * added.Sin;
+            before.Shear = std::hypot(x, y);
+            before.Cos = before.Shear > 0 ? x / before.Shear : 1;
+            before.Sin = before.Shear > 0 ? y / before.Shear : 0;
+        }
+        return;
+    }
+    group.Loads.push_back(added);
+}
+
+}  // namespace
+
+double CircleArea(double radius) {
+    return PiValue * radius * radius;
+}
+
+std::vector<LoadGroup> GroupLoads(const Problem& problem) {
+    std::map<double, LoadGroup> byRadius;
+    for (const Load& load : problem.Loads) {
+        byRadius[load.Radius].Radius = load.Radius;
+        AddLoad(load, byRadius[load.Radius]);
+    }
+    std::vector<LoadGroup> groups;
+    for (auto& [radius, group] : byRadius) {
+        for (const GroupLoad& load : group.Loads) {
+            group.Vertical = group.Vertical || load.Pressure != 0;
+            group.Horizontal = group.Horizontal || load.Shear != 0;
+        }
+        groups.push_back(std::move(group));
+    }
+    return groups;
+}
+
+}  // namespace zirvo::solver

@@ -1,0 +1,42 @@
+// Layers and loads as the sums want them: moduli as 2 mu, interfaces as springs, loads by radius.
+#pragma once
+#include <vector>
+
+#include "solver/engine.h"
+#include "solver/problem.h"
+
+namespace zirvo::solver {
+
+/// One load of a group.
+struct GroupLoad {
+    double X = 0, Y = 0;      ///< cm
+    double Pressure = 0;      ///< vertical, positive down, in the unit of the moduli
+    double Shear = 0;         ///< horizontal, in the unit of the moduli
+    double Cos = 1, Sin = 0;  ///< of the direction of Shear from X
+};
+
+/// Loads of one radius share their sums: AK holds the radius, and so does the transform of the circle.
+struct LoadGroup {
+    double Radius = 0;  ///< cm
+    bool Vertical = false;
+    bool Horizontal = false;
+    std::vector<GroupLoad> Loads;
+};
+
+/// The layers, prepared.
+struct LayerTable {
+    std::vector<double> M2, Nu, Thickness, Spring, Tops;
+    double TotalThickness = 0;
+    bool Slips = false;
+
+    explicit LayerTable(const Problem& problem);
+    LayeredSystem View() const;
+};
+
+/// Area of a circle [cm2].
+double CircleArea(double radius);
+
+/// The loads by radius, ascending. Loads in one place are one load, so that what cancels leaves no error behind.
+std::vector<LoadGroup> GroupLoads(const Problem& problem);
+
+}  // namespace zirvo::solver
