@@ -1,0 +1,28 @@
+// Opening files for reading, see open_file.h.
+#include "graphics/open_file.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "base/runtime_fault.h"
+#include "platform/files.h"
+
+namespace zirvo {
+
+std::ifstream OpenForReading(const std::string& path) {
+    if (AttributesOf(path).Directory) {
+        throw RuntimeFault(fault::PathAccess);
+    }
+    std::ifstream file;
+    try {
+        file.open(std::filesystem::path(std::u8string(path.begin(), path.end())), std::ios::binary);
+    } catch (const std::system_error&) {
+        throw RuntimeFault(fault::BadFileName);
+    }
+    if (!file.is_open()) {
+        throw RuntimeFault(fault::PermissionDenied);
+    }
+    return file;
+}
+
+}  // namespace zirvo
