@@ -43,6 +43,9 @@ public:
     /// first line; the next one begins `width` + 2 behind. Valid until the next line is added.
     char* Rows(std::size_t count, std::size_t width);
 
+    /// Lines as they stand, of single-width characters, their ends included.
+    void WholeLines(std::string_view lines) { bytes_ += lines; }
+
     /// All bytes so far; nothing is left.
     std::string Take() { return std::move(bytes_); }
 

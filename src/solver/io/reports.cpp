@@ -5,29 +5,11 @@
 #include <cmath>
 #include <string_view>
 
-#include "base/decimal15.h"
-#include "shell/number_text.h"
+#include "solver/io/report_parts.h"
 #include "solver/io/report_text.h"
 
 namespace zirvo::solver {
 namespace {
-
-/// Columns of the tables of the head: a row number in columns 4 to 6, then numbers of 12 columns and a blank.
-constexpr std::size_t RowNumberWidth = 6;
-constexpr std::size_t HeadNumberWidth = 12;
-constexpr std::size_t HeadColumnWidth = HeadNumberWidth + 1;
-constexpr std::size_t EdgePointsToALine = 15;
-constexpr std::string_view NoValue = "-";
-
-Cell HeadNumber(double x) {
-    return {FittedNumberText(x, HeadNumberWidth), HeadColumnWidth};
-}
-Cell HeadText(std::string_view text) {
-    return {std::string(text), HeadColumnWidth};
-}
-Cell RowNumber(std::size_t number) {
-    return {std::to_string(number), RowNumberWidth};
-}
 
 void HeadTable(ReportText& report, Word title, std::span<const Cell> headings) {
     report.EmptyLine();
@@ -37,20 +19,8 @@ void HeadTable(ReportText& report, Word title, std::span<const Cell> headings) {
 }
 
 void LayerTable(ReportText& report, const ReportData& data) {
-    const Language words = data.Words;
-    const std::array headings{Cell{"No.", RowNumberWidth},
-                              HeadText("E(" + std::string(InputStressUnit(data.Units)) + ")"),
-                              HeadText(TextOf(words, Word::HeadPoisson)), HeadText(TextOf(words, Word::HeadThickness)),
-                              HeadText(TextOf(words, Word::HeadSlip))};
-    HeadTable(report, Word::LayersTitle, headings);
-    const std::vector<Layer>& layers = data.Input.Typed.Layers;
-    for (std::size_t i = 0; i < layers.size(); ++i) {
-        const bool last = i + 1 == layers.size();
-        const std::array cells{RowNumber(i + 1), HeadNumber(layers[i].Modulus), HeadNumber(layers[i].PoissonRatio),
-                               last ? HeadText(NoValue) : HeadNumber(layers[i].Thickness),
-                               last ? HeadText(NoValue) : HeadNumber(layers[i].SlipRate)};
-        report.Cells(cells);
-    }
+    HeadTable(report, Word::LayersTitle, LayerHeadings(data));
+    LayerRows(report, data);
 }
 
 void LoadTable(ReportText& report, const ReportData& data) {
@@ -86,58 +56,6 @@ void Head(ReportText& report, const ReportData& data, Word title, std::span<cons
     LayerTable(report, data);
     LoadTable(report, data);
     report.EmptyLine();
-}
-
-std::string EstimateText(Language words, double estimate) {
-    return std::isfinite(estimate) ? ScientificText(estimate, 1) : std::string(TextOf(words, Word::UnknownEstimate));
-}
-
-void EdgeNotes(ReportText& report, const Solution& results) {
-    std::vector<std::string> numbers;
-    for (std::size_t i = 0; i < results.Points.size(); ++i) {
-        if (results.Points[i].OnLoadEdge) {
-            numbers.push_back(std::to_string(i + 1));
-        }
-    }
-    if (numbers.empty()) {
-        return;
-    }
-    report.Line(Word::EdgeNote1, {std::to_string(numbers.size())});
-    for (const Word note : {Word::EdgeNote2, Word::EdgeNote3, Word::EdgeNote4, Word::EdgePoints}) {
-        report.Line(note);
-    }
-    std::string line;
-    for (std::size_t i = 0; i < numbers.size(); ++i) {
-        line += (line.empty() ? "" : " ") + numbers[i];
-        if ((i + 1) % EdgePointsToALine == 0 || i + 1 == numbers.size()) {
-            report.Line(line);
-            line.clear();
-        }
-    }
-}
-
-void EstimateNotes(ReportText& report, const Solution& results) {
-    const Language words = report.Words();
-    const std::string promised = ScientificText(PromisedError, 1);
-    report.Line(Word::LargestEstimate, {EstimateText(words, results.LargestEstimate), promised});
-    for (std::size_t i = 0; i < results.Points.size(); ++i) {
-        double worst = 0;
-        for (const double estimate : results.Points[i].Estimates) {
-            worst = estimate <= worst ? worst : estimate;  // NaN stays
-        }
-        if (!(worst <= PromisedError)) {
-            report.Line(Word::PointAbovePromise, {std::to_string(i + 1), EstimateText(words, worst)});
-        }
-    }
-}
-
-void Tail(ReportText& report, const ReportData& data) {
-    EdgeNotes(report, data.Results);
-    if (data.Input.MovedPoints > 0) {
-        report.Line(Word::MovedPoints, {std::to_string(data.Input.MovedPoints)});
-    }
-    EstimateNotes(report, data.Results);
-    report.Line(Word::EndOfReport);
 }
 
 void AddComponents(std::vector<Cell>& cells, std::initializer_list<std::string_view> names) {
@@ -188,23 +106,6 @@ std::array<double, PrincipalColumns> PrincipalRow(const PrincipalValues& p) {
 constexpr std::array<std::string_view, PrincipalColumns> PrincipalNames{
     "SIG1", "SIG2", "SIG3", "EPS1", "EPS2", "EPS3", "TAUmax", "GAMmax", "L1", "M1", "N1", "L3", "M3", "N3"};
 
-/// Whether all values can be printed; the first that cannot is the error.
-template <std::size_t Count>
-InputError JudgeValues(const std::array<double, Count>& values, const std::array<std::string_view, Count>& names,
-                       std::size_t point) {
-    InputError error;
-    for (std::size_t i = 0; i < Count; ++i) {
-        if (!(std::fabs(values[i]) <= LargestPrinted)) {
-            error.Reason = std::isfinite(values[i]) ? Word::TooLarge : Word::NotFinite;
-            error.Row = Word::RowPoint;
-            error.RowNumber = static_cast<int>(point) + 1;
-            error.Component = names[i];
-            break;
-        }
-    }
-    return error;
-}
-
 template <std::size_t Count>
 void WriteValues(const std::array<double, Count>& values, char* place) {
     for (const double value : values) {
@@ -253,7 +154,7 @@ std::string ResultReport(const ReportData& data) {
     }
     Table(report, data, groups, names, ResultTableWidth,
           [&](std::size_t i, char* place) { WriteValues(data.Results.Points[i].Values, place); });
-    Tail(report, data);
+    Tail(report, data, Word::MovedPoints);
     return report.Take();
 }
 
@@ -275,7 +176,7 @@ std::string PrincipalReport(const ReportData& data) {
     }
     Table(report, data, groups, names, PrincipalTableWidth,
           [&](std::size_t i, char* place) { WriteValues(PrincipalRow(data.Principal[i]), place); });
-    Tail(report, data);
+    Tail(report, data, Word::MovedPoints);
     return report.Take();
 }
 

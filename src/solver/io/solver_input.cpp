@@ -198,7 +198,7 @@ Load InputReader::Work::ReadLoad(int number) {
     return load;
 }
 
-/// The depth to use: z, or the layer's boundary where z lies outside by no more than DepthSlack.
+/// The depth to use: z, or the layer's boundary where z lies outside by no more than the format's slack.
 /// @param tops  depth of the top of each layer [cm], entry 0 that of layer 1
 double InputReader::Work::DepthInLayer(double z, int layer, const std::vector<double>& tops, bool& moved) const {
     const auto index = static_cast<std::size_t>(layer) - 1;
@@ -209,7 +209,7 @@ double InputReader::Work::DepthInLayer(double z, int layer, const std::vector<do
     }
     const double boundary = above ? tops[index] : tops[index + 1];
     const double outside = above ? boundary - z : z - boundary;
-    if (outside > DepthSlack + DepthRounding) {
+    if (outside > format_.DepthSlack + DepthRounding) {
         Fail(above ? Word::AboveItsLayer : Word::BelowItsLayer, Word::PointZ, FormatNumberText(z),
              {std::to_string(layer), FormatNumberText(boundary)});
     }
@@ -231,7 +231,7 @@ Point InputReader::Work::ReadPoint(int number, const std::vector<double>& tops, 
     point.Z = DepthInLayer(point.Z, point.Layer, tops, moved);
     for (const auto& [value, name] :
          {std::pair(point.X, Word::PointX), std::pair(point.Y, Word::PointY), std::pair(point.Z, Word::PointZ)}) {
-        if (!FitsCoordinateColumn(value)) {
+        if (format_.CoordinatesInColumns && !FitsCoordinateColumn(value)) {
             Fail(Word::DoesNotFit, name, FormatNumberText(value));
         }
     }

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <istream>
+#include <limits>
 #include <memory>
 #include <string>
 #include <variant>
@@ -25,7 +26,14 @@ struct InputFormat {
     std::array<std::size_t, 4> LayerWidths;  ///< the last layer has the first two
     std::array<std::size_t, 6> LoadWidths;
     std::array<std::size_t, 4> PointWidths;
+    /// A depth outside the named layer by no more than this is taken on the boundary [cm].
+    double DepthSlack;
+    /// Whether the report has columns of a fixed width for the coordinates, which they must fit.
+    bool CoordinatesInColumns;
 };
+
+/// How far outside the named layer a depth of the analysis path may lie [cm].
+inline constexpr double DepthSlack = 0.01;
 
 /// The analysis path's ".eva".
 inline constexpr InputFormat AnalysisFormat{
@@ -35,15 +43,28 @@ inline constexpr InputFormat AnalysisFormat{
     .LayerWidths = {13, 17, 17, 16},
     .LoadWidths = {10, 17, 17, 16, 15, 19},
     .PointWidths = {5, 16, 13, 13},
+    .DepthSlack = DepthSlack,
+    .CoordinatesInColumns = true,
+};
+
+/// The graphics path's generated input. Its depths were rounded, and a plane may be chosen at any depth, so whatever
+/// lies outside its layer counts on the boundary. The count line of an X-Z section is narrower, but its numbers never
+/// touch.
+inline constexpr InputFormat SectionFormat{
+    .ReportNames = 1,
+    .HighestPointCount = 100000,
+    .CountWidths = {3, 10, 11},
+    .LayerWidths = {13, 17, 17, 16},
+    .LoadWidths = {10, 15, 15, 15, 15, 19},
+    .PointWidths = {5, 16, 13, 13},
+    .DepthSlack = std::numeric_limits<double>::infinity(),
+    .CoordinatesInColumns = false,
 };
 
 inline constexpr int HighestLayerCount = 100;
 inline constexpr int HighestLoadCount = 100;
 inline constexpr double HighestPoissonRatio = 0.5;
 inline constexpr double HighestSlipRate = 0.99;
-
-/// A depth outside the named layer by no more than this is taken on the boundary [cm].
-inline constexpr double DepthSlack = 0.01;
 
 struct SolverInput {
     /// As they stand in the file, decoded: of the results, and of the principal values. Not judged: whether a report

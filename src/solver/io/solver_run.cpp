@@ -1,4 +1,4 @@
-// The run of the analysis solver. Called by the main of ZIRVO_SV12.EXE.
+// The runs of the two solvers, which differ in their input format and their reports. Called by their mains.
 //
 // Steps           1. "Initial_File". Without it there is no language and no name: exit code 2.
 //                 2. The names of the reports. One that must not be used ends the run, with nothing touched.
@@ -22,12 +22,31 @@
 #include "solver/io/control_file.h"
 #include "solver/io/report_names.h"
 #include "solver/io/reports.h"
+#include "solver/io/section_report.h"
 #include "solver/io/solver_input.h"
 
 namespace zirvo::solver {
 namespace {
 
-constexpr std::array Titles{Word::TitleResults, Word::TitlePrincipal};
+/// One report of a path, in the order of the names in its input.
+struct ReportKind {
+    Word Title;
+    std::string (*Write)(const ReportData&);
+};
+
+/// What the two paths differ in.
+struct Path {
+    const InputFormat& Format;
+    InputError (*Finish)(ReportData&);
+    std::span<const ReportKind> Reports;
+};
+
+constexpr std::array AnalysisReports{ReportKind{Word::TitleResults, ResultReport},
+                                     ReportKind{Word::TitlePrincipal, PrincipalReport}};
+constexpr Path AnalysisPath{AnalysisFormat, FinishResults, AnalysisReports};
+
+constexpr std::array SectionReports{ReportKind{Word::TitleSection, SectionReport}};
+constexpr Path SectionPath{SectionFormat, FinishSection, SectionReports};
 
 InputError WithReason(Word reason, std::vector<std::string> arguments = {}) {
     InputError error;
@@ -52,7 +71,8 @@ Word OpenForReading(const std::string& name, std::ifstream& file) {
 
 class Run {
 public:
-    Run(const SolveFunction& solve, std::ostream& messages) : solve_(solve), messages_(messages) {}
+    Run(const Path& path, const SolveFunction& solve, std::ostream& messages)
+        : path_(path), solve_(solve), messages_(messages) {}
 
     ExitCode Execute();
 
@@ -60,6 +80,7 @@ public:
     ExitCode Failed(const InputError& error) { return Fail(data_.InputName, error); }
 
 private:
+    const Path& path_;
     const SolveFunction& solve_;
     std::ostream& messages_;
     ReportData data_;
@@ -123,7 +144,7 @@ InputError Run::ReadInput() {
     if (unreadable != Word::None) {
         return WithReason(unreadable);
     }
-    InputReader reader(file, AnalysisFormat);
+    InputReader reader(file, path_.Format);
     std::vector<std::string>& names = data_.Input.ReportNames;
     InputError error = reader.ReadNames(names);
     InputError unusable = JudgeReportNames(names, name);
@@ -147,7 +168,8 @@ bool Run::WriteReport(std::size_t index, const std::string& bytes) {
         Tell(reports_[index], error);
         // A few lines may find room where a whole report did not.
         try {
-            WriteWholeFile(reports_[index], ErrorReport(data_.Words, Titles[index], reports_[index], error),
+            WriteWholeFile(reports_[index],
+                           ErrorReport(data_.Words, path_.Reports[index].Title, reports_[index], error),
                            Flush::ToSystem);
         } catch (const RuntimeFault&) {  // it has been told above
         }
@@ -158,7 +180,7 @@ bool Run::WriteReport(std::size_t index, const std::string& bytes) {
 ExitCode Run::Fail(const std::string& file, const InputError& error) {
     Tell(file, error);
     for (std::size_t i = 0; i < reports_.size(); ++i) {
-        WriteReport(i, ErrorReport(data_.Words, Titles[i], file, error));
+        WriteReport(i, ErrorReport(data_.Words, path_.Reports[i].Title, file, error));
     }
     return ExitCode::BadInput;
 }
@@ -172,17 +194,19 @@ ExitCode Run::Execute() {
         return Fail(data_.InputName, error);
     }
     data_.Results = solve_(ToConsistentUnits(data_.Input.Typed, data_.Units), SolveOptions{});
-    error = FinishResults(data_);
+    error = path_.Finish(data_);
     if (error.Reason != Word::None) {
         return Fail(data_.InputName, error);
     }
-    const bool results = WriteReport(0, ResultReport(data_));
-    if (results && IsSameFile(reports_[0], reports_[1])) {
-        // Two names that this file system takes for one: now that a file is there it shows.
-        return Fail(data_.InputName, WithReason(Word::NamesEqual));
+    bool written = true;
+    for (std::size_t i = 0; i < reports_.size(); ++i) {
+        if (i > 0 && written && IsSameFile(reports_[0], reports_[i])) {
+            // Two names that this file system takes for one: now that a file is there it shows.
+            return Fail(data_.InputName, WithReason(Word::NamesEqual));
+        }
+        written = WriteReport(i, path_.Reports[i].Write(data_)) && written;
     }
-    const bool principal = WriteReport(1, PrincipalReport(data_));
-    return results && principal ? ExitCode::Solved : ExitCode::BadInput;
+    return written ? ExitCode::Solved : ExitCode::BadInput;
 }
 
 /// One line for the one failure that leaves nothing to do; a stream that throws is none of our business any more.
@@ -194,10 +218,8 @@ ExitCode Guarded(Run& run, const InputError& error) {
     }
 }
 
-}  // namespace
-
-ExitCode RunAnalysis(const SolveFunction& solve, std::ostream& messages) noexcept {
-    Run run(solve, messages);
+ExitCode RunPath(const Path& path, const SolveFunction& solve, std::ostream& messages) noexcept {
+    Run run(path, solve, messages);
     try {
         return run.Execute();
     } catch (const std::bad_alloc&) {
@@ -207,6 +229,16 @@ ExitCode RunAnalysis(const SolveFunction& solve, std::ostream& messages) noexcep
     } catch (...) {
         return Guarded(run, WithReason(Word::InternalFault, {"?"}));
     }
+}
+
+}  // namespace
+
+ExitCode RunAnalysis(const SolveFunction& solve, std::ostream& messages) noexcept {
+    return RunPath(AnalysisPath, solve, messages);
+}
+
+ExitCode RunSection(const SolveFunction& solve, std::ostream& messages) noexcept {
+    return RunPath(SectionPath, solve, messages);
 }
 
 }  // namespace zirvo::solver

@@ -1,5 +1,5 @@
-// A run of the analysis solver in the current folder: control file, input, solution, reports. Caller: the main of
-// ZIRVO_SV12.EXE.
+// A run of a solver in the current folder: control file, input, solution, reports. Callers: the mains of ZIRVO_SV12.EXE
+// (analysis path) and ZIRVO_SV22.exe (graphics path).
 #pragma once
 #include <functional>
 #include <ostream>
@@ -22,5 +22,8 @@ enum class ExitCode {
 /// What is wrong is said in every report whose name is known, in the chosen language, and on one line of `messages`
 /// (UTF-8). A report name that must not be used stops the run before anything is touched. No exception leaves.
 ExitCode RunAnalysis(const SolveFunction& solve, std::ostream& messages) noexcept;
+
+/// The same for the generated input of a section and its one report.
+ExitCode RunSection(const SolveFunction& solve, std::ostream& messages) noexcept;
 
 }  // namespace zirvo::solver

@@ -17,6 +17,7 @@ enum class Word : int {
     // Heads and tails of the reports
     TitleResults,
     TitlePrincipal,
+    TitleSection,
     InputFile,
     InputUnits,
     OutputUnits,
@@ -32,6 +33,7 @@ enum class Word : int {
     EdgeNote4,
     EdgePoints,
     MovedPoints,
+    PointsOnBoundary,
     LargestEstimate,
     PointAbovePromise,
     UnknownEstimate,
