@@ -182,7 +182,7 @@ TEST_F(SolverRun, AReportNameThatMustNotBeUsedTouchesNothing) {
          std::vector<NameCase>{{2, "", r + ": is empty"},
                                {2, "folder/x.bre", r + " folder/x.bre: must not hold a folder"},
                                {3, "../x.san", s + " ../x.san: must not hold a folder"},
-                               {3, "/tmp/x.san", s + " /tmp/x.san: must not hold a folder"},
+                               {3, "/folder/x.san", s + " /folder/x.san: must not hold a folder"},
                                {2, "folder", r + " folder: is a folder"},
                                {3, ".", s + " .: is a folder"},
                                {3, "..", s + " ..: is a folder"},
@@ -316,6 +316,16 @@ TEST_F(SolverRun, AProtectedReportStaysAndTheOtherOneSaysWhy) {
     EXPECT_TRUE(IsErrorReport("Untitled.san"));
     EXPECT_NE(ReadBytes("Untitled.san").find("   VALUE: name of the result file Untitled.bre\r\n"), std::string::npos);
     EXPECT_NE(ReadBytes("Untitled.san").find("   REASON: may not be written\r\n"), std::string::npos);
+}
+
+TEST_F(SolverRun, ANameThatNoFileCanHaveIsToldInTheOtherReport) {
+    std::vector<std::string> lines = SplitLines(Example());
+    lines[1] = std::string(300, 'x');  // Linux takes names of 255 bytes
+    Prepare(Lines(lines));
+    EXPECT_EQ(Execute(), ExitCode::BadInput);
+    EXPECT_TRUE(IsErrorReport("Untitled.san"));
+    EXPECT_NE(ReadBytes("Untitled.san").find("   VALUE: name of the result file x"), std::string::npos);
+    EXPECT_NE(ReadBytes("Untitled.san").find("   REASON: cannot be the name of a file\r\n"), std::string::npos);
 }
 
 TEST_F(SolverRun, AFolderWithoutTheRightToWriteIsToldOnStandardError) {

@@ -127,7 +127,8 @@ InputError Run::DeleteOldReports() {
             RemoveFile(reports_[i]);
         } catch (const RuntimeFault& caught) {
             if (caught.Number() != fault::FileNotFound && failure.Reason == Word::None) {
-                failure = WithReason(Word::NotWritable);
+                // A name that the system takes for none, by its length or its letters, is no matter of rights.
+                failure = WithReason(caught.Number() == fault::BadFileName ? Word::NameUnusable : Word::NotWritable);
                 failure.Value = i == 0 ? Word::ResultName : Word::PrincipalName;
                 failure.Text = reports_[i];
             }
