@@ -1,9 +1,8 @@
 // Code page 932 from tables that are filled once from the operating system's converter, so that text is the same bytes
 // on every platform and takes no call to the system. Callers: every reader and writer of files.
 //
-// What is stored  for each code (one byte, or lead * 256 + trail) its character, for each character its code.
-// Characters
-//                 are written only as what they are read from, so there is no best fit.
+// What is stored  for each code (one byte, or lead * 256 + trail) its character, for each character its code. A
+//                 character is written only as what it is read from, so there is no best fit.
 // Special cases   the bytes 80, A0, FD, FE and FF are not in the code page, though some converters give them characters
 //                 of private use: they are bad bytes on every platform.
 //                 A lead byte before a byte that cannot be its second is one bad byte, and the other is read anew: no

@@ -2,13 +2,11 @@
 //
 // Notation        a the symmetric matrix, p and q the plane of a rotation, t its tangent, c and s cosine and sine.
 // Steps           1. The matrix is scaled by a power of two, so that squares neither overflow nor vanish.
-//                 2. Cyclic sweeps over the three planes, each rotation making its off-diagonal entry 0, until all
-//                 three
-//                    are below Negligible. The sweeps converge quadratically: three to five are needed.
+//                 2. Cyclic sweeps over the three planes, each rotation making its off-diagonal entry 0, until all are
+//                 below Negligible. The sweeps converge quadratically: three to five are needed.
 //                 3. Sorted, largest first.
 // Special cases   see ComputePrincipalValues for equal stresses. The strains of an isotropic layer have the directions
-// of
-//                 its stresses, so that their matrix is all but diagonal there; nothing relies on it but the speed.
+//                 of its stresses, so that their matrix is all but diagonal there; nothing relies on it but the speed.
 // Source          H. Rutishauser, The Jacobi method for real symmetric matrices, Numerische Mathematik 9 (1966) 1-10:
 //                 t = sign(theta) / (|theta| + sqrt(theta^2 + 1)), theta = (a_qq - a_pp) / (2 a_pq).
 #include "solver/io/principal_values.h"

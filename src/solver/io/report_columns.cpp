@@ -1,11 +1,10 @@
 // Columns of the reports. Called by the reports and by the input reader.
 //
 // Notation        m the magnitude of a value, e its decimal exponent, m = s * 10^(e - 4) with 1E4 <= s < 1E5.
-// Steps           a report holds hundreds of thousands of numbers, so s is first worked out in plain double. It is off
-// by
-//                 less than 1E-8, through the table of powers and the product. Where it lies further than 1E-6 from the
-//                 middle between two integers, its rounding is settled, and it is the rounding of the 15 digits as well
-//                 (they are within 1E-9 of it). Everything else takes the slow and exact road of base/decimal15.h.
+// Steps           a report holds hundreds of thousands of numbers, so s is first worked out in plain double. Through
+//                 the table of powers and the product it is off by less than 1E-8. Where it lies further than 1E-6 from
+//                 the middle between two integers, its rounding is settled, and it is the rounding of the 15 digits as
+//                 well (they are within 1E-9 of it). Everything else takes the slow and exact road of base/decimal15.h.
 //                 Coordinates likewise, with m * 1000 in place of s.
 #include "solver/io/report_columns.h"
 
