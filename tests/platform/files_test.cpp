@@ -39,8 +39,9 @@ TEST(FileLength, OfNothingIsFileOrPathNotFound) {
 }
 
 TEST(FileLength, NameThatNoFileCanHaveIsABadFileName) {
-    EXPECT_EQ(FaultOf([] { FileLength(std::string("/tmp\0x", 6)); }), 52);
-    EXPECT_EQ(FaultOf([] { FileLength("/tmp/" + std::string(300, 'n')); }), 52);
+    const TemporaryFolder folder;
+    EXPECT_EQ(FaultOf([&] { FileLength(folder.Path() + std::string("\0x", 2)); }), 52);
+    EXPECT_EQ(FaultOf([&] { FileLength(folder.Path(std::string(300, 'n'))); }), 52);
 }
 
 TEST(AttributesOf, TellsFolderFromFile) {
