@@ -12,12 +12,12 @@ namespace {
 using namespace zirvo;
 
 constexpr int Nodes = 3000;
-constexpr int Pixels = 1000;
+constexpr int PictureSize = 1000;
 
 /// Counts what it is asked to draw.
 class CountingSurface : public PixelSurface {
 public:
-    CountingSurface() : PixelSurface(Pixels, Pixels) {}
+    CountingSurface() : PixelSurface(PictureSize, PictureSize) {}
     void Line(float, float, float, float, Color) override { ++Drawn; }
     std::size_t Drawn = 0;
 };
