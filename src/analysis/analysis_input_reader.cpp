@@ -31,6 +31,9 @@ public:
         } catch (const RuntimeFault& caught) {
             Refuse(AnalysisInputStatus::ReadFailed, ImportFocus::FocusUnchanged,
                    {group_, row_, value_, "", ReasonOf(caught)});
+            if (listAll_) {
+                JudgeDepths();  // of the points before the place where the read ended
+            }
         }
     }
 
@@ -56,6 +59,7 @@ private:
     ImportFocus focus_ = ImportFocus::FocusUnchanged;
     std::vector<Finding> findings_;
     bool layersRefused_ = false;
+    int pointsRead_ = 0;
 
     // What is being read, for a fault on the way.
     DataGroup group_ = DataGroup::File;
@@ -205,6 +209,7 @@ private:
         SkipTextFields(stream_, 3);
         for (int i = 1; i <= model_.PointCount; ++i) {
             ReadPoint(i);
+            pointsRead_ = i;
         }
         return true;
     }
@@ -224,8 +229,11 @@ private:
 
     /// A depth below 0 has no test of its own here: it fails only where it leaves the layer that the point names.
     bool JudgeDepths() {
+        if (pointsRead_ == 0) {
+            return true;
+        }
         const LayerTops tops = ComputeLayerTops(model_.Layers.UpTo(model_.LayerCount));
-        for (int i = 1; i <= model_.PointCount; ++i) {
+        for (int i = 1; i <= pointsRead_; ++i) {
             const InterestPoint& point = model_.Points[i];
             const Refusal refusal = JudgePointDepth(point, tops, model_.LayerCount);
             if (refusal == Refusal::None || (layersRefused_ && refusal != Refusal::NoSuchLayer)) {

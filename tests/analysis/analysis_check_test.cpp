@@ -98,6 +98,25 @@ TEST(CheckAnalysisInput, TellsThePlaceWhereTheReadEnded) {
     EXPECT_EQ(Check(FileOf("a.bre\nb.san", "1 -3 2", "", "", "")), (Lines{"counts, LoadCount -3: is below 0"}));
 }
 
+TEST(CheckAnalysisInput, JudgesThePointsBeforeThePlaceWhereTheReadEnded) {
+    EXPECT_EQ(Check(FileOf("a.bre\nb.san", "2 1 4", "1000 0.3 10 0\n100 0.4\n", "49 15 0 0 0 0\n",
+                           "1 0 0 12.5\n3 0 0 7\n1 0 0 5\n1 0\n")),
+              (Lines{
+                  "point 4, PointY: the file ends here",
+                  "point 1, PointZ 12.5: lies below the bottom of layer 1 at 10 cm",
+                  "point 2, LayerNumber 3: names no layer: there are 2",
+              }));
+    std::string points = "1 0 0 99\n";
+    for (int i = 2; i <= 10001; ++i) {
+        points += "1 0 0 0\n";
+    }
+    EXPECT_EQ(Check(FileOf("a.bre\nb.san", "2 1 10001", "1000 0.3 10 0\n100 0.4\n", "49 15 0 0 0 0\n", points)),
+              (Lines{
+                  "point 10001: more rows than an analysis can have",
+                  "point 1, PointZ 99: lies below the bottom of layer 1 at 10 cm",
+              }));
+}
+
 TEST(CheckAnalysisInput, TheFirstFindingIsTheOneThatTheImportStopsAt) {
     for (const auto& [from, to] : {std::pair<const char*, const char*>{"Untitled.bre", ""},
                                    {"Untitled.bre", "Untitled"},
