@@ -49,7 +49,7 @@ TEST_F(AnalyzeFailure, BadInputGivesReportsThatSayItAndALineOnStandardError) {
     Folder.Put("road.eva", With(Road, "0.35", "0.75"));
     const Outcome outcome = Folder.Batch({"analyze", "road.eva", "--units", "3", "--language", "ja"});
     EXPECT_EQ(outcome.Code, 1);
-    EXPECT_EQ(outcome.Err, "road.eva: layer 1 (line 10): Poisson ratio 0.75: must be 0 to 0.5\n");
+    EXPECT_EQ(outcome.Err, "road.eva: layer 1 (line 10): Poisson ratio 0.75: must be at most 0.5\n");
     // What ANALYZE leaves in that case: stamped reports that hold the reason in the language of the reports.
     EXPECT_EQ(LinesOf(outcome.Out), (Lines{"road.san", "road_san.csv", "road.bre", "road_bre.csv"}));
     EXPECT_NE(DecodeText(Folder.Get("road.bre")).find("ポアソン比 0.75"), std::string::npos);

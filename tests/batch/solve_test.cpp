@@ -200,7 +200,7 @@ TEST_F(Solve, APointJustOutsideItsLayerIsTakenOnTheBoundaryWithANote) {
 }
 
 TEST_F(Solve, BadInputIsToldWithFileRowLineValueAndReason) {
-    ExpectRefused(With(Road, "0.35", "0.75"), "road.eva: layer 1 (line 10): Poisson ratio 0.75: must be 0 to 0.5");
+    ExpectRefused(With(Road, "0.35", "0.75"), "road.eva: layer 1 (line 10): Poisson ratio 0.75: must be at most 0.5");
     ExpectRefused(Road.substr(0, Road.find("300")), "road.eva: layer 2 (line 11): modulus: the file ends too early");
     const Outcome points = Run(With(Road, "        12\r\n", "     10001\r\n"));
     EXPECT_EQ(points.Code, 1);

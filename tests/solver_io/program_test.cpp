@@ -64,7 +64,7 @@ TEST(SolverProgram, BadInputEndsInCodeOneWithAReportAndALineOnStandardError) {
     const OwnFolder folder;
     Prepare(ExampleWith(11, "1000 0.6"));
     EXPECT_EQ(ExitCodeOf(Program + " 2>messages"), 1);
-    EXPECT_EQ(ReadBytes("messages"), "Untitled.eva: layer 2 (line 11): Poisson ratio 0.6: must be 0 to 0.5\n");
+    EXPECT_EQ(ReadBytes("messages"), "Untitled.eva: layer 2 (line 11): Poisson ratio 0.6: must be at most 0.5\n");
     EXPECT_NE(ReadBytes("Untitled.bre").find("   VALUE: Poisson ratio 0.6\r\n"), std::string::npos);
 }
 

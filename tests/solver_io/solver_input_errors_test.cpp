@@ -41,13 +41,13 @@ TEST(RefusedInput, AValueOfALayerOutsideItsLimitsIsNamed) {
     EXPECT_EQ(RefusedInEnglish(ExampleWith(10, "0 0.35 5 0")), layer + "modulus 0: must be above 0");
     EXPECT_EQ(RefusedInEnglish(ExampleWith(10, "-35000 0.35 5 0")), layer + "modulus -35000: must be above 0");
     EXPECT_EQ(RefusedInEnglish(ExampleWith(10, "35000 0 5 0")), layer + "Poisson ratio 0: must be above 0");
-    EXPECT_EQ(RefusedInEnglish(ExampleWith(10, "35000 0.51 5 0")), layer + "Poisson ratio 0.51: must be 0 to 0.5");
+    EXPECT_EQ(RefusedInEnglish(ExampleWith(10, "35000 0.51 5 0")), layer + "Poisson ratio 0.51: must be at most 0.5");
     EXPECT_EQ(RefusedInEnglish(ExampleWith(10, "35000 0.35 0 0")), layer + "thickness 0: must be above 0");
     EXPECT_EQ(RefusedInEnglish(ExampleWith(10, "35000 0.35 5 -0.1")), layer + "slip rate -0.1: must be 0 to 0.99");
     EXPECT_EQ(RefusedInEnglish(ExampleWith(10, "35000 0.35 5 0.990001")),
               layer + "slip rate 0.990001: must be 0 to 0.99");
     EXPECT_EQ(RefusedInEnglish(ExampleWith(11, "1000 0.6")),
-              "Untitled.eva: layer 2 (line 11): Poisson ratio 0.6: must be 0 to 0.5");
+              "Untitled.eva: layer 2 (line 11): Poisson ratio 0.6: must be at most 0.5");
     EXPECT_EQ(RefusedInEnglish(ExampleWith(10, "35000 abc 5 0")), layer + "Poisson ratio abc: is not a number");
     EXPECT_EQ(RefusedInEnglish(ExampleWith(10, "nan 0.35 5 0")), layer + "modulus nan: is not a number");
     EXPECT_EQ(RefusedInEnglish(ExampleWith(10, "35000,,5,0")), layer + "Poisson ratio: is not a number");
@@ -161,7 +161,7 @@ TEST(RefusedInput, ACommaBehindTheLastNumberOfARowBringsInAnEmptyTextField) {
 
 TEST(RefusedInput, MessagesComeInJapaneseToo) {
     EXPECT_EQ(OneLine(Language::Japanese, "Untitled.eva", Refused(ExampleWith(10, "35000 0.6 5 0"))),
-              "Untitled.eva: 層 1 (10行目): ポアソン比 0.6: 0から0.5まででなければなりません");
+              "Untitled.eva: 層 1 (10行目): ポアソン比 0.6: 0.5以下でなければなりません");
     EXPECT_EQ(OneLine(Language::Japanese, "Untitled.eva", Refused(ExampleWith(19, "1 0 0 7"))),
               "Untitled.eva: 着目点 1 (19行目): Z座標 7: 第1層より下にあります (層の下面は5cm)");
 }

@@ -105,7 +105,7 @@ TEST_F(SolverRun, TheLanguageIsThatOfTheControlFile) {
     Prepare(ExampleWith(11, "1000 0.6"), 1, 1);
     EXPECT_EQ(Execute(), ExitCode::BadInput);
     EXPECT_NE(DecodeText(ReadBytes("Untitled.san")).find("値: ポアソン比 0.6"), std::string::npos);
-    EXPECT_EQ(Messages, "Untitled.eva: 層 2 (11行目): ポアソン比 0.6: 0から0.5まででなければなりません\n");
+    EXPECT_EQ(Messages, "Untitled.eva: 層 2 (11行目): ポアソン比 0.6: 0.5以下でなければなりません\n");
 }
 
 TEST_F(SolverRun, WithoutAUsableControlFileNothingIsTouchedAndTheCodeIsTwo) {

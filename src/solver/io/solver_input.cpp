@@ -57,6 +57,7 @@ private:
     long long Integer(Names names, std::size_t column);
     int Count(std::size_t column, int highest);
     void RequireAbove(double value, double limit, Word name) const;
+    void RequireAtMost(double value, double limit, Word name) const;
     void RequireUpTo(double value, double highest, Word name) const;
     Layer ReadLayer(int number, bool last);
     Load ReadLoad(int number);
@@ -156,6 +157,12 @@ void InputReader::Work::RequireAbove(double value, double limit, Word name) cons
     }
 }
 
+void InputReader::Work::RequireAtMost(double value, double limit, Word name) const {
+    if (!(value <= limit)) {
+        Fail(Word::MustBeAtMost, name, FormatNumberText(value), {FormatNumberText(limit)});
+    }
+}
+
 void InputReader::Work::RequireUpTo(double value, double highest, Word name) const {
     if (!(value >= 0 && value <= highest)) {
         Fail(Word::OutsideRange, name, FormatNumberText(value), {"0", FormatNumberText(highest)});
@@ -174,7 +181,7 @@ Layer InputReader::Work::ReadLayer(int number, bool last) {
     }
     RequireAbove(layer.Modulus, 0, Word::Modulus);
     RequireAbove(layer.PoissonRatio, 0, Word::PoissonRatio);
-    RequireUpTo(layer.PoissonRatio, HighestPoissonRatio, Word::PoissonRatio);
+    RequireAtMost(layer.PoissonRatio, HighestPoissonRatio, Word::PoissonRatio);
     if (!last) {
         RequireAbove(layer.Thickness, 0, Word::Thickness);
         RequireUpTo(layer.SlipRate, HighestSlipRate, Word::SlipRate);

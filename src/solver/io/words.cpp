@@ -126,6 +126,7 @@ constexpr std::array Table{
             "数値が続いており 行が長すぎるため桁位置で区切れません"},
     WordRow{Word::OutsideRange, "must be %1 to %2", "%1から%2まででなければなりません"},
     WordRow{Word::MustBeAbove, "must be above %1", "%1より大きくなければなりません"},
+    WordRow{Word::MustBeAtMost, "must be at most %1", "%1以下でなければなりません"},
     WordRow{Word::NoLoadAtAll, "vertical and horizontal load are both 0", "鉛直荷重と水平荷重がともに0です"},
     WordRow{Word::AboveItsLayer, "lies above layer %1 (its top is at %2 cm)",
             "第%1層より上にあります (層の上面は%2cm)"},

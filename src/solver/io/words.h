@@ -105,6 +105,7 @@ enum class Word : int {
     NumbersTouch,
     OutsideRange,
     MustBeAbove,
+    MustBeAtMost,
     NoLoadAtAll,
     AboveItsLayer,
     BelowItsLayer,
