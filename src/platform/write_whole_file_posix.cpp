@@ -3,8 +3,7 @@
 // Steps           1. Links are followed, so that the temporary file lies beside the file itself and not beside a link.
 //                 2. An existing target is opened for writing, which tells whether the user may, and closed untouched.
 //                 3. The temporary file is written, brought to the disk if wanted, and closed: each of these can tell
-//                 of a full
-//                    disk. It takes the owner and the permissions of the target.
+//                 of a full disk. It takes the owner and the permissions of the target.
 //                 4. It is renamed over the target. On any failure before, it is deleted.
 // Special cases   a device or a pipe has no earlier file that could be lost, and must not be replaced by a file: it is
 //                 written straight.
