@@ -9,7 +9,7 @@ namespace zirvo {
 /// since those of main() come in a code page that cannot hold every name; elsewhere they are the bytes of main().
 std::vector<std::string> CommandLineArguments(int count, char** arguments);
 
-/// True if standard error is a terminal that a person looks at.
+/// True if standard error is a terminal that a person looks at and that takes escape sequences.
 bool IsErrorTerminal();
 
 }  // namespace zirvo

@@ -22,8 +22,10 @@ std::vector<std::string> CommandLineArguments(int /*count*/, char** /*arguments*
 }
 
 bool IsErrorTerminal() {
+    const HANDLE stream = GetStdHandle(STD_ERROR_HANDLE);
     DWORD mode = 0;
-    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+    // A console that cannot be asked to take escape sequences would show them as rubbish: it is told no progress.
+    return GetConsoleMode(stream, &mode) != 0 && SetConsoleMode(stream, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
 }
 
 }  // namespace zirvo
