@@ -27,6 +27,9 @@ void Gear(benchmark::State& state) {
 void Limit(benchmark::State& state) {
     Run(state, zirvo::bench::LimitWork(), static_cast<int>(state.range(0)));
 }
+void Scattered(benchmark::State& state) {
+    Run(state, zirvo::bench::ScatteredWork(), 1);
+}
 void Layers(benchmark::State& state) {
     Run(state, zirvo::bench::ScaledWork(static_cast<int>(state.range(0)), 4, 1000, 10, 0), 1);
 }
@@ -47,6 +50,7 @@ BENCHMARK(Road)->Unit(benchmark::kMillisecond);
 BENCHMARK(DualWheels)->Unit(benchmark::kMillisecond);
 BENCHMARK(Gear)->Unit(benchmark::kMillisecond);
 BENCHMARK(Limit)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(Scattered)->Unit(benchmark::kMillisecond);
 BENCHMARK(Layers)->Arg(2)->Arg(5)->Arg(20)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(LayersWithSlip)->Arg(2)->Arg(5)->Arg(20)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(Loads)->Arg(1)->Arg(4)->Arg(20)->Arg(100)->Unit(benchmark::kMillisecond);

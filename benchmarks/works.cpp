@@ -109,4 +109,19 @@ solver::Problem ScaledWork(int layers, int loads, int points, int depths, double
     return problem;
 }
 
+solver::Problem ScatteredWork() {
+    solver::Problem problem;
+    problem.Layers = {{5000, 0.35, 1, 0}, {1000, 0.35, 20, 0}, {200, 0.35, 30, 0}, {50, 0.4, 0, 0}};
+    std::mt19937 random(20261121);
+    std::uniform_real_distribution<double> plane(-50, 50);
+    std::uniform_real_distribution<double> depth(0, 1);
+    for (int i = 0; i < 20; ++i) {
+        problem.Loads.push_back({245, 10.0 + i % 4, plane(random), plane(random), 25, 18.0 * i});
+    }
+    for (int i = 0; i < 10000; ++i) {
+        problem.Points.push_back({1, plane(random), plane(random), depth(random)});
+    }
+    return problem;
+}
+
 }  // namespace zirvo::bench

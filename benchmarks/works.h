@@ -21,4 +21,7 @@ solver::Problem LimitWork();
 /// if wanted. Places are scattered with a fixed seed.
 solver::Problem ScaledWork(int layers, int loads, int points, int depths, double slip);
 
+/// Twenty braking wheels of four radii on four layers, 10000 points scattered in layer 1, each at a depth of its own.
+solver::Problem ScatteredWork();
+
 }  // namespace zirvo::bench

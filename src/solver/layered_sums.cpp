@@ -14,12 +14,14 @@ constexpr double EndedKernel = 1e-15;  // share of its peak below which a kernel
 constexpr double EndedPhase = 40;      // and xi * ze above which it may
 constexpr int TailNodes = 4;           // nodes over which that is judged
 constexpr int ExtraNodes = 64;         // block beyond the expected end
-constexpr long MostNodes = 3000000;    // of one level
+constexpr double MostNodes = 3e6;      // of one level
+constexpr double FewestNodes = 2e4;    // that it may have whatever the budget says
 constexpr int MostRefinements = 2;
-constexpr double Rounding = 1e-15;      // of the sum of magnitudes
-constexpr double AbsoluteGoal = 1e-14;  // error that needs no refinement, in units of the load
-constexpr double RelativeGoal = 5e-11;  // or as a share of the value
-constexpr double TailShare = 0.25;      // of the last two Chebyshev coefficients: what follows them at most
+constexpr double Rounding = 2e-16;         // of the sum of magnitudes, where the layers are alike
+constexpr double ContrastRounding = 0.05;  // more of it, times the root of the ratio of the moduli
+constexpr double AbsoluteGoal = 1e-14;     // error that needs no refinement, in units of the load
+constexpr double RelativeGoal = 2e-11;     // or as a share of the value
+constexpr double TailShare = 0.5;          // of the last two Chebyshev coefficients: what follows them at most
 
 /// Size of J1(x) without its oscillation.
 double Envelope(double x) {
@@ -39,7 +41,7 @@ int RowsTo(const LoadGroup& group) {
 class LevelSum {
 public:
     LevelSum(const LayerTable& layers, const std::vector<LoadGroup>& groups, const DepthChunk& chunk,
-             const RadiusLevel& level, const Engine& engine, SumTable& table, std::size_t levelIndex)
+             const RadiusLevel& level, const Engine& engine, SumTable& table, std::size_t levelIndex, double mostNodes)
         : layers_(layers),
           groups_(groups),
           chunk_(chunk),
@@ -47,6 +49,8 @@ public:
           engine_(engine),
           table_(table),
           levelIndex_(levelIndex),
+          mostNodes_(mostNodes),
+          rounding_(Rounding * (1 + ContrastRounding * std::sqrt(layers.Contrast))),
           sources_(static_cast<int>(chunk.Sources.size())) {
         for (const SourceDepth& source : chunk.Sources) {
             const auto layer = static_cast<std::size_t>(source.Layer);
@@ -61,7 +65,7 @@ public:
         for (int refinement = 0;; ++refinement) {
             Sum(refinement);
             // A finer step must not cut a sum short that had ended.
-            if (Finish() || refinement == MostRefinements || 2 * nodes_ > MostNodes) {
+            if (Finish() || refinement == MostRefinements || 2 * static_cast<double>(nodes_) > mostNodes_) {
                 return;
             }
         }
@@ -90,6 +94,8 @@ private:
     const Engine& engine_;
     SumTable& table_;
     std::size_t levelIndex_;
+    double mostNodes_;
+    double rounding_;
     int sources_;
     NodeRule rule_;
     long nodes_ = 0;  // of the last pass
@@ -176,7 +182,7 @@ void LevelSum::Sum(int refinement) {
         first += nodes;
         nodes_ = first;
         const double xi = xi_[nodes - 1];
-        if (xi > WindowEnd(rule_) || first >= MostNodes || Ended(xi)) {
+        if (xi > WindowEnd(rule_) || static_cast<double>(first) >= mostNodes_ || Ended(xi)) {
             return;
         }
     }
@@ -333,7 +339,7 @@ bool LevelSum::FinishItem(std::size_t g, std::size_t item) {
             interpolationError[load][kind] = std::max(interpolationError[load][kind], interpolation);
             double& error = kind == 1 ? errors.Displacement[static_cast<std::size_t>(load)]
                                       : errors.Strain[static_cast<std::size_t>(load)];
-            error = std::max(error, interpolation + Rounding * sum.Magnitude[place] + ended);
+            error = std::max(error, interpolation + rounding_ * sum.Magnitude[place] + ended);
         }
         for (std::size_t load = 0; load < 2; ++load) {
             errors.Strain[load] += ruleError[load][0];
@@ -351,7 +357,7 @@ bool LevelSum::FinishItem(std::size_t g, std::size_t item) {
 }
 
 SumTable::SumTable(const LayerTable& layers, const std::vector<LoadGroup>& groups, const DepthChunk& chunk,
-                   std::vector<RadiusItem> items, const Engine& engine)
+                   std::vector<RadiusItem> items, const Engine& engine, double budget)
     : items_(std::move(items)), places_(items_.size()), sources_(chunk.Sources.size()) {
     errors_.resize(groups.size() * items_.size() * sources_);
     std::vector<double> edges;
@@ -378,7 +384,13 @@ SumTable::SumTable(const LayerTable& layers, const std::vector<LoadGroup>& group
     const auto levels = SplitIntoLevels(items_, edges, ze, layers.TotalThickness, costs);
     blocks_.resize(levels.size());
     for (std::size_t i = 0; i < levels.size(); ++i) {
-        LevelSum(layers, groups, chunk, levels[i], engine, *this, i).Run();
+        double columns = 0;
+        for (const std::size_t item : levels[i].Items) {
+            columns += items_[item].Group < 0 ? ChebyshevCount : 1;
+        }
+        const double nodes =
+            budget / static_cast<double>(levels.size()) / (costs.PerNode + costs.PerNodeAndColumn * columns);
+        LevelSum(layers, groups, chunk, levels[i], engine, *this, i, std::clamp(nodes, FewestNodes, MostNodes)).Run();
     }
 }
 
@@ -414,25 +426,34 @@ const double* SumTable::RowsIn(const std::vector<double>& rows, std::size_t grou
     return rows.data() + column * static_cast<std::size_t>(strides_[group]);
 }
 
-SumErrors SumTable::DepthErrors(std::size_t group, std::size_t item) const {
+SumErrors SumTable::DepthErrors(std::size_t group, std::size_t item, SumErrors& sizes) const {
     SumErrors errors;
     const auto stride = static_cast<std::size_t>(Stride(group));
     const std::size_t numbers = (items_[item].Group < 0 ? ChebyshevCount : 1) * stride;
     for (std::size_t i = 0; i < numbers; ++i) {
         double high[2] = {};
+        double largest = 0;
         for (std::size_t source = 0; source < ChebyshevCount; ++source) {
             // Sources run from the top down, the nodes of the table from high to low.
             const double value = Rows(group, item, ChebyshevCount - 1 - source)[i];
             high[0] += ChebyshevTail()[0][source] * value;
             high[1] += ChebyshevTail()[1][source] * value;
+            largest = std::max(largest, std::fabs(value));
         }
         const std::size_t row = i % stride;
         if (row < RowCount) {
             const std::size_t load = row < VerticalRows ? 0 : 1;
             double& error = RowIsDisplacement[row] ? errors.Displacement[load] : errors.Strain[load];
+            double& size = RowIsDisplacement[row] ? sizes.Displacement[load] : sizes.Strain[load];
             error = std::max(error, (std::fabs(high[0]) + std::fabs(high[1])) * TailShare);
+            size = std::max(size, largest);
         }
     }
+    return errors;
+}
+
+SumErrors SumTable::LargestErrors(std::size_t group, std::size_t item) const {
+    SumErrors errors;
     for (std::size_t source = 0; source < sources_; ++source) {
         const SumErrors& at = Errors(group, item, source);
         for (std::size_t load = 0; load < 2; ++load) {

@@ -21,9 +21,10 @@ struct SumErrors {
 
 class SumTable {
 public:
-    /// Sums for all items at the chunk's sources. One of the items' Group is -1 for all or for none.
+    /// Sums for all items at the chunk's sources. The items' Group is -1 for all or for none.
+    /// @param budget  about how many nanoseconds they may take; what is cut off shows in the errors.
     SumTable(const LayerTable& layers, const std::vector<LoadGroup>& groups, const DepthChunk& chunk,
-             std::vector<RadiusItem> items, const Engine& engine);
+             std::vector<RadiusItem> items, const Engine& engine, double budget);
 
     const std::vector<RadiusItem>& Items() const { return items_; }
 
@@ -34,8 +35,12 @@ public:
 
     const SumErrors& Errors(std::size_t group, std::size_t item, std::size_t source) const;
 
-    /// The same for a chunk on Chebyshev nodes in z, at any depth between them: interpolation in z included.
-    SumErrors DepthErrors(std::size_t group, std::size_t item) const;
+    /// What interpolation in z adds to the errors, for a chunk on Chebyshev nodes in z.
+    /// @param sizes  the largest sums, of the same kinds
+    SumErrors DepthErrors(std::size_t group, std::size_t item, SumErrors& sizes) const;
+
+    /// The largest errors of an item over the chunk's sources.
+    SumErrors LargestErrors(std::size_t group, std::size_t item) const;
 
     /// All rows of a group at one depth between the Chebyshev nodes of the chunk, for `RowsIn`.
     void InterpolateDepth(std::size_t group, const std::array<double, ChebyshevCount>& weights,

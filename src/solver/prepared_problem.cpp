@@ -1,5 +1,6 @@
 #include "solver/prepared_problem.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <map>
@@ -18,6 +19,7 @@ LayerTable::LayerTable(const Problem& problem) : Tops(LayerTopsOf(problem)) {
         Slips = Slips || (!last && layer.SlipRate > 0);
     }
     TotalThickness = Tops.back();
+    Contrast = *std::max_element(M2.begin(), M2.end()) / *std::min_element(M2.begin(), M2.end());
 }
 
 LayeredSystem LayerTable::View() const {

@@ -27,6 +27,7 @@ struct LoadGroup {
 struct LayerTable {
     std::vector<double> M2, Nu, Thickness, Spring, Tops;
     double TotalThickness = 0;
+    double Contrast = 1;  ///< largest modulus over the smallest
     bool Slips = false;
 
     explicit LayerTable(const Problem& problem);

@@ -64,9 +64,10 @@ struct Solution {
 /// What an estimate should stay below; the report's tail names the points that do not.
 inline constexpr double PromisedError = 1e-9;
 
-/// Solves the problem. Lengths beyond 1E12 cm or thicknesses and radii below 1E-12 cm, moduli beyond 1E+-30, forces
-/// beyond 1E100 are no pavement: all values are then NaN. Preconditions (checked by the readers): 1 to 100 layers, at
-/// least one load, moduli, radii and thicknesses > 0, 0 < nu <= 0.5, 0 <= slip <= 0.99, points inside their layers.
+/// Solves the problem. Lengths beyond 1E12 cm or thicknesses and radii below 1E-12 cm, moduli beyond 1E+-30 or 1E15
+/// apart, forces beyond 1E100 are no pavement: all values are then NaN. Preconditions (checked by the readers): 1 to
+/// 100 layers, at least one load, moduli, radii and thicknesses > 0, 0 < nu <= 0.5, 0 <= slip <= 0.99, points inside
+/// their layers.
 Solution Solve(const Problem& problem, const SolveOptions& options);
 
 }  // namespace zirvo::solver

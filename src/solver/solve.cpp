@@ -22,7 +22,9 @@ namespace {
 constexpr std::size_t MostSources = 16;
 constexpr std::size_t SmallWork = 1000;
 constexpr double NarrowestShare = 0.1;
-constexpr double DepthGoal = 1e-13;       // of interpolation in z, in units of the load
+constexpr double DepthGoal = 1e-13;          // of interpolation in z, in units of the load
+constexpr double RelativeDepthGoal = 2e-11;  // or as a share of the value
+constexpr double Budget = 6e10;  // of all sums [ns, roughly]: no pavement comes near it, absurd numbers must end too
 constexpr double HalfSpaceError = 2e-14;  // of the closed form, as a share of a unit load
 
 /// What all chunks share, read only.
@@ -51,6 +53,7 @@ bool WithinReach(const Problem& problem) {
     constexpr double Largest = 1e12;
     constexpr double Smallest = 1e-12;
     constexpr double LargestModulus = 1e30;
+    constexpr double LargestContrast = 1e15;  // beyond, a double holds nothing of the soft layer beside the stiff one
     constexpr double LargestForce = 1e100;
     const auto length = [](double x) { return std::fabs(x) <= Largest; };
     const auto size = [](double x) { return x >= Smallest && x <= Largest; };
@@ -62,6 +65,12 @@ bool WithinReach(const Problem& problem) {
             !(last || size(layer.Thickness))) {
             return false;
         }
+    }
+    const auto [softest, stiffest] =
+        std::minmax_element(problem.Layers.begin(), problem.Layers.end(),
+                            [](const Layer& a, const Layer& b) { return a.Modulus < b.Modulus; });
+    if (stiffest->Modulus > LargestContrast * softest->Modulus) {
+        return false;
     }
     const bool loads = std::all_of(problem.Loads.begin(), problem.Loads.end(), [&](const Load& load) {
         return size(load.Radius) && length(load.X) && length(load.Y) && force(load.Vertical) &&
@@ -75,7 +84,7 @@ bool WithinReach(const Problem& problem) {
 /// One chunk: its sums, then its points.
 class ChunkWork {
 public:
-    ChunkWork(const Work& work, const DepthChunk& chunk) : work_(work), chunk_(chunk) {}
+    ChunkWork(const Work& work, const DepthChunk& chunk, double budget) : work_(work), chunk_(chunk), budget_(budget) {}
 
     void Run();
 
@@ -91,6 +100,7 @@ private:
 
     const Work& work_;
     const DepthChunk& chunk_;
+    double budget_;
     std::vector<SumTable> table_;  // none in one material
     bool cells_ = true;
     int columns_ = ChebyshevCount;                 // of an item: 1 where radii are taken as they are
@@ -170,11 +180,12 @@ void ChunkWork::Run() {
         for (double share = work_.Layers.Slips ? SlipCellShare : CellShare;
              table_.empty() || (cells_ && !table_[0].Smooth() && share > NarrowestShare); share *= 0.5) {
             table_.clear();
-            table_.emplace_back(work_.Layers, work_.Groups, chunk_, ChooseItems(share), work_.TheEngine);
+            table_.emplace_back(work_.Layers, work_.Groups, chunk_, ChooseItems(share), work_.TheEngine, budget_);
         }
         if (chunk_.Depths.front().Source < 0 && !GoodInDepth()) {
-            for (const DepthChunk& part : WithoutNodes(work_.TheProblem, chunk_, MostSources)) {
-                ChunkWork(work_, part).Run();
+            const auto parts = WithoutNodes(work_.TheProblem, chunk_, MostSources);
+            for (const DepthChunk& part : parts) {
+                ChunkWork(work_, part, budget_ / static_cast<double>(parts.size())).Run();
             }
             return;
         }
@@ -199,12 +210,19 @@ bool ChunkWork::GoodInDepth() {
         for (std::size_t item = 0; item < table.Items().size(); ++item) {
             const int owner = table.Items()[item].Group;
             SumErrors errors;
+            SumErrors sizes;
+            SumErrors others;
             if (owner < 0 || owner == static_cast<int>(g)) {
-                errors = table.DepthErrors(g, item);
+                errors = table.DepthErrors(g, item, sizes);
+                others = table.LargestErrors(g, item);
             }
             for (std::size_t load = 0; load < 2; ++load) {
-                good = good && errors.Strain[load] * m2 <= DepthGoal &&
-                       errors.Displacement[load] * m2 <= DepthGoal * work_.Groups[g].Radius;
+                good = good &&
+                       errors.Strain[load] <= std::max(DepthGoal / m2, RelativeDepthGoal * sizes.Strain[load]) &&
+                       errors.Displacement[load] <= std::max(DepthGoal * work_.Groups[g].Radius / m2,
+                                                             RelativeDepthGoal * sizes.Displacement[load]);
+                errors.Strain[load] += others.Strain[load];
+                errors.Displacement[load] += others.Displacement[load];
             }
             depthErrors_.push_back(errors);
         }
@@ -347,7 +365,7 @@ Solution Solve(const Problem& problem, const SolveOptions& options) {
     const auto worker = [&] {
         try {
             for (std::size_t i = next++; i < chunks.size(); i = next++) {
-                ChunkWork(work, chunks[i]).Run();
+                ChunkWork(work, chunks[i], Budget / static_cast<double>(chunks.size())).Run();
             }
         } catch (...) {  // out of memory: told to the caller, on the caller's thread
             const std::lock_guard lock(failureLock);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "solver/half_space.h"
 
@@ -174,9 +175,17 @@ PointResult ComposeResult(const PointSums& sums, double m2, double nu, bool surf
         return size;
     };
     const double stressError = sums.StrainError * m2 * (1 + nu) / (1 - nu);
-    result.Estimates[0] = sums.DisplacementError / (largest(U, W) + Floor * scale.Pressure * scale.Radius / modulus);
-    result.Estimates[1] = stressError / (largest(SIGx, TAUzx) + Floor * scale.Pressure);
-    result.Estimates[2] = sums.StrainError / (largest(EPSx, GAMzx) + Floor * scale.Pressure / modulus);
+    const auto share = [](double error, double allowance) {
+        return error > 0 ? error / std::max(allowance, std::numeric_limits<double>::min()) : 0;
+    };
+    result.Estimates = {
+        share(sums.DisplacementError, largest(U, W) + Floor * scale.Pressure * scale.Radius / modulus),
+        share(stressError, largest(SIGx, TAUzx) + Floor * scale.Pressure),
+        share(sums.StrainError, largest(EPSx, GAMzx) + Floor * scale.Pressure / modulus),
+    };
+    if (!std::all_of(v.begin(), v.end(), [](double value) { return std::isfinite(value); })) {
+        result.Estimates.fill(std::numeric_limits<double>::infinity());
+    }
     result.OnLoadEdge = surface && sums.OnEdge;
     return result;
 }
