@@ -56,6 +56,7 @@ void AppendLoads(std::string& out, const GraphicsInputData& model, UnitSystem un
 /// The positions with 2 decimals as texts, which many points share.
 std::vector<std::string> PositionTexts(const std::vector<FixedPoint4>& positions, std::size_t columns) {
     std::vector<std::string> texts;
+    texts.reserve(positions.size());
     for (const FixedPoint4 position : positions) {
         texts.push_back(PadLeft(FormatNumberText(Round(position, PositionDecimals)), columns));
     }
@@ -70,9 +71,9 @@ void AppendPoints(std::string& out, const SectionDefinition& section, const Coar
     for (std::size_t j = 1; j < second.size(); ++j) {
         const int layer = flat ? section.LayerOfInterest : LayerOfLevel(static_cast<int>(j));
         const std::string front = CountText(layer, PointWidths[0]);
-        const std::string back = flat ? second[j] + plane : plane + second[j];
         for (std::size_t i = 1; i < x.size(); ++i) {
-            AppendLine(out, front + x[i] + back);
+            out.append(front).append(x[i]).append(flat ? second[j] : plane);
+            AppendLine(out, flat ? plane : second[j]);
         }
     }
 }

@@ -1,0 +1,108 @@
+// Conversion of a section's report, see result_conversion.h.
+#include "graphics/result_conversion.h"
+
+#include <array>
+#include <cmath>
+#include <fstream>
+#include <vector>
+
+#include "analysis/pavement_blocks.h"
+#include "analysis/solver_run.h"
+#include "base/runtime_fault.h"
+#include "graphics/open_file.h"
+#include "graphics/point_grid.h"
+#include "platform/files.h"
+#include "shell/file_helpers.h"
+#include "shell/number_text.h"
+#include "shell/text_fields.h"
+#include "shell/version_stamp.h"
+
+namespace zirvo {
+
+namespace {
+
+// Columns of the report, from 1.
+constexpr int ReportColumns = 18;
+constexpr int ColumnX = 1;
+constexpr int ColumnY = 2;
+constexpr int ColumnZ = 3;
+constexpr int ColumnEpsX = 13;
+constexpr int ColumnEpsZ = 15;
+
+constexpr Int16 English = 2;
+constexpr int HeadFields = 5;
+constexpr int FieldsBehindLayers = 4;
+
+/// What a map needs of a row of the report: X, Y, Z [cm] and both strains [micro].
+struct ResultRow {
+    double X = 0;
+    double Y = 0;
+    double Z = 0;
+    double EpsX = 0;
+    double EpsZ = 0;
+};
+
+ResultRow ReadRow(TextStream& stream) {
+    std::array<double, ReportColumns + 1> numbers{};
+    for (int column = 1; column <= ReportColumns; ++column) {
+        numbers[static_cast<std::size_t>(column)] = ReadNumberField(stream);
+    }
+    return {numbers[ColumnX], numbers[ColumnY], numbers[ColumnZ], numbers[ColumnEpsX], numbers[ColumnEpsZ]};
+}
+
+std::vector<ResultRow> ReadRows(const ConversionRequest& request) {
+    std::ifstream file = OpenForReading(request.ReportPath);
+    TextStream stream(file);
+    SkipTextFields(stream, HeadFieldCount(request.AlreadyStamped, request.Language, request.Units) +
+                               request.LayerCount + FieldsBehindLayers);
+    std::vector<ResultRow> rows;
+    for (int i = 1; i <= request.PointCount; ++i) {
+        if (i > PointLimit) {
+            throw RuntimeFault(fault::SubscriptOutOfRange);
+        }
+        rows.push_back(ReadRow(stream));
+    }
+    return rows;
+}
+
+/// A blank in front unless the value is negative, and one behind, also behind the last number of a line.
+void AppendPrinted(std::string& out, double value) {
+    const std::string text = FormatNumberText(value);
+    out.append(text.front() == '-' ? "" : " ").append(text).append(" ");
+}
+
+std::string CsvBytes(const std::vector<ResultRow>& rows, Int16 component) {
+    std::string out;
+    if (component != ComponentEpsX && component != ComponentEpsZ) {
+        return out;
+    }
+    AppendLine(out, "# " + MakeVersionStamp(3));
+    AppendLine(out, component == ComponentEpsX ? "# X,Y,Z,EPSx" : "# X,Y,Z,EPSz");
+    AppendLine(out, "# (cm),(cm),(cm),micro");
+    for (const ResultRow& row : rows) {
+        for (const double coordinate : {row.X, row.Y, row.Z}) {
+            AppendPrinted(out, coordinate);
+            out += ',';
+        }
+        AppendPrinted(out, component == ComponentEpsX ? row.EpsX : row.EpsZ);
+        AppendLine(out, "");
+    }
+    return out;
+}
+
+}  // namespace
+
+int HeadFieldCount(bool alreadyStamped, Int16 language, UnitSystem units) {
+    const bool comma = language == English && units == UnitSystem::KgfToKgf;
+    return HeadFields + (comma ? 1 : 0) + (alreadyStamped ? 1 : 0);
+}
+
+void ConvertResultsToCsv(const ConversionRequest& request) {
+    const std::vector<ResultRow> rows = ReadRows(request);
+    if (!request.AlreadyStamped) {
+        MakeStampedCopy(request.ReportPath, StampTemporaryName);
+    }
+    WriteWholeFile(request.CsvPath, CsvBytes(rows, request.OutputComponent), Flush::ToSystem);
+}
+
+}  // namespace zirvo

@@ -1,0 +1,23 @@
+// The run of the graphics solver, see section_run.h.
+#include "graphics/section_run.h"
+
+#include "graphics/run_input.h"
+#include "platform/files.h"
+#include "shell/file_helpers.h"
+
+namespace zirvo {
+
+GraphicsRunResult RunGraphicsSolver(const GraphicsRunRequest& request, ProcessService& process,
+                                    const ProcessCallbacks& callbacks) {
+    if (!FileExists(SectionInputName)) {
+        return GraphicsRunResult::InputMissing;
+    }
+    WriteWholeFile(ControlFileName,
+                   ControlFileBytes(request.Language, request.Units, "Input FileName", SectionInputName),
+                   Flush::ToSystem);
+    RunHidden(process, JoinPath(request.ProgramFolder, GraphicsSolverName), StartFailure::Silent, callbacks);
+    RemoveFile(ControlFileName);
+    return GraphicsRunResult::Finished;
+}
+
+}  // namespace zirvo
