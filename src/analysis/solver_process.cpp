@@ -53,7 +53,8 @@ Int16 LanguageNumberOf(Int16 languageBase) {
 
 std::string ControlFileBytes(Int16 language, UnitSystem unitSystem, std::string_view nameHeading,
                              std::string_view inputFileName) {
-    if (inputFileName.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos) {
+    const std::string name = EncodeName(inputFileName);
+    if (name.find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos || DecodeName(name) != inputFileName) {
         throw RuntimeFault(fault::BadFileName);
     }
     std::string out;
@@ -64,7 +65,7 @@ std::string ControlFileBytes(Int16 language, UnitSystem unitSystem, std::string_
     AppendLine(out, PrintedInteger(static_cast<Int16>(unitSystem)));
     AppendLine(out, "");
     AppendLine(out, nameHeading);
-    AppendLine(out, EncodeName(inputFileName));
+    AppendLine(out, name);
     return out;
 }
 

@@ -17,8 +17,9 @@ inline constexpr const char* ControlFileName = "Initial_File";
 /// The language number of the control file: 1 for the Japanese language base, 2 for the English one, 0 for none.
 Int16 LanguageNumberOf(Int16 languageBase);
 
-/// The eight lines of the control file, in code page 932. A name that holds a line end or a NUL is fault 52, since the
-/// solver would take another file.
+/// The eight lines of the control file, in code page 932. A name that would be read back as another one is fault 52,
+/// since the solver would take another file: one that holds a line end or a NUL, that is no UTF-8, or whose bytes in
+/// the code page read as UTF-8 too.
 /// @param nameHeading  line 7, which the two roads write differently
 std::string ControlFileBytes(Int16 language, UnitSystem unitSystem, std::string_view nameHeading,
                              std::string_view inputFileName);

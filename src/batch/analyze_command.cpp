@@ -133,7 +133,9 @@ SolverRunResult Analysis::RunTheSolver() {
 
 std::string Analysis::FaultReason(const RuntimeFault& caught) const {
     std::string about;
-    if (stage_ == Stage::ControlFile) {
+    if (stage_ == Stage::ControlFile && caught.Number() == fault::BadFileName) {
+        about = "this name cannot be told to the solver";
+    } else if (stage_ == Stage::ControlFile) {
         const std::string solver = JoinPath(ProgramFolder(), AnalysisSolverName);
         about = FileExists(solver) ? std::string(ControlFileName) + " cannot be written, or the solver not be started"
                                    : solver + " is missing";

@@ -63,6 +63,20 @@ TEST_F(AnalyzeFailure, AnOldReportNeverPassesForANewOne) {
     EXPECT_EQ(Folder.Get("road.bre").find("   ==="), std::string::npos);
 }
 
+// The solver would look for another file and leave no report, so that the old ones would be stamped as new.
+TEST_F(AnalyzeFailure, ANameThatCannotBeToldToTheSolverTouchesNothing) {
+    ASSERT_EQ(Run().Code, 0);
+    const std::string old = Folder.Get("road.bre");
+    const std::string name = "road\xFF.eva";  // no UTF-8
+    Folder.Put(name, Road);
+    const Outcome outcome = Run({}, name);
+    EXPECT_EQ(outcome.Code, 1);
+    EXPECT_EQ(outcome.Out, "");
+    EXPECT_EQ(outcome.Err,
+              name + ": Run-time error '52': Bad file name or number (this name cannot be told to the solver)\n");
+    EXPECT_EQ(Folder.Get("road.bre"), old);
+}
+
 TEST_F(AnalyzeFailure, ReportNamesThatBreakTheRulesTouchNothing) {
     Folder.Put("notes.txt", "mine");
     Folder.Put("mine.bre", "mine");
