@@ -5,7 +5,9 @@
 
 #include "contour/color_scale.h"
 #include "contour/conrec.h"
+#include "contour/draw_contour_map.h"
 #include "contour/recording_surface.h"
+#include "contour/refinement.h"
 
 namespace {
 
@@ -67,5 +69,47 @@ void Fill(benchmark::State& state) {
     }
 }
 BENCHMARK(Fill)->Unit(benchmark::kMillisecond);
+
+/// Fill, 20 levels of lines, frame and legend, painted into memory; texts are not.
+void WholeMap(benchmark::State& state) {
+    ContourMap map;
+    map.Field = LargeField();
+    map.Extent = {0.1, 300, 0.1, 300};
+    map.ValueMin = -1e-4;
+    map.ValueMax = 4e-4;
+    MapView view;
+    view.Items.ContourLines = true;
+    view.Plot = {0, 0, 15.0 * PictureSize, 15.0 * PictureSize};
+    view.Title = MakeTitleText(SectionKind::XY, 1, "0", 1, "");
+    PixelSurface surface(PictureSize, PictureSize);
+    for (auto _ : state) {
+        DrawContourMap(surface, map, view);
+        benchmark::DoNotOptimize(surface.Pixels.data());
+    }
+}
+BENCHMARK(WholeMap)->Unit(benchmark::kMillisecond);
+
+/// 301 by 301 coarse nodes to 3001 by 3001 fine ones.
+void Refine(benchmark::State& state) {
+    CoarseGrid grid;
+    for (int n = 0; n <= 300; ++n) {
+        grid.GridX.push_back(FixedPoint4::FromUnits(10000 * n));
+    }
+    grid.GridY = grid.GridX;
+    ContourField field;
+    field.FineAxis1 = BuildFineAxis(grid.GridX);
+    field.FineAxis2 = BuildFineAxis(grid.GridY);
+    field.Values = ValueMatrix(3001, 3001);
+    for (int j = 1; j <= 3001; j += RefineFactor) {
+        for (int i = 1; i <= 3001; i += RefineFactor) {
+            field.Values.At(i, j) = std::sin(0.01 * i) * std::cos(0.013 * j);
+        }
+    }
+    for (auto _ : state) {
+        RefineMatrixXY(field, grid);
+        benchmark::DoNotOptimize(field.Values.Row(1).data());
+    }
+}
+BENCHMARK(Refine)->Unit(benchmark::kMillisecond);
 
 }  // namespace

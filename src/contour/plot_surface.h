@@ -70,7 +70,7 @@ public:
     Color BackColor{0, 0, 0};
     Color ForeColor{255, 255, 255};
     std::string FontName = "arial";
-    std::string FontSize = "10";  ///< points, as text: "7", "8", "10" or "20"
+    std::string_view FontSize = "10";  ///< points, as text: one of the literals "7", "8", "10" and "20"
     bool FontBold = false;
     bool FontItalic = false;
     int DrawWidth = 1;  ///< pixels, 1 or 2

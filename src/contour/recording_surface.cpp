@@ -10,7 +10,7 @@ namespace zirvo {
 namespace {
 
 /// The font's height at 96 dots per inch.
-int FontPixels(const std::string& points) {
+int FontPixels(std::string_view points) {
     if (points == "7") {
         return 9;
     }
