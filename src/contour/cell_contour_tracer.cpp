@@ -122,8 +122,11 @@ void TraceCell(PlotSurface& surface, const Cell& cell, const LevelRange& range, 
     const double hi = dmax > range.High ? range.High : dmax;
     const double first = std::floor((lo - range.Low) / range.Step + 0.9999);
     const double last = std::floor((hi - range.Low) / range.Step + 0.0001);
+    if (!(first <= last)) {
+        return;
+    }
     const double tiny = (range.High - range.Low) * 1e-6;
-    for (double k = first; k <= last; ++k) {
+    for (int k = static_cast<int>(first); k <= static_cast<int>(last); ++k) {  // 0 to count - 1
         const double level = range.Low + range.Step * k;
         std::array<double, 4> h{};
         for (std::size_t m = 0; m < 4; ++m) {

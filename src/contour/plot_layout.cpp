@@ -52,11 +52,13 @@ void PrintAt(PlotSurface& surface, double x, double y, std::string_view text) {
 template <class Visit>
 void AtQuarters(double first, double last, Visit visit) {
     const double step = 0.25 * (last - first);
-    for (double t = first; t <= last; t += step) {
+    double t = first;
+    while (t <= last) {
         visit(t);
         if (!(t + step > t)) {  // an extent too small for its distance from zero
             return;
         }
+        t += step;
     }
 }
 
@@ -102,7 +104,8 @@ void DrawBar(PlotSurface& surface, double left, double right, double from, doubl
     const auto rowOf = [&](double t) { return picture.Row(static_cast<float>(t)); };
     bool firstOfRow = true;
     int row = rowOf(from);
-    for (double t = from; t <= to;) {
+    double t = from;
+    while (t <= to) {
         const double next = t + step;
         const int nextRow = rowOf(next);
         const bool lastOfRow = !(next <= to) || nextRow != row;
