@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <ostream>
 
@@ -109,14 +110,13 @@ void PixelSurface::Set(int column, int row, Color color) {
 }
 
 void PixelSurface::Line(float x1, float y1, float x2, float y2, Color color) {
-    const int column = Picture().Column(x1);
-    const int row = Picture().Row(y1);
-    const int wide = Picture().Column(x2) - column;
-    const int high = Picture().Row(y2) - row;
-    const int steps = std::max(std::abs(wide), std::abs(high));
-    for (int s = 0; s <= steps; ++s) {
-        const double part = steps == 0 ? 0 : static_cast<double>(s) / steps;
-        Set(column + static_cast<int>(wide * part), row + static_cast<int>(high * part), color);
+    const std::int64_t column = Picture().Column(x1);
+    const std::int64_t row = Picture().Row(y1);
+    const std::int64_t wide = Picture().Column(x2) - column;
+    const std::int64_t high = Picture().Row(y2) - row;
+    const std::int64_t steps = std::max({std::abs(wide), std::abs(high), std::int64_t{1}});
+    for (std::int64_t s = 0; s <= steps; ++s) {
+        Set(static_cast<int>(column + wide * s / steps), static_cast<int>(row + high * s / steps), color);
     }
 }
 

@@ -40,6 +40,17 @@ TEST(PictureScale, CoordinatesThatAreNoPixelAreFarOutsideAndNoFault) {
     EXPECT_EQ(surface.Picture().Column(1), -1000000000);
 }
 
+TEST(PixelSurface, ALineTouchesEveryRowOfItsWayAndBothEnds) {
+    PixelSurface surface(3, 541);
+    surface.Scale(0, 0, 3, 541);
+    surface.Line(1, 540, 1, 0, {9, 9, 9});
+    surface.Line(2, 7, 2, 7, {8, 8, 8});
+    for (std::size_t row = 0; row <= 540; ++row) {
+        EXPECT_EQ(surface.Pixels[3 * row + 1].Red, 9) << row;
+        EXPECT_EQ(surface.Pixels[3 * row + 2].Red, row == 7 ? 8 : 0) << row;
+    }
+}
+
 TEST(PlotSurface, StartsBlackWithWhiteTextOfTenPoints) {
     const RecordingSurface surface(10, 10);
     EXPECT_EQ(surface.BackColor, (Color{0, 0, 0}));
