@@ -6,6 +6,7 @@
 #include <exception>
 #include <limits>
 #include <mutex>
+#include <system_error>
 #include <thread>
 
 #include "solver/depth_plan.h"
@@ -377,8 +378,14 @@ Solution Solve(const Problem& problem, const SolveOptions& options) {
     const unsigned machine = small ? 1 : std::max(1U, std::thread::hardware_concurrency());
     const unsigned wanted = options.Threads > 0 ? static_cast<unsigned>(options.Threads) : machine;
     std::vector<std::thread> helpers;
-    for (unsigned i = 1; i < std::min<std::size_t>(wanted, chunks.size()); ++i) {
-        helpers.emplace_back(worker);
+    const std::size_t useful = std::min<std::size_t>(wanted, chunks.size());
+    helpers.reserve(useful);
+    for (std::size_t i = 1; i < useful; ++i) {
+        try {
+            helpers.emplace_back(worker);
+        } catch (const std::system_error&) {
+            break;  // the system gives no more threads: those there are do the work
+        }
     }
     worker();
     for (std::thread& helper : helpers) {

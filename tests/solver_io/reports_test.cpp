@@ -251,11 +251,22 @@ std::vector<std::string> TailOf(const std::string& report) {
     return {lines.begin() + static_cast<std::ptrdiff_t>(TableOf(lines).second) + 1, lines.end()};
 }
 
-TEST(Reports, TheTailOfAPlainReportTellsTheLargestEstimateAndEnds) {
+/// What the tail of every report says of the edges of loads, here where no point lies on one.
+std::vector<std::string> WithEdgeNotes(const std::vector<std::string>& rest) {
+    std::vector<std::string> tail{
+        "   NOTE: POINTS ON THE EDGE OF A LOAD AT THE SURFACE: 0",
+        "   VALUES THAT JUMP THERE ARE THE MEAN OF THE TWO SIDES.",
+        "   VALUES THAT A HORIZONTAL LOAD MAKES INFINITE THERE (SIGx SIGy TAUxy EPSx EPSy EPSz GAMxy)",
+        "   TAKE FOR ITS SHARE THE MEAN OF THOSE AT 0.999 AND 1.001 OF THE RADIUS."};
+    tail.insert(tail.end(), rest.begin(), rest.end());
+    return tail;
+}
+
+TEST(Reports, TheTailOfAPlainReportTellsHowEdgesAreTakenAndTheLargestEstimateAndEnds) {
     ReportData data = HandMadeData(Language::English, UnitSystem::KnToMpa);
     data.Results.Points[1].OnLoadEdge = false;
-    const std::vector<std::string> tail{"   LARGEST ESTIMATED RELATIVE ERROR: 9.0E-12 (PROMISED: 1.0E-09)",
-                                        "   END OF REPORT"};
+    const std::vector<std::string> tail =
+        WithEdgeNotes({"   LARGEST ESTIMATED RELATIVE ERROR: 9.0E-12 (PROMISED: 1.0E-09)", "   END OF REPORT"});
     EXPECT_EQ(TailOf(ResultReport(data)), tail);
     EXPECT_EQ(TailOf(PrincipalReport(data)), tail);
 }
@@ -284,11 +295,11 @@ TEST(Reports, TheTailNamesThePointsWhoseEstimateIsAboveThePromise) {
     data.Results.Points[3].Estimates = {0, 0, std::nan("")};
     data.Results.LargestEstimate = 2.5e-7;
     data.Input.MovedPoints = 2;
-    const std::vector<std::string> tail{
-        "   NOTE: DEPTHS OUTSIDE THE NAMED LAYER BY AT MOST 0.01 cm TAKEN ON ITS BOUNDARY: 2",
-        "   LARGEST ESTIMATED RELATIVE ERROR: 2.5E-07 (PROMISED: 1.0E-09)",
-        "   NOTE: POINT 3: ESTIMATED RELATIVE ERROR 2.5E-07 IS ABOVE THE PROMISE",
-        "   NOTE: POINT 4: ESTIMATED RELATIVE ERROR UNKNOWN IS ABOVE THE PROMISE", "   END OF REPORT"};
+    const std::vector<std::string> tail =
+        WithEdgeNotes({"   NOTE: DEPTHS OUTSIDE THE NAMED LAYER BY AT MOST 0.01 cm TAKEN ON ITS BOUNDARY: 2",
+                       "   LARGEST ESTIMATED RELATIVE ERROR: 2.5E-07 (PROMISED: 1.0E-09)",
+                       "   NOTE: POINT 3: ESTIMATED RELATIVE ERROR 2.5E-07 IS ABOVE THE PROMISE",
+                       "   NOTE: POINT 4: ESTIMATED RELATIVE ERROR UNKNOWN IS ABOVE THE PROMISE", "   END OF REPORT"});
     EXPECT_EQ(TailOf(PrincipalReport(data)), tail);
 }
 

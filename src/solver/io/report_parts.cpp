@@ -14,6 +14,7 @@ std::string EstimateText(Language words, double estimate) {
     return std::isfinite(estimate) ? ScientificText(estimate, 1) : std::string(TextOf(words, Word::UnknownEstimate));
 }
 
+/// How values at the edges of loads are to be read stands in every report; the points, where there are any.
 void EdgeNotes(ReportText& report, const Solution& results) {
     std::vector<std::string> numbers;
     for (std::size_t i = 0; i < results.Points.size(); ++i) {
@@ -21,12 +22,12 @@ void EdgeNotes(ReportText& report, const Solution& results) {
             numbers.push_back(std::to_string(i + 1));
         }
     }
-    if (numbers.empty()) {
-        return;
-    }
     report.Line(Word::EdgeNote1, {std::to_string(numbers.size())});
-    for (const Word note : {Word::EdgeNote2, Word::EdgeNote3, Word::EdgeNote4, Word::EdgePoints}) {
+    for (const Word note : {Word::EdgeNote2, Word::EdgeNote3, Word::EdgeNote4}) {
         report.Line(note);
+    }
+    if (!numbers.empty()) {
+        report.Line(Word::EdgePoints);
     }
     std::string line;
     for (std::size_t i = 0; i < numbers.size(); ++i) {
