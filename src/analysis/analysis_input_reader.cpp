@@ -2,17 +2,15 @@
 //
 // Both are one walk through the file, so that they cannot differ: the import stops at the first failure, the check goes
 // on as long as the rest of the file can still be told apart.
-#include <filesystem>
 #include <fstream>
 #include <string>
-#include <system_error>
 #include <utility>
 
 #include "analysis/analysis_input.h"
 #include "analysis/pavement_blocks.h"
 #include "analysis/pavement_rules.h"
 #include "platform/code_page.h"
-#include "platform/files.h"
+#include "platform/open_file.h"
 #include "shell/number_text.h"
 #include "shell/text_fields.h"
 
@@ -251,22 +249,6 @@ private:
     }
 };
 
-/// Opens a file for the walk, a stream and not its bytes as a whole, since a file of rubbish may be of any size. Says
-/// why where it cannot: fault 53 or 76 where nothing is there, 75 for a folder, 70 without the right to read.
-void OpenInput(const std::string& path, std::ifstream& file) {
-    if (AttributesOf(path).Directory) {
-        throw RuntimeFault(fault::PathAccess);
-    }
-    try {
-        file.open(std::filesystem::path(std::u8string(path.begin(), path.end())), std::ios::binary);
-    } catch (const std::system_error&) {  // a path that the system's own encoding cannot hold
-        throw RuntimeFault(fault::BadFileName);
-    }
-    if (!file.is_open()) {
-        throw RuntimeFault(fault::PermissionDenied);
-    }
-}
-
 Finding OpenFinding(const RuntimeFault& caught) {
     return {DataGroup::File, 0, "", "", caught.what()};
 }
@@ -274,15 +256,14 @@ Finding OpenFinding(const RuntimeFault& caught) {
 }  // namespace
 
 AnalysisInputResult ReadAnalysisInput(const std::string& path) {
-    std::ifstream file;
     try {
-        OpenInput(path, file);
+        std::ifstream file = OpenForReading(path);
+        return ReadAnalysisInput(file);
     } catch (const RuntimeFault& caught) {
         AnalysisInputResult result;
         result.Failure = OpenFinding(caught);
         return result;
     }
-    return ReadAnalysisInput(file);
 }
 
 AnalysisInputResult ReadAnalysisInput(std::istream& input) {
@@ -292,13 +273,12 @@ AnalysisInputResult ReadAnalysisInput(std::istream& input) {
 }
 
 std::vector<Finding> CheckAnalysisInput(const std::string& path) {
-    std::ifstream file;
     try {
-        OpenInput(path, file);
+        std::ifstream file = OpenForReading(path);
+        return CheckAnalysisInput(file);
     } catch (const RuntimeFault& caught) {
         return {OpenFinding(caught)};
     }
-    return CheckAnalysisInput(file);
 }
 
 std::vector<Finding> CheckAnalysisInput(std::istream& input) {

@@ -10,7 +10,7 @@
 
 #include "analysis/pavement_blocks.h"
 #include "analysis/pavement_rules.h"
-#include "graphics/open_file.h"
+#include "platform/open_file.h"
 #include "shell/text_fields.h"
 
 namespace zirvo {

@@ -11,8 +11,8 @@
 #include "contour/number_format.h"
 #include "contour/numeric_helpers.h"
 #include "contour/refinement.h"
-#include "graphics/open_file.h"
 #include "graphics/point_grid.h"
+#include "platform/open_file.h"
 #include "shell/number_text.h"
 #include "shell/text_fields.h"
 

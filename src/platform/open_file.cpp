@@ -1,5 +1,5 @@
 // Opening files for reading, see open_file.h.
-#include "graphics/open_file.h"
+#include "platform/open_file.h"
 
 #include <filesystem>
 #include <system_error>
@@ -15,7 +15,12 @@ std::ifstream OpenForReading(const std::string& path) {
     }
     std::ifstream file;
     try {
-        file.open(std::filesystem::path(std::u8string(path.begin(), path.end())), std::ios::binary);
+        const std::filesystem::path name(std::u8string(path.begin(), path.end()));
+        std::error_code ignored;
+        if (std::filesystem::is_fifo(name, ignored)) {
+            throw RuntimeFault(fault::PathAccess);
+        }
+        file.open(name, std::ios::binary);
     } catch (const std::system_error&) {
         throw RuntimeFault(fault::BadFileName);
     }
