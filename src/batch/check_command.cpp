@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "analysis/analysis_input.h"
+#include "graphics/graphics_input.h"
 
 namespace zirvo::batch {
 namespace {
@@ -13,30 +14,55 @@ std::string Counted(int count, const char* what) {
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
-std::string Contents(const PavementModel& model) {
-    return Counted(model.LayerCount, "layer") + ", " + Counted(model.LoadCount, "load") + ", " +
-           Counted(model.PointCount, "point");
+std::string Contents(int layers, int loads) {
+    return Counted(layers, "layer") + ", " + Counted(loads, "load");
+}
+
+/// Names every finding; true if there is one.
+bool Complain(const std::string& file, const std::vector<Finding>& findings, Console& console) {
+    for (const Finding& finding : findings) {
+        // What concerns the file as a whole needs no word for "file" behind its name.
+        const bool whole = finding.Group == DataGroup::File && finding.Value.empty() && finding.Text.empty();
+        console.Complain(file, whole ? finding.Reason : FindingText(finding));
+    }
+    return !findings.empty();
+}
+
+ExitCode Passes(const std::string& file, const std::string& contents, Console& console) {
+    return console.Output(file + ": passes: " + contents + "\n");
+}
+
+ExitCode CheckGraphics(const std::string& file, Console& console) {
+    if (Complain(file, CheckGraphicsInput(file), console)) {
+        return ExitCode::BadInput;
+    }
+    const GraphicsInputResult read = ReadGraphicsInput(file);
+    if (!read.Data) {  // changed by someone else since the lines above
+        Complain(file, {read.Failure}, console);
+        return ExitCode::BadInput;
+    }
+    return Passes(file, Contents(read.Data->LayerCount, read.Data->LoadCount), console);
+}
+
+ExitCode CheckAnalysis(const std::string& file, Console& console) {
+    if (Complain(file, CheckAnalysisInput(file), console)) {
+        return ExitCode::BadInput;
+    }
+    const AnalysisInputResult read = ReadAnalysisInput(file);
+    if (!read.Model) {  // changed by someone else since the lines above
+        Complain(file, {read.Failure}, console);
+        return ExitCode::BadInput;
+    }
+    return Passes(
+        file, Contents(read.Model->LayerCount, read.Model->LoadCount) + ", " + Counted(read.Model->PointCount, "point"),
+        console);
 }
 
 }  // namespace
 
 ExitCode RunCheck(const CheckRequest& request, Console& console) {
     console.Progress("checking " + request.File);
-    const std::vector<Finding> findings = CheckAnalysisInput(request.File);
-    for (const Finding& finding : findings) {
-        // What concerns the file as a whole needs no word for "file" behind its name.
-        const bool whole = finding.Group == DataGroup::File && finding.Value.empty() && finding.Text.empty();
-        console.Complain(request.File, whole ? finding.Reason : FindingText(finding));
-    }
-    if (!findings.empty()) {
-        return ExitCode::BadInput;
-    }
-    const AnalysisInputResult read = ReadAnalysisInput(request.File);
-    if (!read.Model) {  // changed by someone else since the line above
-        console.Complain(request.File, FindingText(read.Failure));
-        return ExitCode::BadInput;
-    }
-    return console.Output(request.File + ": passes: " + Contents(*read.Model) + "\n");
+    return request.Graphics ? CheckGraphics(request.File, console) : CheckAnalysis(request.File, console);
 }
 
 }  // namespace zirvo::batch

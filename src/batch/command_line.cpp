@@ -15,6 +15,7 @@
 namespace zirvo::batch {
 namespace {
 
+constexpr const char* GraphicsExtension = ".ven";
 constexpr const char* FileHelp = "Analysis input file (.eva)";
 constexpr const char* UnitsHelp =
     "Units: 1 kgf, kgf/cm2, cm in and kgf/cm2, cm out; 2 the same in and MPa, cm out; 3 kN, MPa, cm in and MPa, cm out";
@@ -34,11 +35,17 @@ bool HasExtension(const std::string& name, std::string_view extension) {
                                                         [&](char a, char b) { return a == lower(b); });
 }
 
+std::string JudgeInputExtension(const std::string& file) {
+    return HasExtension(file, GraphicsExtension) || HasExtension(file, ".eva")
+               ? ""
+               : file + " is neither an analysis input file (.eva) nor a graphics input file (.ven)";
+}
+
 /// What the rules of a name inside the file cannot protect: the solver run writes work files and reports beside the
 /// input, and only an input with its own extension is never one of them.
 std::string JudgeExtension(const std::string& file) {
     return HasExtension(file, ".eva") ? ""
-                                      : file + " is no analysis input file (.eva), the only kind that can be taken";
+                                      : file + " is no analysis input file (.eva), the only kind that can be analysed";
 }
 
 std::string JudgeThreads(const std::string& text) {
@@ -95,7 +102,9 @@ Parser::Parser()
         ->check(CLI::IsMember({"ja", "en"}).description(""))
         ->type_name("ja|en");
     analyze_->get_option("FILE")->check(JudgeExtension);
-    check_->get_option("FILE")->check(JudgeExtension);
+    check_->get_option("FILE")
+        ->check(JudgeInputExtension)
+        ->description("Analysis (.eva) or graphics (.ven) input file");
 }
 
 CLI::App* Parser::AddCommand(const char* name, const char* description) {
@@ -124,7 +133,7 @@ Request Parser::RequestOf(Console& console) {
         return AnalyzeRequest{file_, zirvo::UnitSystemOf(units), language_ == "ja" ? JapaneseBase : EnglishBase};
     }
     if (*check_) {
-        return CheckRequest{file_};
+        return CheckRequest{file_, HasExtension(file_, GraphicsExtension)};
     }
     solveRequest_.File = file_;
     solveRequest_.Units = static_cast<solver::UnitSystem>(units);

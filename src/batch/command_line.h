@@ -32,6 +32,7 @@ struct AnalyzeRequest {
 /// The rules of the data.
 struct CheckRequest {
     std::string File;
+    bool Graphics = false;  ///< a graphics input file, else one of an analysis
 };
 
 /// The command line told no work: it was wrong, or asked for help, and that has been answered.

@@ -45,6 +45,27 @@ TEST_F(Check, EveryFailingRowAndValueIsNamedAndNotOnlyTheFirst) {
                                       "road.eva: point 5, LayerNumber 7: names no layer: there are 3"}));
 }
 
+TEST_F(Check, AGraphicsInputFileIsJudgedByItsOwnRules) {
+    Folder.PutSample("motorway.ven");
+    const Outcome outcome = Folder.Batch({"check", "motorway.ven"});
+    EXPECT_EQ(outcome.Code, 0) << outcome.Err;
+    EXPECT_EQ(outcome.Out, "motorway.ven: passes: 6 layers, 4 loads\n");
+
+    std::string bytes =
+        With(SampleBytes("road.ven"), "         5000             0.35", "        -5000             0.75");
+    bytes = With(bytes, "        49               15", "         0              -15");
+    Folder.Put("bad.ven", bytes);
+    const Outcome bad = Folder.Batch({"check", "bad.ven"});
+    EXPECT_EQ(bad.Code, 1);
+    EXPECT_EQ(bad.Out, "");
+    EXPECT_EQ(LinesOf(bad.Err), (Lines{"bad.ven: layer 1, Modulus -5000: is not above 0",
+                                       "bad.ven: layer 1, PoissonRatio 0.75: is above 0.5",
+                                       "bad.ven: load 1, VerticalLoad 0: is 0, and so is HorizontalLoad: the load does "
+                                       "nothing",
+                                       "bad.ven: load 1, Radius -15: is not above 0"}));
+    EXPECT_EQ(LinesOf(Folder.Batch({"check", "none.ven"}).Err), Lines{"none.ven: File not found"});
+}
+
 TEST_F(Check, APointOutsideItsLayerIsNamedWithTheDepthOfTheInterface) {
     const std::string bytes = With(Road, "    2               0            0           45",
                                    "    1               0            0           45");

@@ -40,7 +40,8 @@ TEST(CommandLine, WrongUsageEndsWithTwoAndSaysWhatIsWrong) {
         {{"analyze", "road.txt", "--units", "3", "--language", "en"}, "road.txt is no analysis input file"},
         {{"analyze", ".eva", "--units", "3", "--language", "en"}, ".eva is no analysis input file"},
         {{"check"}, "FILE is required"},
-        {{"check", "road.ven"}, "road.ven is no analysis input file"},
+        {{"check", "road.txt"}, "road.txt is neither an analysis input file (.eva) nor a graphics input file (.ven)"},
+        {{"analyze", "road.ven", "--units", "3", "--language", "en"}, "road.ven is no analysis input file"},
         {{"check", "road.eva", "--units", "3"}, "--units"},
         {{"solve", "road.eva", "--units", "3", "check", "road.eva"}, "argument"},
     };

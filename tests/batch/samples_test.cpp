@@ -9,6 +9,7 @@
 
 #include "analysis/analysis_input.h"
 #include "batch/work_folder.h"
+#include "graphics/graphics_input.h"
 #include "shell/catalogue.h"
 
 namespace zirvo::test {
@@ -39,6 +40,38 @@ TEST(Samples, AreByteForByteWhatTheProgramWrites) {
         const std::string stem = name.substr(0, name.find('.'));
         EXPECT_EQ(read.Model->ResultFileName, stem + ".bre");
         EXPECT_EQ(read.Model->PrincipalFileName, stem + ".san");
+    }
+}
+
+/// The bytes of a graphics input file written again, as above.
+std::string WrittenAgain(const GraphicsInputData& data, const std::string& bytes) {
+    for (const UnitSystem units : {UnitSystem::KgfToKgf, UnitSystem::KnToMPa}) {
+        for (const Int16 language : {JapaneseBase, EnglishBase}) {
+            std::string written = WriteGraphicsInput(data, units, language);
+            if (written == bytes) {
+                return written;
+            }
+        }
+    }
+    return "";
+}
+
+TEST(Samples, HaveTheirPavementForTheGraphicsToo) {
+    for (const std::string& name : SampleNames()) {
+        std::istringstream analysis(SampleBytes(name));
+        const AnalysisInputResult read = ReadAnalysisInput(analysis);
+        ASSERT_TRUE(read.Passed()) << name;
+        const std::string bytes = SampleBytes(name.substr(0, name.find('.')) + ".ven");
+        std::istringstream stream(bytes);
+        const GraphicsInputResult graphics = ReadGraphicsInput(stream);
+        ASSERT_TRUE(graphics.Passed()) << name << ": " << FindingText(graphics.Failure);
+        EXPECT_EQ(WrittenAgain(*graphics.Data, bytes), bytes) << name;
+        GraphicsInputData same;
+        same.LayerCount = read.Model->LayerCount;
+        same.LoadCount = read.Model->LoadCount;
+        same.Layers = read.Model->Layers;
+        same.Loads = read.Model->Loads;
+        EXPECT_EQ(*graphics.Data, same) << name;
     }
 }
 
