@@ -10,6 +10,7 @@
 #include "contour/plot_layout.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "contour/color_scale.h"
 #include "contour/number_format.h"
@@ -128,6 +129,14 @@ void PrintLegendNumber(PlotSurface& surface, double value, double x, double y, d
 }
 
 }  // namespace
+
+PlotGeometry GeometryOfPixels(int pixelsWide, int pixelsHigh) {
+    return {0, 0, static_cast<double>(pixelsWide) * TwipsPerPixel, static_cast<double>(pixelsHigh) * TwipsPerPixel};
+}
+
+int PixelsOfTwips(double twips) {
+    return static_cast<int>(std::floor(twips / TwipsPerPixel + 0.5));
+}
 
 MapExtent WithoutEmptyAxis(MapExtent extent) {
     if (extent.AxisMin1 == extent.AxisMax1) {

@@ -8,6 +8,9 @@
 
 namespace zirvo {
 
+/// A logical pixel, at 96 to the inch.
+inline constexpr int TwipsPerPixel = 15;
+
 /// The picture in its own unit, as it was before any scale was set [twips]; by design 7935 by 8100.
 struct PlotGeometry {
     double Left = 0;
@@ -17,6 +20,12 @@ struct PlotGeometry {
 
     bool operator==(const PlotGeometry&) const = default;
 };
+
+/// The geometry of a picture of so many pixels; by design 529 by 540. Pictures of the same size have the same map.
+PlotGeometry GeometryOfPixels(int pixelsWide, int pixelsHigh);
+
+/// The pixels of a length in twips, rounded half up.
+int PixelsOfTwips(double twips);
 
 /// The extent with one unit added at the far end of an axis that has none.
 MapExtent WithoutEmptyAxis(MapExtent extent);

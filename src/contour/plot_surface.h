@@ -7,6 +7,9 @@
 
 namespace zirvo {
 
+/// The font of all texts on a map, set once and for all.
+inline constexpr const char* MapFont = "arial";
+
 /// A colour of 24 bits.
 struct Color {
     std::uint8_t Red = 0;
@@ -69,7 +72,7 @@ public:
 
     Color BackColor{0, 0, 0};
     Color ForeColor{255, 255, 255};
-    std::string FontName = "arial";
+    std::string FontName = MapFont;
     std::string_view FontSize = "10";  ///< points, as text: one of the literals "7", "8", "10" and "20"
     bool FontBold = false;
     bool FontItalic = false;
