@@ -1,0 +1,58 @@
+// The road of a map, see section_plot.h.
+#include "graphics/section_plot.h"
+
+#include "graphics/result_conversion.h"
+#include "shell/version_stamp.h"
+
+namespace zirvo {
+namespace {
+
+constexpr Int16 OutputFileStamp = 1;
+
+}  // namespace
+
+SectionInputStatus StartSection(SectionPlot& plot, const GraphicsInputData& model) {
+    plot.LayerCount = model.LayerCount;
+    plot.Input = PrepareSectionInput(model, plot.Section, plot.Units, plot.LanguageBase);
+    return plot.Input.Status;
+}
+
+GraphicsRunResult SolveSection(const SectionPlot& plot, const std::string& programFolder, ProcessService& process,
+                               const ProcessCallbacks& callbacks) {
+    return RunGraphicsSolver(
+        {.Language = LanguageNumberOf(plot.LanguageBase), .Units = plot.Units, .ProgramFolder = programFolder}, process,
+        callbacks);
+}
+
+void ConvertSection(const SectionPlot& plot, bool alreadyStamped) {
+    ConvertResultsToCsv({.ReportPath = SectionReportName,
+                         .CsvPath = SectionCsvName,
+                         .AlreadyStamped = alreadyStamped,
+                         .Language = LanguageNumberOf(plot.LanguageBase),
+                         .Units = plot.Units,
+                         .LayerCount = plot.LayerCount,
+                         .PointCount = plot.Input.PointCount,
+                         .OutputComponent = plot.Section.OutputComponent});
+}
+
+ReadOuts LoadSection(SectionPlot& plot) {
+    plot.Data = ReadResultData(SectionCsvName, plot.Section.Kind, plot.Input.Grid);
+    return TakeReadOuts(plot.Data);
+}
+
+std::string TitleOf(const SectionPlot& plot) {
+    return MakeTitleText(plot.Section.Kind, plot.Section.OutputComponent, plot.PositionText,
+                         plot.Section.LayerOfInterest, "  " + MakeVersionStamp(OutputFileStamp));
+}
+
+void DrawSection(PlotSurface& surface, const SectionPlot& plot, const DisplayItems& items, Int16 contourLineCount,
+                 const PlotGeometry& picture) {
+    MapView view;
+    view.Items = items;
+    view.ContourLineCount = contourLineCount;
+    view.Plot = picture;
+    view.Title = TitleOf(plot);
+    DrawContourMap(surface, plot.Data.Map, view);
+}
+
+}  // namespace zirvo
