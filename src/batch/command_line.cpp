@@ -2,12 +2,11 @@
 #include "batch/command_line.h"
 
 #include <algorithm>
-#include <charconv>
 #include <sstream>
-#include <string_view>
 
 #include <CLI/CLI.hpp>
 
+#include "batch/option_texts.h"
 #include "shell/catalogue.h"
 #include "shell/version_stamp.h"
 #include "solver/io/report_names.h"
@@ -20,21 +19,6 @@ constexpr const char* FileHelp = "Analysis input file (.eva)";
 constexpr const char* UnitsHelp =
     "Units: 1 kgf, kgf/cm2, cm in and kgf/cm2, cm out; 2 the same in and MPa, cm out; 3 kN, MPa, cm in and MPa, cm out";
 
-/// The whole text as a number from 1 to `highest`; 0 for anything else.
-int CountOf(std::string_view text, int highest) {
-    int value = 0;
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value);
-    return error == std::errc() && stop == end && value >= 1 && value <= highest ? value : 0;
-}
-
-/// True if the name ends in the extension, in capitals or not, and has something in front of it.
-bool HasExtension(const std::string& name, std::string_view extension) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return name.size() > extension.size() && std::equal(extension.rbegin(), extension.rend(), name.rbegin(),
-                                                        [&](char a, char b) { return a == lower(b); });
-}
-
 std::string JudgeInputExtension(const std::string& file) {
     return HasExtension(file, GraphicsExtension) || HasExtension(file, ".eva")
                ? ""
@@ -46,6 +30,12 @@ std::string JudgeInputExtension(const std::string& file) {
 std::string JudgeExtension(const std::string& file) {
     return HasExtension(file, ".eva") ? ""
                                       : file + " is no analysis input file (.eva), the only kind that can be analysed";
+}
+
+std::string JudgeGraphicsExtension(const std::string& file) {
+    return HasExtension(file, GraphicsExtension)
+               ? ""
+               : file + " is no graphics input file (.ven), the only kind that a map is drawn from";
 }
 
 std::string JudgeThreads(const std::string& text) {
@@ -64,6 +54,7 @@ private:
     CLI::App app_;
     CLI::App* solve_;
     CLI::App* analyze_;
+    CLI::App* map_;
     CLI::App* check_;
     bool quiet_ = false;
     std::string file_;
@@ -71,10 +62,13 @@ private:
     std::string language_;
     std::string threads_;
     SolveRequest solveRequest_;
+    MapOptions mapOptions_;
 
     CLI::App* AddCommand(const char* name, const char* description);
     void AddCommonFlags(CLI::App& app);
     void AddUnits(CLI::App& app);
+    void AddLanguage(CLI::App& app, const char* description);
+    Request MapRequestOf(Console& console) const;
     Request RequestOf(Console& console);
 };
 
@@ -82,6 +76,7 @@ Parser::Parser()
     : app_("Structural analysis of layered pavements without a screen", "zirvo-batch"),
       solve_(AddCommand("solve", "Print all results at full precision")),
       analyze_(AddCommand("analyze", "Write reports and comma copies beside the file, as the ANALYZE button does")),
+      map_(AddCommand("map", "Draw the strains of a section as a contour map")),
       check_(AddCommand("check", "Name every row and value that breaks a rule")) {
     AddCommonFlags(app_);
     app_.require_subcommand(1);
@@ -97,11 +92,14 @@ Parser::Parser()
                      "Add three columns: estimated relative errors of displacements, stresses, strains");
 
     AddUnits(*analyze_);
-    analyze_->add_option("--language", language_, "Language of the reports")
-        ->required()
-        ->check(CLI::IsMember({"ja", "en"}).description(""))
-        ->type_name("ja|en");
+    AddLanguage(*analyze_, "Language of the reports");
     analyze_->get_option("FILE")->check(JudgeExtension);
+
+    AddUnits(*map_);
+    AddLanguage(*map_, "Language of the work files and of what is told; the map looks the same");
+    mapOptions_.AddTo(*map_);
+    map_->get_option("FILE")->check(JudgeGraphicsExtension)->description("Graphics input file (.ven)");
+
     check_->get_option("FILE")
         ->check(JudgeInputExtension)
         ->description("Analysis (.eva) or graphics (.ven) input file");
@@ -127,10 +125,32 @@ void Parser::AddUnits(CLI::App& app) {
         ->type_name("1|2|3");
 }
 
+void Parser::AddLanguage(CLI::App& app, const char* description) {
+    app.add_option("--language", language_, description)
+        ->required()
+        ->check(CLI::IsMember({"ja", "en"}).description(""))
+        ->type_name("ja|en");
+}
+
+Request Parser::MapRequestOf(Console& console) const {
+    if (const std::string reason = mapOptions_.Contradiction(file_); !reason.empty()) {
+        console.Complain("", reason);
+        return NothingToDo{ExitCode::WrongUsage};
+    }
+    MapRequest request = mapOptions_.Read();
+    request.File = file_;
+    request.Units = zirvo::UnitSystemOf(CountOf(units_, 3));
+    request.LanguageBase = language_ == "ja" ? JapaneseBase : EnglishBase;
+    return request;
+}
+
 Request Parser::RequestOf(Console& console) {
     const int units = CountOf(units_, 3);
     if (*analyze_) {
         return AnalyzeRequest{file_, zirvo::UnitSystemOf(units), language_ == "ja" ? JapaneseBase : EnglishBase};
+    }
+    if (*map_) {
+        return MapRequestOf(console);
     }
     if (*check_) {
         return CheckRequest{file_, HasExtension(file_, GraphicsExtension)};

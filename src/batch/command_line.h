@@ -7,6 +7,7 @@
 #include "analysis/pavement_model.h"
 #include "base/int16.h"
 #include "batch/console.h"
+#include "batch/map_options.h"
 #include "solver/io/unit_systems.h"
 
 namespace zirvo::batch {
@@ -40,7 +41,7 @@ struct NothingToDo {
     ExitCode Code = ExitCode::Done;
 };
 
-using Request = std::variant<NothingToDo, SolveRequest, AnalyzeRequest, CheckRequest>;
+using Request = std::variant<NothingToDo, SolveRequest, AnalyzeRequest, MapRequest, CheckRequest>;
 
 /// Reads the command line; tells the console to be quiet where that is asked for, answers --help and --version, and
 /// says what is wrong with a command line that is wrong.

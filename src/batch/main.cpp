@@ -1,4 +1,4 @@
-// zirvo-batch: solving, analyses and checks from the command line.
+// zirvo-batch: solving, analyses, maps and checks from the command line.
 #include <exception>
 #include <new>
 #include <variant>
@@ -7,6 +7,7 @@
 #include "batch/check_command.h"
 #include "batch/command_line.h"
 #include "batch/console.h"
+#include "batch/map_command.h"
 #include "batch/solve_command.h"
 #include "platform/terminal.h"
 
@@ -20,6 +21,7 @@ struct Work {
     ExitCode operator()(const NothingToDo& answered) const { return answered.Code; }
     ExitCode operator()(const SolveRequest& request) const { return RunSolve(request, Out); }
     ExitCode operator()(const AnalyzeRequest& request) const { return RunAnalyze(request, Out); }
+    ExitCode operator()(const MapRequest& request) const { return RunMap(request, Out); }
     ExitCode operator()(const CheckRequest& request) const { return RunCheck(request, Out); }
 };
 

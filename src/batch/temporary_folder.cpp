@@ -1,0 +1,55 @@
+// A fresh folder for work files, see temporary_folder.h.
+#include "batch/temporary_folder.h"
+
+#include <random>
+#include <system_error>
+
+#include "base/runtime_fault.h"
+#include "platform/files.h"
+
+namespace zirvo::batch {
+namespace {
+
+constexpr int MostTries = 100;
+
+std::filesystem::path MakeFreshFolder() {
+    const std::filesystem::path parent = std::filesystem::temp_directory_path();
+    std::random_device random;
+    for (int tries = 0; tries < MostTries; ++tries) {
+        const std::filesystem::path folder =
+            parent / ("zirvo-" + std::to_string(random()) + "-" + std::to_string(random()));
+        if (std::filesystem::create_directory(folder)) {  // false where something of that name is there
+            return folder;
+        }
+    }
+    throw RuntimeFault(fault::FileAlreadyExists);
+}
+
+std::string Utf8Of(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() : earlier_(CurrentFolder()), folder_(MakeFreshFolder()) {
+    try {
+        std::filesystem::permissions(folder_, std::filesystem::perms::owner_all);
+        ChangeFolder(Utf8Of(folder_));
+    } catch (...) {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+        throw;
+    }
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    try {
+        ChangeFolder(earlier_);
+    } catch (const RuntimeFault&) {  // someone has removed it; the picture's folder is judged when it is written
+    }
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+}
+
+}  // namespace zirvo::batch

@@ -1,0 +1,69 @@
+// Fonts of pictures, see picture_fonts.h.
+#include "qt/picture_fonts.h"
+
+#include <QFontDatabase>
+#include <QStringList>
+#include <array>
+
+namespace zirvo {
+namespace {
+
+struct StandIn {
+    const char* Name;
+    const char* Family;
+};
+
+constexpr const char* JapaneseFamily = "IPAGothic";
+constexpr std::array StandIns{StandIn{"arial", "Liberation Sans"}, StandIn{"Courier", "Liberation Mono"},
+                              StandIn{"ＭＳ ゴシック", JapaneseFamily}};
+
+/// Bitmap fonts of the name do not count: they have other measures.
+bool IsInstalled(const QString& family) {
+    return QFontDatabase::hasFamily(family) && QFontDatabase::isSmoothlyScalable(family);
+}
+
+QStringList FamiliesOf(const std::string& name) {
+    QStringList families;
+    if (const QString asked = QString::fromStdString(name); IsInstalled(asked)) {
+        families.append(asked);
+    }
+    for (const StandIn& standIn : StandIns) {
+        if (name == standIn.Name) {
+            families.append(QString::fromUtf8(standIn.Family));
+        }
+    }
+    if (!families.contains(QString::fromUtf8(JapaneseFamily))) {
+        families.append(QString::fromUtf8(JapaneseFamily));
+    }
+    return families;
+}
+
+}  // namespace
+
+int FontPixels(std::string_view points) {
+    if (points == "7") {
+        return 9;
+    }
+    if (points == "8") {
+        return 11;
+    }
+    return points == "20" ? 27 : 13;
+}
+
+QFont PictureFont(const std::string& name, std::string_view points, bool bold, bool italic) {
+    QFont font;
+    font.setFamilies(FamiliesOf(name));
+    font.setPixelSize(FontPixels(points));
+    font.setBold(bold);
+    font.setItalic(italic);
+    font.setKerning(false);  // numbers below each other line up
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setStyleStrategy(static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+    return font;
+}
+
+bool HasPictureFont(const std::string& name) {
+    return IsInstalled(FamiliesOf(name).constFirst());
+}
+
+}  // namespace zirvo
