@@ -1,0 +1,148 @@
+// The application: forms by name, the outermost handler, what it catches and what it leaves behind.
+#include "forms/application.h"
+
+#include <algorithm>
+
+#include "base/runtime_fault.h"
+
+namespace zirvo::forms {
+namespace {
+
+/// Two controls that hand the focus to each other in their own events would do so for ever; beyond this count of
+/// events behind one handler the rest is dropped.
+constexpr int MostFocusEvents = 1000;
+
+}  // namespace
+
+Application::Application(Desktop& desktop) : desktop_(desktop) {}
+
+Application::~Application() {
+    ended_ = true;
+    while (!loaded_.empty()) {
+        loaded_.back()->gone_ = true;
+        BuryForm(*loaded_.back());
+    }
+    DestroyGone();
+}
+
+void Application::Register(const std::string& name, Factory factory) {
+    factories_[name] = std::move(factory);
+}
+
+Form* Application::Find(const std::string& name) const {
+    const auto found = std::find_if(loaded_.begin(), loaded_.end(),
+                                    [&](const std::unique_ptr<Form>& form) { return form->Name() == name; });
+    return found == loaded_.end() ? nullptr : found->get();
+}
+
+Form& Application::Load(const std::string& name) {
+    Form* known = Find(name);
+    if (known != nullptr) {
+        return *known;
+    }
+    const auto factory = factories_.find(name);
+    if (factory == factories_.end()) {
+        throw RuntimeFault(fault::InvalidCall);
+    }
+    loaded_.push_back(factory->second(*this));
+    Form& form = *loaded_.back();
+    form.loaded_ = true;
+    form.Form_Load();
+    return form;
+}
+
+void Application::Show(const std::string& name) {
+    Dispatch([&] { Load(name).Show(); });
+}
+
+void Application::Dispatch(const std::function<void()>& handler) {
+    if (ended_) {
+        return;
+    }
+    if (InHandler()) {
+        handler();
+        return;
+    }
+    RunOutermost(handler);
+    RaiseFocusEvents();
+    DestroyGone();
+}
+
+void Application::RunOutermost(const std::function<void()>& handler) {
+    ++depth_;
+    try {
+        handler();
+    } catch (const RuntimeFault& fault) {
+        ShowFault("Run-time error '" + std::to_string(fault.Number()) + "':", fault.what());
+    } catch (const std::exception& error) {
+        ShowFault("Internal error:", error.what());  // a mistake of our own, which the toolkit must not see
+    }
+    --depth_;
+}
+
+void Application::ShowFault(const std::string& heading, const std::string& description) {
+    if (!ended_) {
+        desktop_.Show({.Text = heading + "\n\n" + description, .Title = "ZIRVO Ver2.3", .Picture = Icon::Stop});
+        End(1);
+    }
+}
+
+void Application::RaiseFocusEvents() {
+    for (int left = MostFocusEvents; left > 0 && !ended_; --left) {
+        Form* form = FormWithFocusEvent();
+        if (form == nullptr) {
+            return;
+        }
+        RunOutermost([form] { form->RaiseFocusEvent(); });
+    }
+    for (const std::unique_ptr<Form>& form : loaded_) {
+        form->ForgetFocusEvents();
+    }
+}
+
+/// Settles the focus of the forms on the screen, and gives the first of them with an event that waits.
+Form* Application::FormWithFocusEvent() {
+    for (const std::unique_ptr<Form>& form : loaded_) {
+        if (form->IsVisible()) {
+            form->SettleFocus();
+        }
+    }
+    const auto found = std::find_if(loaded_.begin(), loaded_.end(),
+                                    [](const std::unique_ptr<Form>& form) { return form->HasFocusEvent(); });
+    return found == loaded_.end() ? nullptr : found->get();
+}
+
+void Application::End(int status) {
+    if (!ended_) {
+        ended_ = true;
+        desktop_.EndProgram(status);
+    }
+}
+
+void Application::BuryForm(Form& form) {
+    const auto found = std::find_if(loaded_.begin(), loaded_.end(),
+                                    [&](const std::unique_ptr<Form>& one) { return one.get() == &form; });
+    if (found != loaded_.end()) {
+        goneForms_.push_back(std::move(*found));
+        loaded_.erase(found);
+    }
+}
+
+void Application::BuryControl(std::unique_ptr<Control> control) {
+    goneControls_.push_back(std::move(control));
+}
+
+/// A form that goes may remove controls of its own while it goes.
+void Application::DestroyGone() {
+    while (!goneForms_.empty() || !goneControls_.empty()) {
+        goneControls_.clear();
+        const std::vector<std::unique_ptr<Form>> goneForms = std::move(goneForms_);
+        goneForms_.clear();
+        for (const std::unique_ptr<Form>& form : goneForms) {
+            desktop_.FormGone(*form);
+            form->Attach(nullptr);
+        }
+    }
+}
+
+}  // namespace zirvo::forms

@@ -1,0 +1,73 @@
+// The one application: it owns the forms, makes them by name, and runs every handler that the outside starts.
+#pragma once
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/desktop.h"
+#include "forms/form.h"
+
+namespace zirvo::forms {
+
+class Application {
+public:
+    using Factory = std::function<std::unique_ptr<Form>(Application&)>;
+
+    explicit Application(Desktop& desktop);
+    ~Application();
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
+
+    Desktop& World() const { return desktop_; }
+
+    /// Names a form and tells how it is made.
+    void Register(const std::string& name, Factory factory);
+
+    /// The loaded form of that type, loaded first if it is not. T has a `static constexpr const char* FormName`.
+    template <class T>
+    T& Get() {
+        return dynamic_cast<T&>(Load(T::FormName));
+    }
+    /// The loaded form, or nullptr.
+    Form* Find(const std::string& name) const;
+    /// Makes the form and runs its load step if it is not loaded. A name that nobody registered is fault 5.
+    Form& Load(const std::string& name);
+    /// Loads if need be, shows, brings to the front.
+    void Show(const std::string& name);
+
+    /// Runs a handler that the outside starts. The outermost one catches a RuntimeFault, which ends the program with
+    /// the fault box and exit status 1; behind it the focus events that wait are raised, each as a handler of its own,
+    /// and what has been unloaded or removed is destroyed. An inner one is a plain call. Nothing runs once the program
+    /// has ended.
+    void Dispatch(const std::function<void()>& handler);
+    /// Whether a handler is running: a view drops what the user does meanwhile.
+    bool InHandler() const { return depth_ > 0; }
+
+    /// Ends the program at once: no unloading, no question.
+    void End(int status = 0);
+    bool HasEnded() const { return ended_; }
+
+private:
+    friend class Form;
+    friend class ControlCollection;
+
+    void RunOutermost(const std::function<void()>& handler);
+    void RaiseFocusEvents();
+    Form* FormWithFocusEvent();
+    void BuryForm(Form& form);
+    void BuryControl(std::unique_ptr<Control> control);
+    void DestroyGone();
+    void ShowFault(const std::string& heading, const std::string& description);
+
+    Desktop& desktop_;
+    std::map<std::string, Factory> factories_;
+    std::vector<std::unique_ptr<Form>> loaded_;
+    std::vector<std::unique_ptr<Form>> goneForms_;
+    std::vector<std::unique_ptr<Control>> goneControls_;
+    int depth_ = 0;
+    bool ended_ = false;
+};
+
+}  // namespace zirvo::forms
