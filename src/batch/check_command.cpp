@@ -1,9 +1,6 @@
 // `zirvo-batch check`, see check_command.h.
 #include "batch/check_command.h"
 
-#include <string>
-#include <vector>
-
 #include "analysis/analysis_input.h"
 #include "graphics/graphics_input.h"
 
@@ -18,39 +15,29 @@ std::string Contents(int layers, int loads) {
     return Counted(layers, "layer") + ", " + Counted(loads, "load");
 }
 
-/// Names every finding; true if there is one.
-bool Complain(const std::string& file, const std::vector<Finding>& findings, Console& console) {
-    for (const Finding& finding : findings) {
-        // What concerns the file as a whole needs no word for "file" behind its name.
-        const bool whole = finding.Group == DataGroup::File && finding.Value.empty() && finding.Text.empty();
-        console.Complain(file, whole ? finding.Reason : FindingText(finding));
-    }
-    return !findings.empty();
-}
-
 ExitCode Passes(const std::string& file, const std::string& contents, Console& console) {
     return console.Output(file + ": passes: " + contents + "\n");
 }
 
 ExitCode CheckGraphics(const std::string& file, Console& console) {
-    if (Complain(file, CheckGraphicsInput(file), console)) {
+    if (TellFindings(file, CheckGraphicsInput(file), console)) {
         return ExitCode::BadInput;
     }
     const GraphicsInputResult read = ReadGraphicsInput(file);
     if (!read.Data) {  // changed by someone else since the lines above
-        Complain(file, {read.Failure}, console);
+        TellFindings(file, {read.Failure}, console);
         return ExitCode::BadInput;
     }
     return Passes(file, Contents(read.Data->LayerCount, read.Data->LoadCount), console);
 }
 
 ExitCode CheckAnalysis(const std::string& file, Console& console) {
-    if (Complain(file, CheckAnalysisInput(file), console)) {
+    if (TellFindings(file, CheckAnalysisInput(file), console)) {
         return ExitCode::BadInput;
     }
     const AnalysisInputResult read = ReadAnalysisInput(file);
     if (!read.Model) {  // changed by someone else since the lines above
-        Complain(file, {read.Failure}, console);
+        TellFindings(file, {read.Failure}, console);
         return ExitCode::BadInput;
     }
     return Passes(
@@ -59,6 +46,15 @@ ExitCode CheckAnalysis(const std::string& file, Console& console) {
 }
 
 }  // namespace
+
+bool TellFindings(const std::string& file, const std::vector<Finding>& findings, Console& console) {
+    for (const Finding& finding : findings) {
+        // What concerns the file as a whole needs no word for "file" behind its name.
+        const bool whole = finding.Group == DataGroup::File && finding.Value.empty() && finding.Text.empty();
+        console.Complain(file, whole ? finding.Reason : FindingText(finding));
+    }
+    return !findings.empty();
+}
 
 ExitCode RunCheck(const CheckRequest& request, Console& console) {
     console.Progress("checking " + request.File);

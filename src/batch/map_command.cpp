@@ -2,12 +2,13 @@
 #include "batch/map_command.h"
 
 #include <filesystem>
+#include <numeric>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "analysis/data_findings.h"
+#include "batch/check_command.h"
 #include "batch/map_picture.h"
 #include "batch/temporary_folder.h"
 #include "contour/number_format.h"
@@ -60,16 +61,13 @@ std::string Centimetres(double length) {
 }
 
 bool Mapping::ReadModel() {
-    const std::vector<Finding> findings = CheckGraphicsInput(request_.File);
-    for (const Finding& finding : findings) {
-        Refuse(FindingText(finding));
-    }
-    if (!findings.empty()) {
+    if (TellFindings(request_.File, CheckGraphicsInput(request_.File), console_)) {
         return false;
     }
     GraphicsInputResult read = ReadGraphicsInput(request_.File);
     if (!read.Data) {  // changed by someone else since the lines above
-        return Refuse(FindingText(read.Failure));
+        TellFindings(request_.File, {read.Failure}, console_);
+        return false;
     }
     model_ = *std::move(read.Data);
     return true;
@@ -117,9 +115,12 @@ bool Mapping::Start() {
             return Refuse("the loads make a grid of " + std::to_string(PointCountOf(plot_.Input.Grid)) +
                           " points, more than " + std::to_string(PointLimit));
         default:
-            return Refuse("layer " + std::to_string(model_.LayerCount) +
-                          ": its top, rounded to 2 decimals, lies in the layer above");
+            break;
     }
+    const std::vector<double> thicknesses = ThicknessesOf(model_);
+    const double top = std::accumulate(thicknesses.begin(), thicknesses.end(), 0.0);
+    return Refuse("layer " + std::to_string(model_.LayerCount) + ": its top at " + Centimetres(top) +
+                  ", rounded to 2 decimals, lies in the layer above");
 }
 
 bool Mapping::Solve() {

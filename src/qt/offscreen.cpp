@@ -1,6 +1,8 @@
 // Qt without a display, see offscreen.h.
 #include "qt/offscreen.h"
 
+#include <QByteArray>
+#include <QTemporaryDir>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -17,6 +19,32 @@ void KeepQuiet(QtMsgType type, const QMessageLogContext& /*context*/, const QStr
     }
 }
 
+/// On its way up Qt looks for a display in the user's runtime folder, and makes one among the temporary folders, for
+/// good, where that is missing. This one is there for so long, and gone afterwards.
+class RuntimeFolder {
+public:
+    RuntimeFolder() {
+        if (folder_.isValid()) {
+            qputenv(Variable, folder_.path().toLocal8Bit());
+        }
+    }
+    ~RuntimeFolder() {
+        if (earlier_.isNull()) {
+            qunsetenv(Variable);
+        } else {
+            qputenv(Variable, earlier_);
+        }
+    }
+    RuntimeFolder(const RuntimeFolder&) = delete;
+    RuntimeFolder& operator=(const RuntimeFolder&) = delete;
+
+private:
+    static constexpr const char* Variable = "XDG_RUNTIME_DIR";
+
+    QTemporaryDir folder_;
+    QByteArray earlier_ = qgetenv(Variable);
+};
+
 }  // namespace
 
 OffscreenQt::OffscreenQt() : earlier_(qInstallMessageHandler(KeepQuiet)) {
@@ -26,6 +54,7 @@ OffscreenQt::OffscreenQt() : earlier_(qInstallMessageHandler(KeepQuiet)) {
     static char platform[] = "offscreen";
     static std::array<char*, 4> arguments{name, option, platform, nullptr};
     static int count = 3;
+    const RuntimeFolder runtime;
     application_ = std::make_unique<QGuiApplication>(count, arguments.data());
 }
 

@@ -60,8 +60,11 @@ TEST(CommandLine, WrongUsageEndsWithTwoAndSaysWhatIsWrong) {
 
 TEST(CommandLine, EveryCommandTellsTheVersion) {
     const WorkFolder folder;
-    for (const Arguments& line : std::vector<Arguments>{
-             {"--version"}, {"solve", "--version"}, {"analyze", "--version"}, {"check", "--version"}}) {
+    for (const Arguments& line : std::vector<Arguments>{{"--version"},
+                                                        {"solve", "--version"},
+                                                        {"analyze", "--version"},
+                                                        {"map", "--version"},
+                                                        {"check", "--version"}}) {
         const Outcome outcome = folder.Batch(line);
         EXPECT_EQ(outcome.Code, 0);
         EXPECT_EQ(outcome.Out, "zirvo-batch 2.3\n");
@@ -71,9 +74,12 @@ TEST(CommandLine, EveryCommandTellsTheVersion) {
 
 TEST(CommandLine, EveryCommandHasHelpThatNamesItsOptions) {
     const std::vector<std::pair<Arguments, Arguments>> rows{
-        {{"--help"}, {"solve", "analyze", "check", "--version", "--quiet", "Exit codes"}},
+        {{"--help"}, {"solve", "analyze", "map", "check", "--version", "--quiet", "Exit codes"}},
         {{"solve", "--help"}, {"FILE", "--units", "--csv", "--threads", "--estimates", "--quiet", "--version"}},
         {{"analyze", "--help"}, {"FILE", "--units", "--language", "ja|en", "--quiet", "--version"}},
+        {{"map", "--help"},
+         {"FILE", "--units", "--language", "--section", "xy|xz", "--position", "--layer", "--component", "EPSx|EPSz",
+          "--lines", "--items", "--min", "--max", "--size", "WxH", "-o,--output", "--quiet", "--version"}},
         {{"check", "--help"}, {"FILE", "--quiet", "--version"}},
     };
     const WorkFolder folder;
