@@ -24,7 +24,8 @@ EditedText::EditedText(std::string_view text, int selStart, int selLength)
       Length(std::min(static_cast<std::size_t>(std::max(selLength, 0)), Characters.size() - Start)) {}
 
 void EditedText::Insert(std::u32string_view characters) {
-    Characters.replace(Start, Length, characters);
+    Characters.erase(Start, Length);
+    Characters.insert(Start, characters);
     Start += characters.size();
     Length = 0;
 }
