@@ -47,7 +47,15 @@ Form& Application::Load(const std::string& name) {
     loaded_.push_back(factory->second(*this));
     Form& form = *loaded_.back();
     form.loaded_ = true;
-    form.Form_Load();
+    try {
+        form.Form_Load();
+    } catch (...) {  // no form stays behind half loaded
+        form.gone_ = true;
+        form.loaded_ = false;
+        form.Hide();
+        BuryForm(form);
+        throw;
+    }
     return form;
 }
 

@@ -69,7 +69,9 @@ void ComboBox::StoreSelection(int selStart, int selLength) {
 
 void ComboBox::UserChoose(int index) {
     ListOpen = false;
-    if (IsUsable() && index >= 0 && index < ListCount()) {
+    const ControlWatch watch(*this);
+    UserFocus();
+    if (watch.IsUsable() && index >= 0 && index < ListCount()) {
         App().Dispatch([&] { SetIndex(index, true); });
     }
 }

@@ -29,7 +29,8 @@ public:
     /// Outside the list: fault 5.
     const std::string& List(int index) const;
 
-    /// The user takes an entry from the list: Click, also where it is the current one. Closes the list.
+    /// The user takes an entry from the list: the list closes, the focus comes here, then Click, also where the entry
+    /// is the current one.
     void UserChoose(int index);
     /// The view's own editing of the text.
     void UserEdited(std::string text, int selStart, int selLength);

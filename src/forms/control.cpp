@@ -81,7 +81,7 @@ bool Control::UserKey(const KeyStroke& stroke) {
     }
     const ControlWatch watch(*this);
     KeyStroke changed = stroke;
-    if (RaisesKeys()) {
+    if (RaisesKeys() && watch.IsThere()) {
         App().Dispatch([&] { Raise(KeyDown, changed.Code); });
         if (watch.IsThere() && stroke.Character != 0 && (!stroke.Alt || stroke.Control)) {
             int ascii = static_cast<int>(stroke.Character);

@@ -49,7 +49,9 @@ void Form::RaiseFocusEvent() {
     } else if (active_ != nullptr) {
         reported_ = active_;
         active_->ReceivesFocus();
-        Control::Raise(reported_->GotFocus);
+        if (reported_ != nullptr) {  // it may have been removed meanwhile
+            Control::Raise(reported_->GotFocus);
+        }
     }
 }
 
@@ -76,13 +78,15 @@ Control* Form::NextTabStop(const Control* from, bool backwards) const {
 }
 
 /// The first tab stop behind (or before) a place, wrapping; the place itself comes last.
-/// @param from  whose stop does not count: Tab leaves a group of option buttons; nullptr where all count
+/// @param from  whose stop does not count: Tab leaves a group of option buttons, and the grid of a cell's box; nullptr
+///              where all count
 Control* Form::TabStopFrom(int place, bool backwards, const Control* from) const {
     const int count = Controls.Count();
     for (int step = 1; step <= count; ++step) {
         const int next = ((backwards ? place - step : place + step) % count + count) % count;
         Control& control = Controls.At(next);
-        if (control.IsTabStop() && (from == nullptr || !from->SharesStopWith(control))) {
+        const bool own = from != nullptr && (from->SharesStopWith(control) || from->TabPlace() == &control);
+        if (control.IsTabStop() && !own) {
             return &control;
         }
     }

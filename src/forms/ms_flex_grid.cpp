@@ -207,11 +207,11 @@ void MSFlexGrid::UserScrollTo(int topRow, int leftCol) {
 
 /// Keys reach a grid that has data, and then a cell of the data.
 bool MSFlexGrid::RaisesKeys() {
-    const bool hasData = HasDataRows() && Cols > FixedCols;
-    if (hasData) {
-        EnterData();
+    if (!HasDataRows() || Cols <= FixedCols) {
+        return false;
     }
-    return hasData;
+    App().Dispatch([this] { EnterData(); });
+    return true;
 }
 
 /// The cell that a key moves to; row -1 for other keys.
