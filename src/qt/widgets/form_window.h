@@ -1,0 +1,57 @@
+// The window of a form: its controls as widgets, and the user's keys and clicks on their way to the models.
+#pragma once
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWidget>
+#include <unordered_map>
+
+#include "forms/form.h"
+#include "qt/widgets/control_binding.h"
+#include "qt/widgets/map_pictures.h"
+
+namespace zirvo::widgets {
+
+/// Of fixed size and without a close entry in its frame. Every key press goes to the form first; Qt's own editing gets
+/// only what the form leaves to it. Qt never moves the focus: the form's active control has it.
+class FormWindow final : public QWidget, public forms::FormView {
+public:
+    FormWindow(forms::Form& form, const MapPictures& maps);
+    ~FormWindow() override;
+
+    forms::Form& Model() const { return form_; }
+    /// The form is going, or the program ends: every binding lets go of its control.
+    void Retire();
+
+    void Refresh() override;
+    void ControlAdded(forms::Control& control) override;
+    void ControlRemoved(forms::Control& control) override;
+    void FocusMoved() override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool event(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    ControlBinding& Bind(forms::Control& control);
+    void Watch(QWidget& widget);
+    ControlBinding* BindingOf(const forms::Control* control) const;
+    ControlBinding* BindingAt(QObject* watched) const;
+    bool IsBusy() const { return retired_ || form_.App().InHandler(); }
+
+    bool Key(const QKeyEvent& event, ControlBinding* at);
+    bool Press(ControlBinding& at);
+    bool InputMethod(const QInputMethodEvent& event, ControlBinding* at);
+    void NameForAssistance();
+
+    forms::Form& form_;
+    const MapPictures& maps_;
+    std::unordered_map<const forms::Control*, ControlBinding*> bindings_;
+    bool passing_ = false;  ///< a stroke that the form has seen is on its way to a widget
+    bool retired_ = false;
+};
+
+}  // namespace zirvo::widgets

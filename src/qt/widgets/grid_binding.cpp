@@ -1,0 +1,70 @@
+// The grid and its acts, see grid_binding.h; how it is painted stands in grid_widget.cpp.
+#include "qt/widgets/grid_binding.h"
+#include "forms/form.h"
+#include "forms/text_box.h"
+
+namespace zirvo::widgets {
+
+GridBinding::GridBinding(forms::MSFlexGrid& grid, QWidget& parent)
+    : ControlBinding(grid, *new GridWidget(grid, parent)), grid_(grid), shown_(static_cast<GridWidget&>(Widget())) {
+    shown_.setAttribute(Qt::WA_InputMethodEnabled);
+    shown_.CellPressed = [this](int row, int col) {
+        Act([&] {
+            if (row < 0 || col < 0) {
+                grid_.UserFocus();
+            } else {
+                grid_.UserClickCell(row, col);
+            }
+        });
+    };
+    shown_.CellDoubleClicked = [this](int row, int col) {
+        Act([&] {
+            if (row >= 0 && col >= 0) {
+                grid_.UserDoubleClickCell(row, col);
+            }
+        });
+    };
+    shown_.ScrolledTo = [this](int topRow, int leftCol) { Act([&] { grid_.UserScrollTo(topRow, leftCol); }); };
+    connect(&shown_.Vertical(), &QScrollBar::valueChanged, this,
+            [this](int value) { Act([&] { grid_.UserScrollTo(value, grid_.LeftCol); }); });
+    connect(&shown_.Horizontal(), &QScrollBar::valueChanged, this,
+            [this](int value) { Act([&] { grid_.UserScrollTo(grid_.TopRow, value); }); });
+}
+
+bool GridBinding::Commit(const QString& text) {
+    // The first character opens the editor of the cell, and what follows goes on in its box.
+    forms::Form& form = grid_.Parent();
+    for (const uint character : text.toUcs4()) {
+        if (!MayAct()) {
+            break;
+        }
+        if (auto* box = dynamic_cast<forms::TextBox*>(form.ActiveControl())) {
+            box->Type(QString::fromUcs4(reinterpret_cast<const char32_t*>(&character), 1).toStdString());
+        } else {
+            form.UserKey(forms::StrokeOf(static_cast<char32_t>(character)));
+        }
+    }
+    return true;
+}
+
+void GridBinding::ShowState() {
+    shown_.ShowAll();
+}
+
+void GridBinding::Follower::CellChanged(int row, int col) {
+    binding_.shown_.ShowCell(row, col);
+}
+
+void GridBinding::Follower::RowsChanged() {
+    binding_.Refresh();
+}
+
+void GridBinding::Follower::Scrolled() {
+    binding_.Refresh();
+}
+
+void GridBinding::Follower::CurrentCellMoved() {
+    binding_.Refresh();
+}
+
+}  // namespace zirvo::widgets

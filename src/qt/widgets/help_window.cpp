@@ -1,0 +1,108 @@
+// The window of the manual, see help_window.h.
+#include "qt/widgets/help_window.h"
+
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "qt/widgets/screen_fonts.h"
+
+namespace zirvo::widgets {
+namespace {
+
+/// The words on the buttons, by the language of the page: the base name of the Japanese manual ends in 1.
+struct Words {
+    const char* Back;
+    const char* Forward;
+    const char* Find;
+};
+constexpr Words JapaneseWords{"戻る", "進む", "検索"};
+constexpr Words EnglishWords{"Back", "Forward", "Find"};
+
+}  // namespace
+
+HelpWindow::HelpWindow() {
+    setObjectName(QStringLiteral("Help"));
+    page_.setObjectName(QStringLiteral("HelpPage"));
+    words_.setObjectName(QStringLiteral("HelpWords"));
+    find_.setObjectName(QStringLiteral("HelpFind"));
+    back_.setObjectName(QStringLiteral("HelpBack"));
+    forward_.setObjectName(QStringLiteral("HelpForward"));
+    setFont(ScreenFont({}));
+    page_.setFont(ScreenFont({.Name = {}, .Size = 11}));
+    page_.setOpenExternalLinks(false);
+    words_.setClearButtonEnabled(true);
+
+    auto* bar = new QHBoxLayout;
+    bar->addWidget(&back_);
+    bar->addWidget(&forward_);
+    bar->addStretch();
+    bar->addWidget(&words_);
+    bar->addWidget(&find_);
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(6, 6, 6, 6);
+    all->addLayout(bar);
+    all->addWidget(&page_);
+
+    back_.setEnabled(false);
+    forward_.setEnabled(false);
+    connect(&back_, &QPushButton::clicked, &page_, &QTextBrowser::backward);
+    connect(&forward_, &QPushButton::clicked, &page_, &QTextBrowser::forward);
+    connect(&page_, &QTextBrowser::backwardAvailable, &back_, &QWidget::setEnabled);
+    connect(&page_, &QTextBrowser::forwardAvailable, &forward_, &QWidget::setEnabled);
+    connect(&find_, &QPushButton::clicked, this, [this] { FindNext(); });
+    connect(&words_, &QLineEdit::returnPressed, this, [this] { FindNext(); });
+
+    const QSize room = QGuiApplication::primaryScreen()->availableSize();
+    resize(std::min(820, room.width() - 80), std::min(680, room.height() - 80));
+}
+
+bool HelpWindow::Open(const QString& file) {
+    const QFileInfo info(file);
+    if (!info.isFile() || !info.isReadable()) {
+        return false;
+    }
+    const Words& words = info.completeBaseName().endsWith(QLatin1Char('1')) ? JapaneseWords : EnglishWords;
+    back_.setText(QString::fromUtf8(words.Back));
+    forward_.setText(QString::fromUtf8(words.Forward));
+    find_.setText(QString::fromUtf8(words.Find));
+    words_.setAccessibleName(find_.text());
+    if (const QUrl url = QUrl::fromLocalFile(info.absoluteFilePath()); url != page_.source()) {
+        page_.setSource(url);
+        page_.clearHistory();
+    }
+    const QString title = page_.documentTitle();
+    setWindowTitle(title.isEmpty() ? QStringLiteral("ZIRVO") : title);
+    showNormal();
+    raise();
+    activateWindow();
+    page_.setFocus();
+    return true;
+}
+
+void HelpWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        close();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+/// From the caret on, then once more from the top.
+void HelpWindow::FindNext() {
+    const QString words = words_.text();
+    if (words.isEmpty() || page_.find(words)) {
+        return;
+    }
+    const QTextCursor before = page_.textCursor();
+    page_.moveCursor(QTextCursor::Start);
+    if (!page_.find(words)) {
+        page_.setTextCursor(before);
+    }
+}
+
+}  // namespace zirvo::widgets

@@ -1,0 +1,87 @@
+// Labels and frames, see label_bindings.h.
+#include "qt/widgets/label_bindings.h"
+
+#include <QPainter>
+#include <QPen>
+
+namespace zirvo::widgets {
+namespace {
+
+Qt::Alignment ToQt(forms::Alignment alignment) {
+    switch (alignment) {
+        case forms::Alignment::Right:
+            return Qt::AlignRight | Qt::AlignTop;
+        case forms::Alignment::Center:
+            return Qt::AlignHCenter | Qt::AlignTop;
+        case forms::Alignment::Left:
+            break;
+    }
+    return Qt::AlignLeft | Qt::AlignTop;
+}
+
+}  // namespace
+
+QColor ToQt(forms::ScreenColor color, const QColor& standard) {
+    return color == forms::DefaultColor ? standard : QColor::fromRgb(static_cast<QRgb>(color));
+}
+
+LabelBinding::LabelBinding(forms::Label& label, QWidget& parent)
+    : ControlBinding(label, *new QLabel(&parent)), label_(label), shown_(static_cast<QLabel&>(Widget())) {
+    shown_.setTextFormat(Qt::PlainText);
+    shown_.setWordWrap(true);
+    shown_.setMargin(0);
+    shown_.setIndent(0);
+}
+
+void LabelBinding::ShowState() {
+    shown_.setText(ToQt(label_.Caption.Get()));
+    shown_.setAlignment(ToQt(label_.Align));
+    const bool coloured =
+        label_.ForeColor.Get() != forms::DefaultColor || label_.BackColor.Get() != forms::DefaultColor;
+    if (coloured || shown_.autoFillBackground()) {
+        const QPalette standard = shown_.parentWidget()->palette();
+        QPalette palette = standard;
+        palette.setColor(QPalette::WindowText, ToQt(label_.ForeColor, standard.color(QPalette::WindowText)));
+        palette.setColor(QPalette::Window, ToQt(label_.BackColor, standard.color(QPalette::Window)));
+        shown_.setPalette(palette);
+        shown_.setAutoFillBackground(label_.BackColor.Get() != forms::DefaultColor);
+    }
+}
+
+void FrameBox::SetCaption(const QString& caption) {
+    if (caption != caption_) {
+        caption_ = caption;
+        setAccessibleName(caption);
+        update();
+    }
+}
+
+void FrameBox::paintEvent(QPaintEvent* event) {
+    Q_UNUSED(event)
+    constexpr int titleIndent = 8;
+    constexpr int titleGap = 3;
+    QPainter painter(this);
+    const QFontMetrics metrics(font());
+    const int titleHeight = caption_.isEmpty() ? 0 : metrics.height();
+    const int titleWidth = std::min(metrics.horizontalAdvance(caption_), width() - 2 * titleIndent);
+    const int lineTop = titleHeight / 2;
+    if (!caption_.isEmpty()) {
+        const QRect gap(titleIndent - titleGap, 0, titleWidth + 2 * titleGap, titleHeight);
+        painter.setClipRegion(QRegion(rect()) - gap);
+    }
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.drawRoundedRect(QRectF(0.5, lineTop + 0.5, width() - 1, height() - lineTop - 1), 2, 2);
+    painter.setClipping(false);
+    painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+    painter.drawText(QRect(titleIndent, 0, titleWidth, titleHeight), Qt::AlignLeft | Qt::AlignVCenter, caption_);
+}
+
+FrameBinding::FrameBinding(forms::Frame& frame, QWidget& parent)
+    : ControlBinding(frame, *new FrameBox(parent)), frame_(frame), shown_(static_cast<FrameBox&>(Widget())) {}
+
+void FrameBinding::ShowState() {
+    shown_.SetCaption(ToQt(frame_.Caption.Get()));
+}
+
+}  // namespace zirvo::widgets

@@ -1,0 +1,93 @@
+// Message boxes, see message_window.h.
+#include "qt/widgets/message_window.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <vector>
+
+#include "qt/widgets/control_binding.h"
+#include "qt/widgets/screen_fonts.h"
+
+namespace zirvo::widgets {
+namespace {
+
+using forms::Answer;
+
+struct Choice {
+    Answer Meaning;
+    const char* Japanese;
+    const char* English;
+};
+
+constexpr Choice OkChoice{Answer::Ok, "OK", "OK"};
+constexpr Choice CancelChoice{Answer::Cancel, "キャンセル", "Cancel"};
+constexpr Choice YesChoice{Answer::Yes, "はい", "Yes"};
+constexpr Choice NoChoice{Answer::No, "いいえ", "No"};
+
+std::vector<Choice> ChoicesOf(forms::Buttons buttons) {
+    switch (buttons) {
+        case forms::Buttons::YesNo:
+            return {YesChoice, NoChoice};
+        case forms::Buttons::OkCancel:
+            return {OkChoice, CancelChoice};
+        case forms::Buttons::Ok:
+            break;
+    }
+    return {OkChoice};
+}
+
+QMessageBox::Icon ToQt(forms::Icon icon) {
+    switch (icon) {
+        case forms::Icon::Exclamation:
+            return QMessageBox::Warning;
+        case forms::Icon::Stop:
+            return QMessageBox::Critical;
+        case forms::Icon::Information:
+            return QMessageBox::Information;
+        case forms::Icon::Question:
+            return QMessageBox::Question;
+        case forms::Icon::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+}  // namespace
+
+Answer AskUser(const forms::Message& message, QWidget* owner) {
+    QMessageBox box(owner);
+    box.setObjectName(QStringLiteral("MessageBox"));
+    box.setWindowModality(Qt::ApplicationModal);
+    box.setWindowTitle(message.Title.empty() ? QStringLiteral("ZIRVO") : ToQt(message.Title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ToQt(message.Text));
+    box.setIcon(ToQt(message.Picture));
+    box.setFont(ScreenFont({}));
+    const std::vector<Choice> choices = ChoicesOf(message.Choice);
+    std::vector<QPushButton*> buttons;
+    for (const Choice& choice : choices) {
+        const bool japanese = message.Words == forms::Language::Japanese;
+        // One role for all: Qt would take a role of refusing for what Esc means.
+        auto* button =
+            box.addButton(QString::fromUtf8(japanese ? choice.Japanese : choice.English), QMessageBox::AcceptRole);
+        button->setAutoDefault(true);
+        buttons.push_back(button);
+    }
+    box.setDefaultButton(buttons.front());
+    const bool mustChoose = message.Choice == forms::Buttons::YesNo;
+    Qt::WindowFlags frame = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+    if (!mustChoose) {
+        box.setEscapeButton(buttons.back());
+        frame |= Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+    }
+    box.setWindowFlags(frame);
+    box.exec();
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        if (box.clickedButton() == buttons[i]) {
+            return choices[i].Meaning;
+        }
+    }
+    return choices.back().Meaning;  // the program ends while it stands open
+}
+
+}  // namespace zirvo::widgets

@@ -1,0 +1,59 @@
+// The desktop as people have it: a window for each form, message boxes, dialogs, the help, and the end of the program.
+// Caller: main, and through the interface every form.
+#pragma once
+#include <QPointer>
+#include <memory>
+#include <unordered_map>
+
+#include "forms/desktop.h"
+#include "graphics/map_picture.h"
+#include "qt/widgets/form_window.h"
+#include "qt/widgets/help_window.h"
+#include "qt/widgets/map_pictures.h"
+
+namespace zirvo::widgets {
+
+/// Needs a QApplication that outlives it. Paths are UTF-8.
+class QtDesktop final : public forms::Desktop {
+public:
+    QtDesktop() = default;
+    ~QtDesktop() override;
+    QtDesktop(const QtDesktop&) = delete;
+    QtDesktop& operator=(const QtDesktop&) = delete;
+
+    forms::Answer Show(const forms::Message& message) override;
+    std::optional<std::string> Open(const forms::FileDialog& dialog) override;
+    std::optional<std::string> Save(const forms::FileDialog& dialog) override;
+    std::optional<std::string> ChooseFolder(forms::Form& owner, const std::string& title, const std::string& start,
+                                            forms::Language words) override;
+    bool ShowHelp(forms::Form& owner, const std::string& file) override;
+
+    forms::ScreenSize Screen() const override;
+    float TextWidth(const forms::FontSpec& font, std::string_view text) const override;
+    float TextHeight(const forms::FontSpec& font, std::string_view text) const override;
+
+    void ShowForm(forms::Form& form) override;
+    void HideForm(forms::Form& form) override;
+    void FormGone(forms::Form& form) override;
+    void PaintNow(forms::Form& form) override;
+    void DiscardInput() override;
+    void EndProgram(int status) override;
+
+    /// Makes the pictures of maps that picture controls show. This object must outlive them.
+    MapPictureFactory MapPictureMaker();
+    /// Lets go of every form and closes the windows; the forms may then be destroyed.
+    void ReleaseForms();
+
+private:
+    FormWindow* WindowOf(const forms::Form* form) const;
+    /// What a box of the program stands in front of: the form that was shown last, if it is on the screen.
+    QWidget* Front() const;
+
+    MapPictures maps_;
+    std::unordered_map<const forms::Form*, FormWindow*> windows_;
+    QPointer<FormWindow> front_;
+    std::unique_ptr<HelpWindow> help_;
+    bool ended_ = false;
+};
+
+}  // namespace zirvo::widgets
