@@ -8,13 +8,18 @@
 #include "contour/draw_contour_map.h"
 #include "contour/recording_surface.h"
 #include "contour/refinement.h"
+#include "large_map.h"
 
 namespace {
 
 using namespace zirvo;
 
-constexpr int Nodes = 3000;
-constexpr int PictureSize = 1000;
+using bench::LargeField;
+using bench::LargeMap;
+using bench::LargeView;
+
+constexpr int Nodes = bench::LargeFieldNodes;
+constexpr int PictureSize = bench::LargePictureSize;
 
 /// Counts what it is asked to draw.
 class CountingSurface : public PixelSurface {
@@ -23,30 +28,6 @@ public:
     void Line(float, float, float, float, Color) override { ++Drawn; }
     std::size_t Drawn = 0;
 };
-
-/// Four load-like humps on a slow slope, values between -1E-4 and 4E-4.
-const ContourField& LargeField() {
-    static const ContourField field = [] {
-        ContourField made;
-        made.Values = ValueMatrix(Nodes + 1, Nodes + 1);
-        for (int n = 1; n <= Nodes; ++n) {
-            made.FineAxis1.push_back(0.1 * n);
-            made.FineAxis2.push_back(0.1 * n);
-        }
-        const double centres[4][2] = {{80, 90}, {115, 90}, {80, 225}, {115, 225}};
-        for (int j = 1; j <= Nodes; ++j) {
-            for (int i = 1; i <= Nodes; ++i) {
-                double value = -1e-4;
-                for (const auto& centre : centres) {
-                    value += 4e-4 * std::exp(-std::hypot(0.1 * i - centre[0], 0.1 * j - centre[1]) / 30);
-                }
-                made.Values.At(i, j) = value;
-            }
-        }
-        return made;
-    }();
-    return field;
-}
 
 void TraceLines(benchmark::State& state) {
     const ContourField& field = LargeField();
@@ -72,15 +53,8 @@ BENCHMARK(Fill)->Unit(benchmark::kMillisecond);
 
 /// Fill, 20 levels of lines, frame and legend, painted into memory; texts are not.
 void WholeMap(benchmark::State& state) {
-    ContourMap map;
-    map.Field = LargeField();
-    map.Extent = {0.1, 300, 0.1, 300};
-    map.ValueMin = -1e-4;
-    map.ValueMax = 4e-4;
-    MapView view;
-    view.Items.ContourLines = true;
-    view.Plot = {0, 0, 15.0 * PictureSize, 15.0 * PictureSize};
-    view.Title = MakeTitleText(SectionKind::XY, 1, "0", 1, "");
+    const ContourMap map = LargeMap();
+    const MapView view = LargeView();
     PixelSurface surface(PictureSize, PictureSize);
     for (auto _ : state) {
         DrawContourMap(surface, map, view);

@@ -40,8 +40,8 @@ private:
         qint64 Row;
     };
 
-    mutable std::unique_ptr<QPainter> writer_;  // open while text follows text
     QImage image_;
+    mutable std::unique_ptr<QPainter> writer_;  // open while text follows text; it ends before its image does
 
     Pixel PixelAt(float x, float y) const { return {Picture().Column(x), Picture().Row(y)}; }
     QRgb* RowOfPixels(qint64 row);

@@ -230,6 +230,13 @@ TEST(ImageSurface, TheImageHandedOutIsLeftAloneByLaterDrawing) {
     EXPECT_NE(surface.Image(), copy);
 }
 
+TEST(ImageSurface, MayEndWithAText) {
+    for (int n = 0; n < 100; ++n) {
+        ImageSurface surface(40 + n, 20);
+        surface.Print("A");
+    }
+}
+
 /// A field with far more cells than pixels along one axis and fewer along the other; the second axis turns back once.
 ContourField WavyField() {
     ContourField field;
