@@ -43,3 +43,20 @@ function(zirvo_test name)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
 endfunction()
+
+# zirvo_copies(NAME FOLDER file...): a target that copies files of this folder to FOLDER of the programs' folder ("." for
+# that folder itself), for what belongs beside the programs.
+function(zirvo_copies name folder)
+  set(copies)
+  foreach(file IN LISTS ARGN)
+    set(copy ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${folder}/${file})
+    add_custom_command(OUTPUT ${copy}
+      COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_CURRENT_SOURCE_DIR}/${file} ${copy}
+      DEPENDS ${file})
+    list(APPEND copies ${copy})
+  endforeach()
+  add_custom_target(${name} ALL DEPENDS ${copies})
+  if(TARGET zirvo)
+    add_dependencies(zirvo ${name})
+  endif()
+endfunction()
