@@ -23,7 +23,6 @@ namespace zirvo::widgets {
 FormWindow::FormWindow(forms::Form& form, const MapPictures& maps) : form_(form), maps_(maps) {
     setObjectName(ToQt(form.Name()));
     setFocusPolicy(Qt::NoFocus);
-    setAttribute(Qt::WA_KeyboardFocusChange);  // the control with the focus is always marked
     for (forms::Control* control : form_.Controls) {
         if (BindingOf(control) == nullptr) {
             Bind(*control);
@@ -124,6 +123,7 @@ void FormWindow::ControlRemoved(forms::Control& control) {
 void FormWindow::FocusMoved() {
     ControlBinding* active = BindingOf(form_.ActiveControl());
     QWidget& target = active != nullptr ? active->Widget() : *this;
+    setAttribute(Qt::WA_KeyboardFocusChange);  // who has it is marked, also when a click has given it
     target.setFocus(Qt::OtherFocusReason);
 }
 

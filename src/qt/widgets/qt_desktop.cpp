@@ -110,7 +110,15 @@ void QtDesktop::DiscardInput() {
 
 void QtDesktop::EndProgram(int status) {
     ended_ = true;
+    status_ = status;
     QCoreApplication::exit(status);  // also the loops of boxes that stand open
+}
+
+int QtDesktop::WaitForEnd() {
+    if (!ended_) {  // it may have ended while the first screen was loaded
+        QCoreApplication::exec();
+    }
+    return status_;
 }
 
 MapPictureFactory QtDesktop::MapPictureMaker() {

@@ -39,6 +39,9 @@ public:
     void DiscardInput() override;
     void EndProgram(int status) override;
 
+    /// Listens to the user until the program ends. Gives the exit status.
+    int WaitForEnd();
+
     /// Makes the pictures of maps that picture controls show. This object must outlive them.
     MapPictureFactory MapPictureMaker();
     /// Lets go of every form and closes the windows; the forms may then be destroyed.
@@ -54,6 +57,7 @@ private:
     QPointer<FormWindow> front_;
     std::unique_ptr<HelpWindow> help_;
     bool ended_ = false;
+    int status_ = 0;
 };
 
 }  // namespace zirvo::widgets

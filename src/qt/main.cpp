@@ -1,0 +1,47 @@
+// The desktop program: it takes no arguments, begins with the language screen and lives until a screen ends it.
+#include <QApplication>
+#include <QStyleFactory>
+#include <memory>
+
+#include "forms/application.h"
+#include "qt/widgets/qt_desktop.h"
+#include "qt/widgets/screen_fonts.h"
+#include "shell/form1.h"
+#include "shell/form2.h"
+#include "shell/form7.h"
+
+namespace zirvo {
+namespace {
+
+template <class Screen>
+void Register(forms::Application& application) {
+    application.Register(Screen::FormName, [](forms::Application& owner) { return std::make_unique<Screen>(owner); });
+}
+
+int Run() {
+    widgets::QtDesktop desktop;
+    forms::Application application(desktop);
+    Register<Form1>(application);
+    Register<Form2>(application);
+    Register<Form7>(application);
+    application.Show(Form1::FormName);
+    const int status = desktop.WaitForEnd();
+    desktop.ReleaseForms();  // the windows go before what they show
+    return status;
+}
+
+}  // namespace
+}  // namespace zirvo
+
+int main(int /*argc*/, char** argv) {
+    // One look on every desktop: the layouts are made for it. It also saves reading the desktop's own settings.
+    QApplication::setDesktopSettingsAware(false);
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    int nameOnly = 1;  // whatever else is written behind the name counts for nothing
+    const QApplication program(nameOnly, argv);
+    QApplication::setApplicationName(QStringLiteral("zirvo"));
+    QApplication::setApplicationDisplayName(QString());
+    QApplication::setQuitOnLastWindowClosed(false);  // between two screens there is none
+    QApplication::setFont(zirvo::widgets::ScreenFont({}));
+    return zirvo::Run();
+}
