@@ -77,6 +77,7 @@ QStringList NameFilters(const std::string& filter) {
 }
 
 void UseOneLook(QFileDialog& dialog) {
+    dialog.setWindowRole(dialog.objectName());
 #ifndef Q_OS_WIN
     dialog.setOption(QFileDialog::DontUseNativeDialog);
 #endif

@@ -22,6 +22,7 @@ namespace zirvo::widgets {
 
 FormWindow::FormWindow(forms::Form& form, const MapPictures& maps) : form_(form), maps_(maps) {
     setObjectName(ToQt(form.Name()));
+    setWindowRole(objectName());  // by which other programs tell the windows apart: their titles are all the same
     setFocusPolicy(Qt::NoFocus);
     for (forms::Control* control : form_.Controls) {
         if (BindingOf(control) == nullptr) {

@@ -27,6 +27,7 @@ constexpr Words EnglishWords{"Back", "Forward", "Find"};
 
 HelpWindow::HelpWindow() {
     setObjectName(QStringLiteral("Help"));
+    setWindowRole(objectName());
     page_.setObjectName(QStringLiteral("HelpPage"));
     words_.setObjectName(QStringLiteral("HelpWords"));
     find_.setObjectName(QStringLiteral("HelpFind"));

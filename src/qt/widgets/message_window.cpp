@@ -57,6 +57,7 @@ QMessageBox::Icon ToQt(forms::Icon icon) {
 Answer AskUser(const forms::Message& message, QWidget* owner) {
     QMessageBox box(owner);
     box.setObjectName(QStringLiteral("MessageBox"));
+    box.setWindowRole(box.objectName());
     box.setWindowModality(Qt::ApplicationModal);
     box.setWindowTitle(message.Title.empty() ? QStringLiteral("ZIRVO") : ToQt(message.Title));
     box.setTextFormat(Qt::PlainText);

@@ -1,0 +1,207 @@
+// The real program on a display of its own, see desktop_session.h.
+#include "desktop/desktop_session.h"
+
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <stdexcept>
+#include <thread>
+
+namespace zirvo::window_tests {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr auto LongestWait = std::chrono::seconds(20);  // also on a machine that does much else
+constexpr auto BetweenLooks = std::chrono::milliseconds(10);
+
+std::filesystem::path NewFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "zirvo-window-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) {
+        throw std::runtime_error("cannot make a folder for the test");
+    }
+    return pattern;
+}
+
+}  // namespace
+
+DesktopSession::DesktopSession(QSize screen)
+    : folder_(NewFolder()), programs_(folder_ / "bin"), work_(folder_ / "work") {
+    const char* path = std::getenv("PATH");
+    environment_ = {{"PATH", path == nullptr ? "/usr/bin:/bin" : path},
+                    {"HOME", folder_.string()},
+                    {"XDG_RUNTIME_DIR", folder_.string()},
+                    {"LANG", "C.UTF-8"}};
+    std::filesystem::copy(ZIRVO_BIN, programs_, std::filesystem::copy_options::recursive);
+    std::filesystem::create_directory(work_);
+    const std::filesystem::path empty = folder_ / "empty";
+    std::filesystem::create_directory(empty);
+    places_ = std::make_unique<ControlPlaces>(screen, empty.string());
+    StartDisplay(screen);
+}
+
+DesktopSession::~DesktopSession() {
+    program_.reset();
+    display_.reset();
+    manager_.reset();
+    server_.reset();
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+}
+
+/// The server looks for a free number by itself and writes it once it is ready.
+void DesktopSession::StartDisplay(QSize screen) {
+    int ends[2];
+    if (pipe(ends) != 0) {
+        throw std::runtime_error("no pipe");
+    }
+    const std::string size = std::to_string(screen.width()) + "x" + std::to_string(screen.height()) + "x24";
+    server_ = std::make_unique<ChildProcess>(std::vector<std::string>{"Xvfb", "-displayfd", std::to_string(ends[1]),
+                                                                      "-screen", "0", size, "-nolisten", "tcp"},
+                                             environment_, ".", ends[1]);
+    close(ends[1]);
+    std::string number;
+    pollfd waiting{.fd = ends[0], .events = POLLIN, .revents = 0};
+    char digit = 0;
+    while (poll(&waiting, 1, 20000) > 0 && read(ends[0], &digit, 1) == 1 && digit != '\n') {
+        number += digit;
+    }
+    close(ends[0]);
+    if (number.empty()) {
+        throw std::runtime_error("Xvfb does not start; is it installed?");
+    }
+    environment_["DISPLAY"] = ":" + number;
+    display_ = std::make_unique<XDisplay>(":" + number);
+    manager_ = std::make_unique<ChildProcess>(std::vector<std::string>{"openbox"}, environment_);
+    WaitFor("the window manager", [this] { return display_->HasWindowManager(); });
+}
+
+void DesktopSession::Start() {
+    program_ = std::make_unique<ChildProcess>(std::vector<std::string>{(programs_ / "zirvo").string()}, environment_,
+                                              work_.string());
+    WaitForWindow("Form1");
+}
+
+bool DesktopSession::IsRunning() {
+    return program_ != nullptr && !program_->ExitStatus().has_value();
+}
+
+int DesktopSession::WaitForExit() {
+    WaitFor("the end of the program", [this] { return !IsRunning(); });
+    return *program_->ExitStatus();
+}
+
+void DesktopSession::WaitFor(const std::string& what, const std::function<bool()>& condition) {
+    const Clock::time_point end = Clock::now() + LongestWait;
+    while (!condition()) {
+        if (Clock::now() > end) {
+            std::string picture;
+            if (display_ != nullptr) {
+                const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+                picture = std::string(ZIRVO_FAILURES) + "/" + (test == nullptr ? "test" : test->name()) + ".png";
+                std::filesystem::create_directories(ZIRVO_FAILURES);
+                Screenshot(picture);
+            }
+            throw std::runtime_error("waited too long for " + what + "; the screen then: " + picture);
+        }
+        std::this_thread::sleep_for(BetweenLooks);
+    }
+}
+
+void DesktopSession::WaitForWindow(const std::string& role) {
+    WaitFor("the window " + role, [&] { return display_->IsActive(role); });
+}
+
+void DesktopSession::WaitForNoWindow(const std::string& role) {
+    WaitFor("the end of the window " + role, [&] { return !IsShown(role); });
+}
+
+bool DesktopSession::IsShown(const std::string& role) const {
+    return display_->Find(role).has_value();
+}
+
+std::string DesktopSession::TitleOf(const std::string& role) const {
+    const std::optional<ShownWindow> window = display_->Find(role);
+    return window.has_value() ? window->Title : std::string();
+}
+
+void DesktopSession::Tool(const std::vector<std::string>& arguments) {
+    ChildProcess tool(arguments, environment_);
+    WaitFor(arguments.front(), [&] { return tool.ExitStatus().has_value(); });
+    if (*tool.ExitStatus() != 0) {
+        throw std::runtime_error(arguments.front() + " " + arguments.at(1) + " does not work; is it installed?");
+    }
+}
+
+void DesktopSession::Key(const std::string& keys) {
+    Tool({"xdotool", "key", "--delay", "5", keys});
+}
+
+void DesktopSession::Type(const std::string& text) {
+    Tool({"xdotool", "type", "--delay", "5", text});
+}
+
+QRect DesktopSession::OnScreen(const std::string& form, const std::string& control) {
+    const std::optional<ShownWindow> window = display_->Find(form);
+    if (!window.has_value()) {
+        throw std::runtime_error(form + " is not on the screen");
+    }
+    return places_->PlaceOf(form, control).translated(window->Client.topLeft());
+}
+
+void DesktopSession::Click(const std::string& form, const std::string& control) {
+    const QRect place = OnScreen(form, control);
+    // Words of option and check boxes may end before the middle.
+    ClickAt(form, control, {std::min(place.width() / 2, 10), place.height() / 2});
+}
+
+void DesktopSession::ClickAt(const std::string& form, const std::string& control, QPoint at, int clicks) {
+    const QPoint point = OnScreen(form, control).topLeft() + at;
+    Tool({"xdotool", "mousemove", "--sync", std::to_string(point.x()), std::to_string(point.y()), "click", "--repeat",
+          std::to_string(clicks), "--delay", "60", "1"});
+}
+
+void DesktopSession::AnswerBox(int button) {
+    WaitForWindow("MessageBox");
+    const unsigned long box = display_->Find("MessageBox")->Id;
+    for (int i = 0; i < button; ++i) {
+        Key("Tab");
+    }
+    Key("Return");
+    WaitFor("the end of the message box", [&] {
+        const std::optional<ShownWindow> now = display_->Find("MessageBox");
+        return !now.has_value() || now->Id != box;
+    });
+}
+
+void DesktopSession::GivePath(const std::string& dialog, const std::string& path) {
+    WaitForWindow(dialog);
+    Key("ctrl+a");
+    Type(path);
+    Key("Return");
+    WaitForNoWindow(dialog);
+}
+
+void DesktopSession::AskToClose(const std::string& role) {
+    const std::optional<ShownWindow> window = display_->Find(role);
+    if (!window.has_value()) {
+        throw std::runtime_error(role + " is not on the screen");
+    }
+    Tool({"wmctrl", "-i", "-c", std::to_string(window->Id)});
+}
+
+QImage DesktopSession::Picture(const std::string& form, const std::string& control) {
+    return display_->Pixels(OnScreen(form, control));
+}
+
+void DesktopSession::WaitUntilItChanges(const std::string& form, const std::string& control, const QImage& before) {
+    WaitFor("a change of " + form + " " + control, [&] { return Picture(form, control) != before; });
+}
+
+void DesktopSession::Screenshot(const std::string& file) const {
+    display_->Pixels(display_->Screen()).save(QString::fromStdString(file));
+}
+
+}  // namespace zirvo::window_tests
