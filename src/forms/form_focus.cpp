@@ -35,7 +35,9 @@ void Form::SettleFocus() {
         MoveFocus(NextTabStop(active_, false));
     } else if (lostPlace_.has_value()) {
         MoveFocus(TabStopFrom(*lostPlace_, false, nullptr));
-        TellFocus();  // the view knows of the lost one only
+        if (active_ == nullptr) {
+            TellFocus();  // of the removed one the view has not heard that it lost the focus
+        }
     } else {
         MoveFocus(TabStopFrom(-1, false, nullptr));
     }
