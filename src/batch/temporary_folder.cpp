@@ -16,8 +16,7 @@ std::filesystem::path MakeFreshFolder() {
     const std::filesystem::path parent = std::filesystem::temp_directory_path();
     std::random_device random;
     for (int tries = 0; tries < MostTries; ++tries) {
-        const std::filesystem::path folder =
-            parent / ("zirvo-" + std::to_string(random()) + "-" + std::to_string(random()));
+        std::filesystem::path folder = parent / ("zirvo-" + std::to_string(random()) + "-" + std::to_string(random()));
         if (std::filesystem::create_directory(folder)) {  // false where something of that name is there
             return folder;
         }
