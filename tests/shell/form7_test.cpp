@@ -1,0 +1,106 @@
+// The version screen.
+#include "shell/form7.h"
+
+#include "shell/screens.h"
+#include "shell/update_history.h"
+
+namespace zirvo {
+namespace {
+
+using forms::Language;
+using Names = std::vector<std::string>;
+
+TEST_F(Screens, Form7TellsNameVersionAndRightsInBothLanguagesAlike) {
+    for (const Language language : {Language::Japanese, Language::English}) {
+        ProgramRun run(Desktop, Program);
+        run.StartIn(language).Command3.UserClick();
+        const Form7& form = run.App.Get<Form7>();
+        EXPECT_EQ(form.Label1.Caption, "ZIRVO for Windows");
+        EXPECT_EQ(form.Label4.Caption, "Version");
+        EXPECT_EQ(form.Label7.Caption, "2.3");
+        EXPECT_EQ(form.Label5.Caption, "Home Page");
+        EXPECT_EQ(form.Label8.Caption, "see README.md");
+        EXPECT_EQ(form.Label6.Caption, "E-mail");
+        EXPECT_EQ(form.Label9.Caption, "see README.md");
+        EXPECT_EQ(form.Label2.Caption, "Copyright (c) 2026 the ZIRVO developers");
+        EXPECT_EQ(form.Label3.Caption, "MIT License");
+        EXPECT_EQ(form.Command1.Caption, "OK");
+        ExpectTidyLayout(form);
+    }
+}
+
+TEST_F(Screens, Form7InJapanese) {
+    StartIn(Language::Japanese).Command3.UserClick();
+    Form7& form = App.Get<Form7>();
+    EXPECT_EQ(form.Caption, "ZIRVO のﾊﾞｰｼﾞｮﾝ情報");
+    EXPECT_EQ(form.Label10.Caption, "更新履歴");
+    EXPECT_EQ(form.Text1.Text, UpdateHistory(Language::Japanese));
+}
+
+TEST_F(Screens, Form7InEnglish) {
+    StartIn(Language::English).Command3.UserClick();
+    Form7& form = App.Get<Form7>();
+    EXPECT_EQ(form.Caption, "Version Information for ZIRVO");
+    EXPECT_EQ(form.Label10.Caption, "UPDATE HISTORY");
+    EXPECT_EQ(form.Text1.Text, UpdateHistory(Language::English));
+}
+
+TEST_F(Screens, HistoryOfForm7CanBeReadButNotEdited) {
+    StartIn(Language::English).Command3.UserClick();
+    Form7& form = App.Get<Form7>();
+    EXPECT_TRUE(form.Text1.MultiLine);
+    form.Text1.UserFocus();
+    forms::Type(form, "x\b");
+    form.Text1.Paste("x");
+    EXPECT_EQ(form.Text1.Text, UpdateHistory(Language::English));
+}
+
+TEST_F(Screens, ButtonOfForm7UnloadsItAndLeavesForm1AsItWas) {
+    Form1& first = StartIn(Language::English);
+    first.Command3.UserClick();
+    Desktop.Log.clear();
+    App.Get<Form7>().Command1.UserClick();
+    EXPECT_EQ(App.Find("Form7"), nullptr);
+    EXPECT_EQ(Desktop.Log, (Names{"hide Form7", "gone Form7"}));
+    EXPECT_TRUE(first.IsVisible());
+    EXPECT_EQ(UsableControls(first), (Names{"Command1", "Command2", "Command3"}));
+}
+
+TEST_F(Screens, Form7IsLoadedAnewEachTime) {
+    Form1& first = StartIn(Language::English);
+    first.Command3.UserClick();
+    App.Get<Form7>().Label1.Caption = "changed";
+    App.Get<Form7>().Command1.UserClick();
+    first.Command3.UserClick();
+    EXPECT_EQ(App.Get<Form7>().Label1.Caption, "ZIRVO for Windows");
+}
+
+TEST_F(Screens, VersionInfoPressedAgainBringsTheSameForm7ToTheFront) {
+    Form1& first = StartIn(Language::English);
+    first.Command3.UserClick();
+    const Form7* const form = &App.Get<Form7>();
+    first.Command3.UserClick();
+    EXPECT_EQ(&App.Get<Form7>(), form);
+    EXPECT_EQ(Desktop.Log, (Names{"show Form1", "show Form7", "show Form7"}));
+}
+
+TEST_F(Screens, FrameCannotCloseForm7) {
+    StartIn(Language::English).Command3.UserClick();
+    Form7& form = App.Get<Form7>();
+    EXPECT_FALSE(form.HasCloseEntry);
+    form.UserClose();
+    EXPECT_TRUE(form.IsVisible());
+}
+
+TEST_F(Screens, TabOfForm7GoesFromTheHistoryToTheButtonAndBack) {
+    StartIn(Language::English).Command3.UserClick();
+    Form7& form = App.Get<Form7>();
+    EXPECT_EQ(forms::FocusOf(form), "Text1");
+    forms::Type(form, "\t");
+    EXPECT_EQ(forms::FocusOf(form), "Command1");
+    forms::Type(form, "\t");
+    EXPECT_EQ(forms::FocusOf(form), "Text1");
+}
+
+}  // namespace
+}  // namespace zirvo
