@@ -1,0 +1,91 @@
+// Places and words of the data screen of the graphics path; see form5.h.
+//
+// Numbers in pixels of the design, of which 782 by 567 are seen. The work leads from the top left to the bottom right:
+// data, counts and layers in the first row of frames, the loads across the second, then the name of the file, and the
+// buttons in the order in which they are pressed.
+#include "graphics/form5.h"
+#include "shell/layout.h"
+
+namespace zirvo {
+namespace {
+
+void Place(forms::Control& control, double left, double top, double width, double height) {
+    control.Move(Pixels(left), Pixels(top), Pixels(width), Pixels(height));
+}
+
+/// A count: its name, its value, and the bar under both, in one column of the frame.
+void PlaceCount(double left, forms::Label& name, forms::Label& value, forms::VScrollBar& bar) {
+    constexpr double width = 70;  // of the column
+    Place(name, left, 22, width, 16);
+    Place(value, left + 7, 42, width - 14, 18);
+    Place(bar, left + 23, 66, 24, 100);
+    name.Align = forms::Alignment::Center;
+    value.Align = forms::Alignment::Center;
+    value.BackColor = 0xFFFFFF;
+    bar.Max = 0;
+    bar.Enabled = false;
+}
+
+}  // namespace
+
+void Form5::LayOut() {
+    Left = 210;
+    Top = 300;
+    Width = 11730;
+    Height = 8505;
+    Place(Label1, 8, 8, 766, 18);
+    Place(Frame1, 8, 30, 138, 180);
+    Place(Option1, 10, 26, 122, 22);
+    Place(Option2, 10, 60, 122, 22);
+    Place(Command1, 10, 104, 118, 30);
+
+    Place(Frame2, 154, 30, 152, 180);
+    PlaceCount(6, Label2, Label4, VScroll1);
+    PlaceCount(76, Label3, Label5, VScroll2);
+    VScroll1.Min = MaximumLayers;
+    VScroll2.Min = MaximumLoads;
+
+    Place(Frame3, 314, 30, 460, 180);
+    Place(MSFlexGrid1, 8, 20, 444, 152);
+    Place(Frame4, 8, 218, 766, 230);
+    Place(MSFlexGrid2, 8, 20, 750, 202);
+    MSFlexGrid1.Cols = LayerColumns + 1;
+    MSFlexGrid2.Cols = LoadColumns + 1;
+    for (forms::MSFlexGrid* grid : {&MSFlexGrid1, &MSFlexGrid2}) {
+        grid->Rows = 2;
+        grid->FixedRows = 1;
+        grid->FixedCols = 1;
+    }
+
+    Place(Frame5, 8, 456, 390, 54);
+    Place(Text3, 12, 20, 366, 24);
+
+    double left = 8;
+    for (forms::CommandButton* button : {&Command3, &Command4, &Command5, &Command6, &Command7, &Command8, &Command9}) {
+        Place(*button, left, 527, 102, 30);
+        left += button == &Command7 ? 114 : 110;  // HELP and QUIT stand apart from the work
+    }
+}
+
+void Form5::SetCaptions() {
+    Label1.Caption = Words(162);
+    Frame1.Caption = Words(15);
+    Option1.Caption = Words(16);
+    Option2.Caption = Words(17);
+    Command1.Caption = Words(18);
+    Frame2.Caption = Words(19);
+    Label2.Caption = Words(20);
+    Label3.Caption = Words(21);
+    Frame3.Caption = Words(23);
+    Frame4.Caption = Words(24);
+    Frame5.Caption = Words(27);
+    Command3.Caption = Words(30);
+    Command4.Caption = Words(31);
+    Command5.Caption = Words(32);
+    Command6.Caption = Words(33);
+    Command7.Caption = Words(80);
+    Command8.Caption = Words(35);
+    Command9.Caption = Words(36);
+}
+
+}  // namespace zirvo
