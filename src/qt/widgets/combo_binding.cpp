@@ -93,8 +93,14 @@ bool ComboBinding::eventFilter(QObject* watched, QEvent* event) {
     if (IsRetired()) {
         return false;
     }
-    if (event->type() == QEvent::KeyPress) {
-        return ListKey(static_cast<QKeyEvent&>(*event));
+    if (watched == shown_.view()) {
+        if (event->type() == QEvent::ShortcutOverride) {
+            event->accept();  // Qt would take its entry already now, and the stroke itself would fall on the window
+            return true;
+        }
+        if (event->type() == QEvent::KeyPress) {
+            return ListKey(static_cast<QKeyEvent&>(*event));
+        }
     }
     if (event->type() == QEvent::Hide && watched == shown_.view()->window()) {
         combo_.ListOpen = false;  // closed by a click elsewhere
@@ -110,20 +116,30 @@ bool ComboBinding::ListKey(QKeyEvent& event) {
     if (stroke.Code == forms::key::Tab) {
         shown_.hidePopup();
     }
-    if (combo_.Parent().UserKey(stroke) && stroke.Code != forms::key::Escape) {
+    const bool used = combo_.Parent().UserKey(stroke);
+    if (IsRetired()) {
         return true;
     }
     switch (stroke.Code) {
+        case forms::key::Escape:
+        case forms::key::F4:
+            shown_.hidePopup();
+            return true;
+        case forms::key::Enter: {
+            const int entry = shown_.view()->currentIndex().row();
+            shown_.hidePopup();
+            Act([&] { combo_.UserChoose(entry); });
+            return true;
+        }
         case forms::key::Up:
         case forms::key::Down:
         case forms::key::PageUp:
         case forms::key::PageDown:
-        case forms::key::Enter:
-        case forms::key::Escape:
-        case forms::key::F4:
-            return false;  // the list's own
+            return used;  // else the list's own
         default:
-            shown_.Line().event(&event);
+            if (!used) {
+                shown_.Line().event(&event);
+            }
             return true;
     }
 }

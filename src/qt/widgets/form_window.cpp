@@ -76,13 +76,16 @@ void FormWindow::Refresh() {
         setWindowFlags(frame);  // hides it
         setVisible(wasVisible);
     }
-    QPoint corner(PixelEdge(form_.Left), PixelEdge(form_.Top));
+    if (isVisible()) {
+        return;  // it stays where the user has moved it
+    }
     if (form_.Centered) {
         const QRect screen = QGuiApplication::primaryScreen()->geometry();
-        corner = screen.topLeft() + QPoint((screen.width() - size.width()) / 2, (screen.height() - size.height()) / 2);
-    }
-    if (!isVisible()) {
-        move(corner);
+        setGeometry(
+            QRect(screen.topLeft() + QPoint((screen.width() - size.width()) / 2, (screen.height() - size.height()) / 2),
+                  size));
+    } else {
+        move(PixelEdge(form_.Left), PixelEdge(form_.Top));
     }
 }
 

@@ -17,6 +17,9 @@ QFont ScreenFont(const forms::FontSpec& spec) {
         font.setFamilies({"Liberation Sans", "IPAPGothic", "IPAGothic"});
     } else {
         font.setFamilies(PictureFont(spec.Name, "10", false, false).families());
+        // Reports stand in columns: a character of full width must be exactly as wide as two others, which whole pixels
+        // would not allow at every size.
+        font.setHintingPreference(QFont::PreferNoHinting);
     }
     constexpr double pixelsPerPoint = 96.0 / 72.0;
     font.setPixelSize(std::max(1, static_cast<int>(std::floor(spec.Size * pixelsPerPoint + 0.5))));

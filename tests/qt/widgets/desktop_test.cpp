@@ -1,0 +1,334 @@
+// Message boxes, dialogs, the help and the end of the program, answered while they stand.
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTextBrowser>
+#include <QTimer>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+
+#include "qt/widgets/shown_form.h"
+
+namespace zirvo::widgets {
+namespace {
+
+class Boxes : public ShownForm {
+protected:
+    /// Does something once a box stands, at the latest after a few seconds.
+    template <class Box>
+    void Meanwhile(std::function<void(Box&)> act) {
+        auto* timer = new QTimer(&Window());
+        QObject::connect(timer, &QTimer::timeout, timer, [this, timer, act] {
+            auto* box = qobject_cast<Box*>(QApplication::activeModalWidget());
+            if (box != nullptr && box->isVisible()) {
+                timer->deleteLater();
+                seen_ = true;
+                act(*box);
+            }
+        });
+        timer->start(5);
+    }
+    bool seen_ = false;
+};
+
+QStringList Words(const QMessageBox& box) {
+    QStringList words;
+    for (const QAbstractButton* button : box.buttons()) {
+        words.append(button->text());
+    }
+    return words;
+}
+
+TEST_F(Boxes, HaveIconTitleAndTheWordsOfTheirLanguage) {
+    Meanwhile<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle(), "ZIRVO Ver2.3");
+        EXPECT_EQ(box.text(), "<b>A & B</b>");
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.icon(), QMessageBox::Critical);
+        EXPECT_EQ(Words(box).join(' '), QString::fromUtf8("はい いいえ"));
+        EXPECT_EQ(box.windowModality(), Qt::ApplicationModal);
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_EQ(desktop_.Show({.Text = "<b>A & B</b>",
+                             .Title = "ZIRVO Ver2.3",
+                             .Picture = forms::Icon::Stop,
+                             .Choice = forms::Buttons::YesNo,
+                             .Words = forms::Language::Japanese}),
+              forms::Answer::Yes);
+    EXPECT_TRUE(seen_);
+}
+
+TEST_F(Boxes, WithoutATitleAreCalledZirvo) {
+    Meanwhile<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle(), "ZIRVO");
+        EXPECT_EQ(box.icon(), QMessageBox::NoIcon);
+        EXPECT_EQ(Words(box).join(' '), "OK");
+        box.reject();
+    });
+    EXPECT_EQ(desktop_.Show({.Text = "x"}), forms::Answer::Ok);
+    EXPECT_TRUE(seen_);
+}
+
+TEST_F(Boxes, YesAndNoAreLeftNeitherByEscapeNorByTheFrame) {
+    Meanwhile<QMessageBox>([](QMessageBox& box) {
+        EXPECT_FALSE(box.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+        QTest::keyClick(&box, Qt::Key_Escape);
+        EXPECT_TRUE(box.isVisible());
+        box.close();
+        EXPECT_TRUE(box.isVisible());
+        box.buttons().at(1)->click();
+    });
+    EXPECT_EQ(desktop_.Show({.Text = "x", .Choice = forms::Buttons::YesNo}), forms::Answer::No);
+    EXPECT_TRUE(seen_);
+}
+
+TEST_F(Boxes, OkAndCancelIsCancelledByEscape) {
+    Meanwhile<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(Words(box).join(' '), QString::fromUtf8("OK キャンセル"));
+        EXPECT_EQ(box.icon(), QMessageBox::Information);
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    EXPECT_EQ(desktop_.Show({.Text = "x",
+                             .Picture = forms::Icon::Information,
+                             .Choice = forms::Buttons::OkCancel,
+                             .Words = forms::Language::Japanese}),
+              forms::Answer::Cancel);
+    EXPECT_TRUE(seen_);
+}
+
+TEST_F(Boxes, WhileABoxStandsTheFormTakesNothing) {
+    Form().Command1.Click = [this] {
+        Form().Log.clear();
+        desktop_.Show({.Text = "x"});
+    };
+    Meanwhile<QMessageBox>([this](QMessageBox& box) {
+        Click("Command2");
+        Click("Check1(0)");
+        QTest::keyClick(&Find("Text1"), Qt::Key_5);
+        box.accept();
+    });
+    Click("Command1");
+    EXPECT_TRUE(seen_);
+    EXPECT_EQ(Form().Log, Events{});
+}
+
+TEST_F(Boxes, ABoxChangesNoFocusOfTheForm) {
+    Form().Text1.SetFocus();
+    Form().Log.clear();
+    Meanwhile<QMessageBox>([](QMessageBox& box) { box.accept(); });
+    desktop_.Show({.Text = "x"});
+    EXPECT_EQ(Window().focusWidget(), &Find("Text1"));
+    EXPECT_TRUE(Form().Text1.HasFocus());
+    EXPECT_EQ(Form().Log, Events{});
+}
+
+class Dialogs : public Boxes {
+protected:
+    Dialogs() {
+        std::ofstream(Path("a.eva")) << "x";
+        std::ofstream(Path("b.txt")) << "x";
+        std::filesystem::create_directory(Path("inner"));
+        earlier_ = std::filesystem::current_path();
+    }
+    std::string Path(const std::string& name) const {
+        return folder_.filePath(QString::fromStdString(name)).toStdString();
+    }
+    forms::FileDialog Asking() {
+        return {.Owner = &Form(),
+                .Title = "Select Input File",
+                .Folder = folder_.path().toStdString(),
+                .Filter = "ZIRVO Files (*.eva)|*.eva",
+                .FileMustExist = true,
+                .PathMustExist = true};
+    }
+    static QLineEdit& Name(QFileDialog& dialog) { return *dialog.findChild<QLineEdit*>("fileNameEdit"); }
+
+    QTemporaryDir folder_;
+    std::filesystem::path earlier_;
+};
+
+TEST_F(Dialogs, OpenGivesTheWholePathAndLeavesTheCurrentFolderAlone) {
+    Meanwhile<QFileDialog>([this](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Select Input File");
+        EXPECT_EQ(dialog.nameFilters(), QStringList{"ZIRVO Files (*.eva)"});
+        EXPECT_EQ(dialog.directory().absolutePath(), folder_.path());
+        EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
+        Name(dialog).setText("a.eva");
+        QTest::keyClick(&Name(dialog), Qt::Key_Return);
+    });
+    EXPECT_EQ(desktop_.Open(Asking()), Path("a.eva"));
+    EXPECT_TRUE(seen_);
+    EXPECT_EQ(std::filesystem::current_path(), earlier_);
+}
+
+TEST_F(Dialogs, OpenTakesNoFileThatIsNotThere) {
+    bool refused = false;
+    Meanwhile<QFileDialog>([&](QFileDialog& dialog) {
+        Name(dialog).setText("missing.eva");
+        QTimer::singleShot(100, &dialog, [&] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                refused = true;
+                box->accept();
+            }
+        });
+        QTest::keyClick(&Name(dialog), Qt::Key_Return);
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.reject();
+    });
+    EXPECT_EQ(desktop_.Open(Asking()), std::nullopt);
+    EXPECT_TRUE(refused);
+}
+
+TEST_F(Dialogs, CancelGivesNothing) {
+    Meanwhile<QFileDialog>([](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    EXPECT_EQ(desktop_.Open(Asking()), std::nullopt);
+    EXPECT_TRUE(seen_);
+}
+
+TEST_F(Dialogs, SaveAsksNoQuestionAboutAnExistingFileAndAddsNoSuffix) {
+    forms::FileDialog asking = Asking();
+    asking.Filter = "BITMAP FILE(*.bmp)|*.bmp";
+    asking.StartName = "*.bmp";
+    Meanwhile<QFileDialog>([](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.nameFilters(), QStringList{"BITMAP FILE(*.bmp)"});
+        EXPECT_EQ(Name(dialog).text(), "*.bmp");
+        QTest::keyClick(&Name(dialog), Qt::Key_Return);
+        EXPECT_TRUE(dialog.isVisible());  // a pattern is no name
+        Name(dialog).setText("a.eva");
+        QTest::keyClick(&Name(dialog), Qt::Key_Return);
+    });
+    EXPECT_EQ(desktop_.Save(asking), Path("a.eva"));
+    Meanwhile<QFileDialog>([](QFileDialog& dialog) {
+        Name(dialog).setText("picture");
+        QTest::keyClick(&Name(dialog), Qt::Key_Return);
+    });
+    EXPECT_EQ(desktop_.Save(asking), Path("picture"));
+}
+
+TEST_F(Dialogs, SaveTakesNoFolderThatIsNotThere) {
+    bool refused = false;
+    Meanwhile<QFileDialog>([&](QFileDialog& dialog) {
+        Name(dialog).setText(QString::fromStdString(Path("nowhere/x.bmp")));
+        QTimer::singleShot(100, &dialog, [&] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                refused = true;
+                box->accept();
+            }
+        });
+        QTest::keyClick(&Name(dialog), Qt::Key_Return);
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.reject();
+    });
+    EXPECT_EQ(desktop_.Save(Asking()), std::nullopt);
+    EXPECT_TRUE(refused);
+}
+
+TEST_F(Dialogs, TheFolderDialogStartsWhereItIsToldAndGivesAFolder) {
+    Meanwhile<QFileDialog>([this](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "SELECT FOLDER");
+        EXPECT_EQ(dialog.directory().absolutePath(), folder_.path());
+        EXPECT_TRUE(dialog.testOption(QFileDialog::ShowDirsOnly));
+        Name(dialog).setText("inner");
+        QTest::keyClick(&Name(dialog), Qt::Key_Return);
+    });
+    EXPECT_EQ(desktop_.ChooseFolder(Form(), "SELECT FOLDER", folder_.path().toStdString(), forms::Language::English),
+              Path("inner"));
+    EXPECT_EQ(std::filesystem::current_path(), earlier_);
+}
+
+TEST_F(Dialogs, TheFolderDialogStartsAtHomeWhereThereIsNoSuchFolder) {
+    Meanwhile<QFileDialog>([](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.directory().absolutePath(), QDir::homePath());
+        dialog.reject();
+    });
+    EXPECT_EQ(desktop_.ChooseFolder(Form(), "SELECT FOLDER", Path("gone"), forms::Language::English), std::nullopt);
+    EXPECT_TRUE(seen_);
+}
+
+TEST_F(Dialogs, SpeakJapaneseOnlyWhereItIsChosen) {
+    const auto cancelWord = [](QFileDialog& dialog) {
+        QStringList words;
+        for (const auto* button : dialog.findChildren<QPushButton*>()) {
+            words.append(button->text());
+        }
+        return words.join(' ');
+    };
+    Meanwhile<QFileDialog>([&](QFileDialog& dialog) {
+        EXPECT_TRUE(cancelWord(dialog).contains(QString::fromUtf8("キャンセル"))) << cancelWord(dialog).toStdString();
+        dialog.reject();
+    });
+    forms::FileDialog asking = Asking();
+    asking.Words = forms::Language::Japanese;
+    desktop_.Open(asking);
+    Meanwhile<QFileDialog>([&](QFileDialog& dialog) {
+        EXPECT_TRUE(cancelWord(dialog).contains("Cancel")) << cancelWord(dialog).toStdString();
+        dialog.reject();
+    });
+    desktop_.Open(Asking());
+}
+
+TEST_F(Dialogs, HelpOpensBesideTheProgramWithoutHoldingItUp) {
+    std::ofstream(Path("ZIRVO2.html"))
+        << "<html><head><title>Manual</title></head><body><p>slip rate</p></body></html>";
+    ASSERT_TRUE(desktop_.ShowHelp(Form(), Path("ZIRVO2.html")));
+    QWidget* help = nullptr;
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        help = widget->objectName() == "Help" ? widget : help;
+    }
+    ASSERT_NE(help, nullptr);
+    EXPECT_TRUE(help->isVisible());
+    EXPECT_FALSE(help->isModal());
+    EXPECT_EQ(help->windowTitle(), "Manual");
+    auto* page = help->findChild<QTextBrowser*>("HelpPage");
+    EXPECT_EQ(page->toPlainText(), "slip rate");
+    help->findChild<QLineEdit*>("HelpWords")->setText("rate");
+    QTest::mouseClick(help->findChild<QPushButton*>("HelpFind"), Qt::LeftButton);
+    EXPECT_EQ(page->textCursor().selectedText(), "rate");
+    Click("Command1");
+    EXPECT_EQ(std::count(Form().Log.begin(), Form().Log.end(), "Command1 Click"), 1);
+}
+
+TEST_F(Dialogs, HelpThatIsNotThereCannotBeShown) {
+    EXPECT_FALSE(desktop_.ShowHelp(Form(), Path("ZIRVO1.html")));
+    EXPECT_FALSE(desktop_.ShowHelp(Form(), Path("inner")));
+}
+
+TEST_F(Boxes, TheEndLeavesTheLoopAtOnceAndAsksNothingMore) {
+    Form().Command1.Click = [this] {
+        Form().App().End(3);
+        EXPECT_EQ(desktop_.Show({.Text = "too late", .Choice = forms::Buttons::YesNo}), forms::Answer::Cancel);
+    };
+    QTimer::singleShot(0, &Window(), [this] { Click("Command1"); });
+    EXPECT_EQ(desktop_.WaitForEnd(), 3);
+    Form().Log.clear();
+    Click("Command2");
+    EXPECT_EQ(Form().Log, Events{});
+}
+
+TEST_F(Boxes, TheEndAlsoLeavesABoxThatStandsOpen) {
+    QTimer::singleShot(0, &Window(), [this] {
+        Meanwhile<QMessageBox>([this](QMessageBox&) { desktop_.EndProgram(1); });
+        desktop_.Show({.Text = "x", .Choice = forms::Buttons::YesNo});
+    });
+    EXPECT_EQ(desktop_.WaitForEnd(), 1);
+}
+
+TEST_F(Boxes, AFaultIsShownAndEndsWithStatusOne) {
+    Form().Command1.Click = [this] { Form().MSFlexGrid1.SetTextMatrix(99, 1, "x"); };
+    Meanwhile<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle(), "ZIRVO Ver2.3");
+        EXPECT_EQ(box.text(), "Run-time error '9':\n\nSubscript out of range");
+        box.accept();
+    });
+    QTimer::singleShot(0, &Window(), [this] { Click("Command1"); });
+    EXPECT_EQ(desktop_.WaitForEnd(), 1);
+    EXPECT_TRUE(seen_);
+}
+
+}  // namespace
+}  // namespace zirvo::widgets
