@@ -105,6 +105,7 @@ ShownForm::ShownForm() {
 
 ShownForm::~ShownForm() {
     desktop_.ReleaseForms();
+    Settle();  // a window that is still going would be taken for the next test's
 }
 
 QWidget& ShownForm::Window() const {
