@@ -4,6 +4,8 @@
 #include <memory>
 
 #include "forms/application.h"
+#include "graphics/form5.h"
+#include "graphics/form6.h"
 #include "qt/widgets/qt_desktop.h"
 #include "qt/widgets/screen_fonts.h"
 #include "shell/form1.h"
@@ -23,6 +25,10 @@ int Run() {
     forms::Application application(desktop);
     Register<Form1>(application);
     Register<Form2>(application);
+    Register<Form5>(application);
+    application.Register(Form6::FormName, [makePicture = desktop.MapPictureMaker()](forms::Application& owner) {
+        return std::make_unique<Form6>(owner, makePicture);
+    });
     Register<Form7>(application);
     application.Show(Form1::FormName);
     const int status = desktop.WaitForEnd();

@@ -4,18 +4,42 @@
 #include <memory>
 #include <stdexcept>
 
+#include "contour/recording_surface.h"
+#include "graphics/form5.h"
+#include "graphics/form6.h"
 #include "qt/widgets/pixels.h"
 #include "shell/form1.h"
 #include "shell/form2.h"
 #include "shell/form7.h"
 
 namespace zirvo::window_tests {
+namespace {
+
+/// A picture that only has its size.
+class UnseenPicture : public MapPicture {
+public:
+    explicit UnseenPicture(const forms::PictureBox& control)
+        : surface_(PixelsOfTwips(control.Width), PixelsOfTwips(control.Height)) {}
+    PlotSurface& Surface() override { return surface_; }
+    void Present() override {}
+    void SaveBitmap(const std::string& /*path*/) override {}
+
+private:
+    RecordingSurface surface_;
+};
+
+}  // namespace
 
 ControlPlaces::ControlPlaces(QSize screen, const std::string& programFolder) {
     desktop_.Size = {.Width = screen.width() * 15.0, .Height = screen.height() * 15.0, .TwipsPerPixel = 15};
     application_.Register(Form1::FormName, [](forms::Application& owner) { return std::make_unique<Form1>(owner); });
     application_.Register(Form2::FormName, [programFolder](forms::Application& owner) {
         return std::make_unique<Form2>(owner, programFolder);
+    });
+    application_.Register(Form5::FormName, [](forms::Application& owner) { return std::make_unique<Form5>(owner); });
+    application_.Register(Form6::FormName, [](forms::Application& owner) {
+        return std::make_unique<Form6>(
+            owner, [](forms::PictureBox& control) { return std::make_unique<UnseenPicture>(control); });
     });
     application_.Register(Form7::FormName, [](forms::Application& owner) { return std::make_unique<Form7>(owner); });
 }

@@ -393,7 +393,7 @@ TEST(Form5, DataOkMakesAProperNameOfTheTypedOne) {
         Screens screens;
         screens.ShowData();
         screens.EnterExample();
-        screens.App.Dispatch([&] { screens.Data().Text3.Text = typed; });
+        screens.App.Dispatch([&, text = typed] { screens.Data().Text3.Text = text; });
         screens.Data().Command5.UserClick();
         EXPECT_EQ(screens.Data().Text3.Text.Get(), name);
     }
