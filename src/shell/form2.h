@@ -34,6 +34,10 @@ public:
     /// The folder of the user's files, as NEXT last took it from Label2.
     std::string WorkFolder;
 
+    /// The choices as the option buttons stand: 1 to 3, and 1 analysis only or 2 graphics; 0 where none is set.
+    Int16 UnitSystem() const;
+    Int16 Objective() const;
+
     void Form_Load() override;
     void Command1_Click();
     void Command2_Click();
@@ -47,8 +51,6 @@ private:
     void RestoreOrClear();
     void StartEmpty();
     void SetCaptions();
-    Int16 UnitSystem() const;
-    Int16 Objective() const;
 
     std::string programFolder_;
     Int16 languageBase_ = 0;

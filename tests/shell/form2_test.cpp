@@ -15,17 +15,9 @@ const Names UnitState{"Command1", "Option1", "Option2", "Option3", "Option4", "O
 const Names ReadyState{"Command1", "Option1",  "Option2",  "Option3", "Option4",
                        "Option5",  "Command2", "Command3", "Command4"};
 
-/// Number of the option that is set among units and objectives: "3 1"; 0 for none.
+/// Unit system and objective: "3 1"; 0 for none.
 std::string Choices(const Form2& form) {
-    int unit = 0;
-    int objective = 0;
-    for (const auto* option : {&form.Option1, &form.Option2, &form.Option3}) {
-        unit = option->Value ? option->Name().back() - '0' : unit;
-    }
-    for (const auto* option : {&form.Option4, &form.Option5}) {
-        objective = option->Value ? option->Name().back() - '3' : objective;
-    }
-    return std::to_string(unit) + " " + std::to_string(objective);
+    return std::to_string(form.UnitSystem()) + " " + std::to_string(form.Objective());
 }
 
 std::string SettingsOf(const std::string& folder, int unit, int objective) {
