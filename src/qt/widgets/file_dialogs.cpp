@@ -6,11 +6,15 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLibraryInfo>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <QSplitter>
 #include <QTranslator>
+#include <QTreeView>
+#include <array>
 
 #include "qt/widgets/control_binding.h"
 #include "qt/widgets/screen_fonts.h"
@@ -82,6 +86,16 @@ void UseOneLook(QFileDialog& dialog) {
     dialog.setOption(QFileDialog::DontUseNativeDialog);
 #endif
     dialog.setFont(ScreenFont({}));
+    dialog.resize(780, 480);
+    if (const auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
+        constexpr std::array widths{250, 80, 120, 150};  // name, size, kind, date
+        for (std::size_t i = 0; i < widths.size(); ++i) {
+            list->header()->resizeSection(static_cast<int>(i), widths[i]);
+        }
+    }
+    if (auto* parts = dialog.findChild<QSplitter*>(QStringLiteral("splitter"))) {
+        parts->setSizes({130, 620});
+    }
     dialog.setWindowModality(Qt::ApplicationModal);
 }
 

@@ -11,7 +11,8 @@
 namespace zirvo::widgets {
 namespace {
 
-constexpr int TextMargin = 3;  // pixels between the edge of a cell and its text
+// Pixels between the edge of a cell and its text. A column is as wide as its heading and a "J", which is 6 pixels.
+constexpr int TextMargin = 2;
 
 }  // namespace
 
@@ -125,7 +126,7 @@ void GridWidget::PaintCell(QPainter& painter, int row, int col, const QRect& cel
     painter.drawLine(cell.bottomLeft(), cell.bottomRight());
     const std::string& text = grid_.TextMatrix(row, col);
     if (!text.empty()) {
-        const QRect inside = cell.adjusted(TextMargin, 0, -TextMargin - 1, -1);
+        const QRect inside = cell.adjusted(TextMargin, 0, -TextMargin, -1);
         painter.setPen(palette().color(group, heading  ? QPalette::ButtonText
                                               : filled ? QPalette::HighlightedText
                                                        : QPalette::Text));

@@ -35,7 +35,11 @@ LabelBinding::LabelBinding(forms::Label& label, QWidget& parent)
 
 void LabelBinding::ShowState() {
     shown_.setText(ToQt(label_.Caption.Get()));
-    shown_.setAlignment(ToQt(label_.Align));
+    Qt::Alignment alignment = ToQt(label_.Align);
+    if (label_.BackColor.Get() != forms::DefaultColor) {  // it looks like a field
+        alignment = (alignment & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter;
+    }
+    shown_.setAlignment(alignment);
     const bool coloured =
         label_.ForeColor.Get() != forms::DefaultColor || label_.BackColor.Get() != forms::DefaultColor;
     if (coloured || shown_.autoFillBackground()) {

@@ -1,6 +1,7 @@
 // Message boxes, see message_window.h.
 #include "qt/widgets/message_window.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <vector>
@@ -75,6 +76,10 @@ Answer AskUser(const forms::Message& message, QWidget* owner) {
         buttons.push_back(button);
     }
     box.setDefaultButton(buttons.front());
+    if (auto* text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+        constexpr int wideEnoughForTheTitle = 220;  // pixels
+        text->setMinimumWidth(wideEnoughForTheTitle);
+    }
     const bool mustChoose = message.Choice == forms::Buttons::YesNo;
     Qt::WindowFlags frame = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
     if (!mustChoose) {

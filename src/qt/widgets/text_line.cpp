@@ -3,10 +3,12 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPainter>
 #include <memory>
 
 namespace zirvo::widgets {
@@ -64,6 +66,17 @@ void TextLine::Display(const QString& text, CharacterRange selected) {
         }
     }
     quiet_ = false;
+}
+
+/// Without a frame it lies over a cell of a grid: it shows the lines of the grid that it covers.
+void TextLine::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+    if (!hasFrame() && parentWidget() != nullptr && qobject_cast<QComboBox*>(parentWidget()) == nullptr) {
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::Mid));
+        painter.drawLine(rect().topRight(), rect().bottomRight());
+        painter.drawLine(rect().bottomLeft(), rect().bottomRight());
+    }
 }
 
 void TextLine::keyPressEvent(QKeyEvent* event) {
