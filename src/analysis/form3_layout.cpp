@@ -1,0 +1,119 @@
+// What the data screen looks like at its design size, and which handler serves which event.
+//
+// Numbers in pixels of the design, of which 782 by 567 are seen. The work leads from the top left to the bottom right:
+// data, counts and layers in the first row of frames, the loads across the second, points and file names in the third,
+// and the buttons in the order in which they are pressed. The vertical edges of the frames meet in all rows. Fonts do
+// not grow with the screen, so the grids are wide enough for their headings at 1024 by 768 in both languages.
+#include "analysis/form3.h"
+#include "shell/layout.h"
+
+namespace zirvo {
+namespace {
+
+void Place(forms::Control& control, double left, double top, double width, double height) {
+    control.Move(Pixels(left), Pixels(top), Pixels(width), Pixels(height));
+}
+
+/// A count: its name, its value, and the bar under both, in one column of the frame.
+void PlaceCount(double left, forms::Label& name, forms::Label& value, forms::VScrollBar& bar) {
+    constexpr double width = 70;  // of the column
+    Place(name, left, 20, width, 16);
+    Place(value, left + 7, 38, width - 14, 18);
+    Place(bar, left + 23, 60, 24, 72);
+    name.Align = forms::Alignment::Center;
+    value.Align = forms::Alignment::Center;
+    value.BackColor = 0xFFFFFF;
+    bar.Max = 0;
+    bar.Enabled = false;
+}
+
+/// A file name: its label, and the box under it across the frame.
+void PlaceName(double top, forms::Label& label, forms::TextBox& box) {
+    Place(label, 12, top, 366, 16);
+    Place(box, 12, top + 17, 366, 24);
+}
+
+}  // namespace
+
+void Form3::LayOut() {
+    Left = 210;
+    Top = 300;
+    Width = 11730;
+    Height = 8505;
+    LayOutData();
+    LayOutGrids();
+    LayOutFilesAndButtons();
+}
+
+void Form3::LayOutData() {
+    Place(Label1, 8, 8, 766, 18);
+    Place(Frame1, 8, 30, 138, 140);
+    Place(Option1, 10, 24, 122, 22);
+    Place(Option2, 10, 54, 122, 22);
+    Place(Command1, 10, 96, 118, 30);
+
+    Place(Frame2, 154, 30, 222, 140);
+    PlaceCount(6, Label2, Label7, VScroll1);
+    PlaceCount(76, Label3, Label8, VScroll2);
+    PlaceCount(146, Label4, Label9, VScroll3);
+    VScroll1.Min = MaximumLayers;
+    VScroll2.Min = MaximumLoads;
+    VScroll3.Min = MaximumPoints;
+}
+
+void Form3::LayOutGrids() {
+    Place(Frame3, 384, 30, 390, 140);
+    Place(MSFlexGrid1, 8, 20, 374, 112);
+    Place(Frame4, 8, 178, 766, 118);
+    Place(MSFlexGrid2, 8, 20, 750, 90);
+    Place(Frame5, 8, 304, 368, 215);
+    Place(MSFlexGrid3, 8, 20, 352, 187);
+    MSFlexGrid1.Cols = LayerColumns + 1;
+    MSFlexGrid2.Cols = LoadColumns + 1;
+    MSFlexGrid3.Cols = PointColumns + 1;
+    for (forms::MSFlexGrid* grid : {&MSFlexGrid1, &MSFlexGrid2, &MSFlexGrid3}) {
+        grid->FixedRows = 1;
+        grid->FixedCols = 1;
+    }
+}
+
+void Form3::LayOutFilesAndButtons() {
+    Place(Frame6, 384, 304, 390, 180);
+    PlaceName(24, Label5, Text7);
+    PlaceName(75, Label6, Text8);
+    PlaceName(126, Label10, Text1);
+    Place(Text9, 384, 493, 390, 26);
+
+    double left = 8;
+    for (forms::CommandButton* button : {&Command3, &Command4, &Command5, &Command6, &Command7, &Command8, &Command9}) {
+        Place(*button, left, 527, 102, 30);
+        left += button == &Command7 ? 114 : 110;  // HELP and QUIT stand apart from the work
+    }
+}
+
+void Form3::BindEvents() {
+    Option1.Click = [this] { Option1_Click(); };
+    Option2.Click = [this] { Option2_Click(); };
+    Command1.Click = [this] { Command1_Click(); };
+    Command3.Click = [this] { Command3_Click(); };
+    Command4.Click = [this] { Command4_Click(); };
+    Command5.Click = [this] { Command5_Click(); };
+    Command6.Click = [this] { Command6_Click(); };
+    Command7.Click = [this] { Command7_Click(); };
+    Command8.Click = [this] { Command8_Click(); };
+    Command9.Click = [this] { Command9_Click(); };
+    VScroll1.Change = [this] { VScroll1_Change(); };
+    VScroll2.Change = [this] { VScroll2_Change(); };
+    VScroll3.Change = [this] { VScroll3_Change(); };
+    Label7.Change = [this] { Label7_Change(); };
+    Label8.Change = [this] { Label8_Change(); };
+    Label9.Change = [this] { Label9_Change(); };
+    MSFlexGrid1.GotFocus = [this] { MSFlexGrid1_GotFocus(); };
+    MSFlexGrid2.GotFocus = [this] { MSFlexGrid2_GotFocus(); };
+    MSFlexGrid3.GotFocus = [this] { MSFlexGrid3_GotFocus(); };
+    MSFlexGrid1.LostFocus = [this] { MSFlexGrid1_LostFocus(); };
+    MSFlexGrid2.LostFocus = [this] { MSFlexGrid2_LostFocus(); };
+    MSFlexGrid3.LostFocus = [this] { MSFlexGrid3_LostFocus(); };
+}
+
+}  // namespace zirvo
