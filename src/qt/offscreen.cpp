@@ -2,6 +2,7 @@
 #include "qt/offscreen.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QTemporaryDir>
 #include <array>
 #include <cstdio>
@@ -48,7 +49,8 @@ private:
 }  // namespace
 
 OffscreenQt::OffscreenQt() : earlier_(qInstallMessageHandler(KeepQuiet)) {
-    qunsetenv("QT_QPA_PLATFORMTHEME");  // a theme may want a display
+    QHashSeed::setDeterministicGlobalSeed();  // PDF files list their fonts in the order of a hash
+    qunsetenv("QT_QPA_PLATFORMTHEME");        // a theme may want a display
     static char name[] = "zirvo";
     static char option[] = "-platform";
     static char platform[] = "offscreen";

@@ -20,7 +20,8 @@ using DrawPicture = std::function<void(PlotSurface&)>;
 /// @param title  of the document, UTF-8
 std::string SvgBytes(int pixelsWide, int pixelsHigh, const std::string& title, const DrawPicture& draw);
 
-/// The same on one page of that size. It holds no date, so that the bytes stay the same.
+/// The same on one page of that size. It holds no date, so that the bytes stay the same; for that from one process to
+/// the next too Qt must have been started by OffscreenQt.
 std::string PdfBytes(int pixelsWide, int pixelsHigh, const std::string& title, const DrawPicture& draw);
 
 /// Writes the bitmap, replacing a file of that name: whole or not at all. Faults as WriteWholeFile.

@@ -79,7 +79,10 @@ TEST_F(Map, EachFormatIsWrittenByItsExtension) {
 
 TEST_F(Map, TheSameMapHasTheSameBytes) {
     for (const char* name : {"a.png", "a.bmp", "a.svg", "a.pdf"}) {
-        EXPECT_EQ(Picture(Surface(), name), Picture(Surface(), name)) << name;
+        const std::string first = Picture(Surface(), name);
+        for (int again = 0; again < 4; ++again) {
+            EXPECT_EQ(Picture(Surface(), name), first) << name;
+        }
     }
 }
 
