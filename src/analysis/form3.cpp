@@ -38,7 +38,7 @@ Form3::Form3(forms::Application& application, ProcessService& processes, std::st
     BindEvents();
 }
 
-// Load ----------------------------------------------------------------------------------------------------------------
+// Load --------------------------------------------------------------------------------------------------------------
 
 void Form3::Form_Load() {
     Caption = MakeVersionStamp(2);
@@ -86,7 +86,7 @@ void Form3::SetCaptions() {
     set(Command8, 35);
     set(Command9, 36);
 }
-// What the controls say ----------------------------------------------------------------------------------------------
+// What the controls say ---------------------------------------------------------------------------------------------
 
 std::string Form3::Words(Int16 k) const {
     return std::string(GetMessage(languageBase_, k));
@@ -114,8 +114,7 @@ PavementTexts Form3::TextsFromControls() const {
             .Points = CellsOf<PointColumns>(MSFlexGrid3)};
 }
 
-// Groups of controls
-// ---------------------------------------------------------------------------------------------------
+// Groups of controls ------------------------------------------------------------------------------------------------
 
 void Form3::EnableBoxes(bool enabled) {
     Text7.Enabled = enabled;
@@ -174,8 +173,7 @@ void Form3::ClearColumnHeadings() {
     }
 }
 
-// Messages
-// -------------------------------------------------------------------------------------------------------------
+// Messages ----------------------------------------------------------------------------------------------------------
 
 forms::Answer Form3::Box(Int16 k, forms::Icon picture, forms::Buttons choice) {
     return World().Show({.Text = Words(k),
@@ -190,8 +188,7 @@ void Form3::StopWith(Int16 k) {
     Box(57, forms::Icon::Stop);
 }
 
-// Buttons
-// --------------------------------------------------------------------------------------------------------------
+// Buttons -----------------------------------------------------------------------------------------------------------
 
 void Form3::Option1_Click() {  // NEW DATA
     EnableScrollBars(true);
@@ -273,8 +270,7 @@ void Form3::Command9_Click() {  // QUIT
     App().End();
 }
 
-// Counts
-// ---------------------------------------------------------------------------------------------------------------
+// Counts ------------------------------------------------------------------------------------------------------------
 
 void Form3::VScroll1_Change() {
     Label7.Caption = CaptionInteger(VScroll1.Value);
@@ -300,8 +296,7 @@ void Form3::Label9_Change() {
     FollowCount(MSFlexGrid3, CountOf(Label9.Caption.Get()), Words(54));
 }
 
-// Grids
-// ----------------------------------------------------------------------------------------------------------------
+// Grids -------------------------------------------------------------------------------------------------------------
 
 void Form3::EditIn(forms::MSFlexGrid& grid) {
     editor_ = std::make_shared<clsFlexGridEdit>();

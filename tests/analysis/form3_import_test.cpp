@@ -117,8 +117,7 @@ TEST_F(Form3Import, TheQuestionComesWhenTheDataStands) {
     EXPECT_EQ(seen, "5");
 }
 
-// What is refused
-// --------------------------------------------------------------------------------------------------------------
+// What is refused ---------------------------------------------------------------------------------------------------
 
 struct Refusal {
     const char* Name;

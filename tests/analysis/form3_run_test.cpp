@@ -159,8 +159,7 @@ TEST_F(Form3Run, ASecondRunGivesOneStampAgain) {
     EXPECT_EQ(GetFile("Untitled.bre"), "   <ZIRVO Ver2.3>\r\nresults\r\n");
 }
 
-// Faults
-// ---------------------------------------------------------------------------------------------------------------------------
+// Faults ------------------------------------------------------------------------------------------------------------
 
 TEST_F(Form3Run, AMissingSolverEndsTheProgramAndLeavesTheControlFile) {
     const std::unique_ptr<ProcessService> processes = MakeProcessService();
@@ -221,8 +220,7 @@ TEST_F(Form3Run, ForeignFilesStandAsBefore) {
     EXPECT_EQ(GetFile("Other.bre"), "mine too");
 }
 
-// With the solver itself
-// -----------------------------------------------------------------------------------------------------------
+// With the solver itself --------------------------------------------------------------------------------------------
 
 class Form3RealRun : public testing::Test {
 protected:

@@ -97,8 +97,7 @@ void BringInto(AnalysisScreens& screens, const std::string& state) {
     screens.Desktop.Forget();
 }
 
-// Every row of the table of states
-// ---------------------------------------------------------------------------------------
+// Every row of the table of states ----------------------------------------------------------------------------------
 
 class Form3State : public testing::TestWithParam<std::string> {
 protected:
@@ -187,8 +186,7 @@ TEST_P(Form3State, QuitEndsTheProgramWithoutAQuestion) {
 INSTANTIATE_TEST_SUITE_P(Table, Form3State, testing::ValuesIn(StateNames()),
                          [](const auto& chosen) { return TestName(chosen.param); });
 
-// Every row of the table of transitions
-// ------------------------------------------------------------------------------------
+// Every row of the table of transitions -----------------------------------------------------------------------------
 
 struct Transition {
     std::string From;
@@ -349,8 +347,7 @@ TEST_P(Form3Transition, LeadsWhereTheTableSays) {
 INSTANTIATE_TEST_SUITE_P(Table, Form3Transition, testing::ValuesIn(Transitions()),
                          [](const auto& chosen) { return TestName(chosen.param.From + chosen.param.Event); });
 
-// While the solver runs
-// ------------------------------------------------------------------------------------------------------
+// While the solver runs ---------------------------------------------------------------------------------------------
 
 struct WhileRunning {
     std::string Enabled;

@@ -45,8 +45,7 @@ protected:
 };
 using Texts = std::vector<std::string>;
 
-// Load
-// -----------------------------------------------------------------------------------------------------------------------
+// Load --------------------------------------------------------------------------------------------------------------
 
 TEST_F(Form3Test, LoadSetsTheCaptionsInEnglish) {
     EXPECT_EQ(Form.Caption, "- ZIRVO Ver2.3 -");
@@ -134,8 +133,7 @@ TEST_F(Form3Test, TabGoesThroughTheControlsInTheOrderOfTheWork) {
                             "Text7", "Text8", "Text1", "Command3", "Command4", "Command5", "Command8"}));
 }
 
-// New data, headings, units
-// ----------------------------------------------------------------------------------------------------
+// New data, headings, units -----------------------------------------------------------------------------------------
 
 TEST_F(Form3Test, NewDataNamesTheFilesAndMovesToTheFolder) {
     TemporaryFolder elsewhere;
@@ -197,8 +195,7 @@ TEST(Form3Headings, ColumnsAreAsWideAsTheirHeadingsInEachLanguage) {
     EXPECT_EQ(japanese.Data().MSFlexGrid1.ColWidth(4), 6 * 210 + 105);  // 層間すべり率
 }
 
-// Counts
-// -------------------------------------------------------------------------------------------------------------------------
+// Counts ------------------------------------------------------------------------------------------------------------
 
 TEST_F(Form3Test, ABarSetsItsCountAndTheCountItsGrid) {
     Form.Option1.UserClick();
@@ -261,8 +258,7 @@ TEST_F(Form3Test, ACountKeepsItsTextsWhenTheOtherCountsMove) {
     EXPECT_EQ(Rows(Form.MSFlexGrid1), (Texts{"35000|0.35|5|0", "1000|0.4||"}));
 }
 
-// CLEAR FORM
-// ------------------------------------------------------------------------------------------------------------------------
+// CLEAR FORM --------------------------------------------------------------------------------------------------------
 
 // The captions are set first and the bars afterwards, so a bar that was not 0 writes into its count once more.
 TEST_F(Form3Test, ClearFormEndsWithTheBarsZeroWhereABarWasNotZero) {
@@ -295,161 +291,7 @@ TEST_F(Form3Test, NewDataBehindAClearedFormEnablesAGridBeforeItsCountHasMoved) {
     EXPECT_FALSE(Form.MSFlexGrid2.Enabled);
 }
 
-// DATA OK!
-// --------------------------------------------------------------------------------------------------------------------------
-
-class Form3Rules : public Form3Test {
-protected:
-    Form3Rules() {
-        Screens.ImportAndAnswer(Answer::Yes);
-        Screens.Desktop.Forget();
-    }
-    void ExpectRefused(const char* message) {
-        Form.Text7.UserFocus();
-        Form.Command5.Press();
-        EXPECT_EQ(Boxes(), (Texts{message, "ANALYSIS STOPPED - CHECK INPUT DATA"}));
-        EXPECT_EQ(FocusOf(Form), "Text7");
-        EXPECT_TRUE(Form.Command5.Enabled);
-        EXPECT_FALSE(Form.Command6.Enabled);
-        EXPECT_TRUE(Form.MSFlexGrid1.Enabled);
-    }
-    void ExpectFault(const char* text) {
-        Form.Command5.UserClick();
-        EXPECT_EQ(Boxes(), Texts{text});
-        EXPECT_EQ(Screens.Desktop.EndStatus, 1);
-    }
-};
-
-TEST_F(Form3Rules, NoCountsAreRefused) {
-    Form.VScroll2.UserStepToMax();
-    ExpectRefused("INITIAL SETTING ERROR!");
-}
-
-TEST_F(Form3Rules, AnEmptyNameIsRefused) {
-    Form.Text8.Text = "";
-    ExpectRefused("IN/OUTPUT FILE ERROR!");
-}
-
-TEST_F(Form3Rules, ALayerOutsideItsLimitsIsRefused) {
-    Form.MSFlexGrid1.SetTextMatrix(1, 2, "0.51");
-    ExpectRefused("LAYER PROPERTIES ERROR!");
-}
-
-TEST_F(Form3Rules, ALoadWithAnEmptyCellIsRefused) {
-    Form.MSFlexGrid2.SetTextMatrix(1, 6, "");
-    ExpectRefused("LOAD ERROR!");
-}
-
-TEST_F(Form3Rules, APointAboveTheSurfaceIsRefused) {
-    Form.MSFlexGrid3.SetTextMatrix(1, 4, "-1");
-    ExpectRefused("MEASUREMENT POINT ERROR!");
-}
-
-TEST_F(Form3Rules, APointOutsideItsLayerIsRefused) {
-    Form.MSFlexGrid3.SetTextMatrix(1, 4, "6");
-    ExpectRefused("MEASUREMENT POINT ERROR!");
-}
-
-TEST_F(Form3Rules, TheFirstRuleThatFailsSpeaks) {
-    Form.MSFlexGrid3.SetTextMatrix(1, 4, "-1");
-    Form.MSFlexGrid1.SetTextMatrix(1, 1, "");
-    ExpectRefused("LAYER PROPERTIES ERROR!");
-}
-
-TEST_F(Form3Rules, WhatStandsInTheLastLayersThicknessDoesNotMatter) {
-    Form.MSFlexGrid1.SetTextMatrix(2, 3, "-5");
-    Form.MSFlexGrid1.SetTextMatrix(2, 4, "abc");
-    Form.Command5.UserClick();
-    EXPECT_TRUE(Boxes().empty());
-    EXPECT_TRUE(Form.Command6.Enabled);
-}
-
-TEST_F(Form3Rules, AnEmptyLayerNumberEndsTheProgram) {
-    Form.MSFlexGrid3.SetTextMatrix(1, 1, "");
-    ExpectFault("Run-time error '13':\n\nType mismatch");
-}
-
-TEST_F(Form3Rules, ALayerNumberThatIsNoNumberAsAWholeEndsTheProgram) {
-    Form.MSFlexGrid3.SetTextMatrix(1, 1, "1a");
-    ExpectFault("Run-time error '13':\n\nType mismatch");
-}
-
-TEST_F(Form3Rules, ALayerNumberBeyondSixteenBitsIsARefusedRow) {
-    Form.MSFlexGrid3.SetTextMatrix(1, 1, "40000");
-    ExpectRefused("MEASUREMENT POINT ERROR!");
-}
-
-TEST_F(Form3Rules, AcceptedNamesAreNormalisedInTheirBoxes) {
-    Form.Text7.Text = "run.txt";
-    Form.Text8.Text = "run";
-    Form.Text1.Text = "RUN.SAN";
-    Form.Command5.UserClick();
-    EXPECT_EQ(Form.Text7.Text, "run_txt.eva");
-    EXPECT_EQ(Form.Text8.Text, "run.bre");
-    EXPECT_EQ(Form.Text1.Text, "RUN_SAN.san");
-}
-
-TEST_F(Form3Rules, RefusedDataLeavesTheNamesAsTheyAre) {
-    Form.Text7.Text = "run.txt";
-    Form.MSFlexGrid1.SetTextMatrix(1, 2, "0.51");
-    Form.Command5.UserClick();
-    EXPECT_EQ(Form.Text7.Text, "run.txt");
-}
-
-// A cell that is being edited goes in before the button acts.
-TEST_F(Form3Rules, AClickOnDataOkCommitsTheOpenCellFirst) {
-    Form.MSFlexGrid1.UserFocus();
-    Type(Form, "0");
-    Form.Command5.UserClick();
-    EXPECT_EQ(Form.MSFlexGrid1.TextMatrix(1, 1), "0");
-    EXPECT_EQ(Boxes().front(), "LAYER PROPERTIES ERROR!");
-}
-
-TEST_F(Form3Rules, TabsToDataOkAndSpaceCommitTheOpenCellFirst) {
-    Form.MSFlexGrid3.UserFocus();
-    Type(Form, "2");  // layer 2 begins at 5 cm, where the point lies
-    while (FocusOf(Form) != "Command5") {
-        Press(Form, key::Tab);
-    }
-    Type(Form, " ");
-    EXPECT_EQ(Form.MSFlexGrid3.TextMatrix(1, 1), "2");
-    EXPECT_TRUE(Form.Command6.Enabled);
-}
-
-// Grids
-// -----------------------------------------------------------------------------------------------------------------------------
-
-TEST_F(Form3Rules, AGridShowsItsMarkingOnlyWithoutTheFocus) {
-    for (forms::MSFlexGrid* grid : {&Form.MSFlexGrid1, &Form.MSFlexGrid2, &Form.MSFlexGrid3}) {
-        EXPECT_EQ(grid->Highlight, forms::HighlightKind::Always);
-        grid->UserFocus();
-        EXPECT_EQ(grid->Highlight, forms::HighlightKind::Never);
-        Form.Text7.UserFocus();
-        EXPECT_EQ(grid->Highlight, forms::HighlightKind::Always);
-    }
-}
-
-TEST_F(Form3Rules, EachGridIsEditedInPlaceWithOneBoxForAll) {
-    for (forms::MSFlexGrid* grid : {&Form.MSFlexGrid1, &Form.MSFlexGrid2, &Form.MSFlexGrid3}) {
-        grid->UserFocus();
-        Type(Form, "7\r");
-        EXPECT_EQ(grid->TextMatrix(1, 1), "7");
-        EXPECT_EQ(FocusOf(Form), "tbFgEdit1");
-        EXPECT_EQ(Form.Editor()->Box()->Container(), grid->Container());
-        EXPECT_EQ(Form.Controls.Find("tbFgEdit11"), nullptr);
-    }
-}
-
-TEST_F(Form3Rules, PreviousInTheMiddleOfAnEditUnloadsTheScreen) {
-    Form.MSFlexGrid1.UserFocus();
-    Type(Form, "7");
-    Form.Command3.UserClick();
-    EXPECT_FALSE(Screens.IsLoaded("Form3"));
-    EXPECT_EQ(Screens.Desktop.EndStatus, std::nullopt);
-}
-
-// SAVE DATA
-// -------------------------------------------------------------------------------------------------------------------------
+// SAVE DATA ---------------------------------------------------------------------------------------------------------
 
 TEST_F(Form3Test, SavedDataIsTheFileToTheByte) {
     Screens.ImportAndAnswer(Answer::Yes);
@@ -506,8 +348,7 @@ TEST_F(Form3Test, AFileThatCannotBeWrittenEndsTheProgramAndStaysWhole) {
     EXPECT_EQ(test::GetFile("Untitled.eva/inside"), "kept");
 }
 
-// HELP
-// ------------------------------------------------------------------------------------------------------------------------------
+// HELP --------------------------------------------------------------------------------------------------------------
 
 TEST(Form3Help, OpensThePageOfTheLanguageBesideTheProgram) {
     for (const bool japanese : {true, false}) {

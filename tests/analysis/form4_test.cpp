@@ -190,8 +190,7 @@ TEST_F(Form4Test, TheFolderOfTheScreensCountsAndNotTheCurrentOne) {
     ChangeFolder(Screens.Folder.Path());
 }
 
-// The way back
-// -------------------------------------------------------------------------------------------------------------------------
+// The way back ------------------------------------------------------------------------------------------------------
 
 TEST_F(Form4Test, PreviousAsksAndUnloadsWhateverTheAnswer) {
     for (const Answer answer : {Answer::Yes, Answer::No}) {

@@ -51,8 +51,7 @@ protected:
     void DownInBox(int code) { Box().KeyDown(code); }
 };
 
-// Keys that begin an edit
-// ------------------------------------------------------------------------------------------------
+// Keys that begin an edit -------------------------------------------------------------------------------------------
 
 TEST_F(FlexGridEditKeys, ACodeWithoutACharacterOpensTheBoxWithTheCellsText) {
     for (int code = 0; code <= 32; ++code) {
@@ -189,8 +188,7 @@ TEST_F(FlexGridEditKeys, ACellOutOfSightComesIntoSightFirst) {
     EXPECT_EQ(Box().Text, "5");
 }
 
-// Keys in the box
-// ----------------------------------------------------------------------------------------------------------
+// Keys in the box ---------------------------------------------------------------------------------------------------
 
 TEST_F(FlexGridEditKeys, TheBoxTakesTheCharactersOfANumberAndWhatIsNoAsciiCharacter) {
     Begin(0);
@@ -254,8 +252,7 @@ TEST_F(FlexGridEditKeys, AllOtherKeysAreLeftToTheBoxAndTheForm) {
     }
 }
 
-// Where an edit goes on
-// ------------------------------------------------------------------------------------------------------
+// Where an edit goes on ---------------------------------------------------------------------------------------------
 
 struct Step {
     int Direction;

@@ -24,7 +24,7 @@ protected:
     forms::Control* Named(const char* name) { return Screen.Controls.Find(name); }
 };
 
-// Binding and release ------------------------------------------------------------------------------------------------
+// Binding and release -----------------------------------------------------------------------------------------------
 
 TEST_F(FlexGridEdit, HasNoBoxBeforeItIsBound) {
     EXPECT_EQ(Editor->Box(), nullptr);
@@ -150,7 +150,7 @@ TEST_F(FlexGridEdit, AReplacedInstanceLivesUntilItsOperationHasEnded) {
     EXPECT_TRUE(Screen.Editor->Box()->Visible);
 }
 
-// Properties ---------------------------------------------------------------------------------------------------------
+// Properties --------------------------------------------------------------------------------------------------------
 
 TEST_F(FlexGridEdit, TheBorderStyleReachesABoxThatStandsAndTheNextOne) {
     Bind();
@@ -235,8 +235,7 @@ TEST_F(FlexGridEdit, AControlThatHasGoneSinceTheSavingIsPassedOver) {
     EXPECT_TRUE(Screen.Button.TabStop);
 }
 
-// Cell and scroll events
-// -----------------------------------------------------------------------------------------------
+// Cell and scroll events --------------------------------------------------------------------------------------------
 
 TEST_F(FlexGridEdit, EnteringACellHidesTheBoxAndKeepsTheTextInTheTag) {
     Bind();

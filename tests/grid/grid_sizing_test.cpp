@@ -31,8 +31,7 @@ protected:
     forms::MSFlexGrid& Grid = Screen.Grid;
 };
 
-// RA_AutosizeRows
-// ------------------------------------------------------------------------------------------------------
+// RA_AutosizeRows ---------------------------------------------------------------------------------------------------
 
 TEST_F(GridSizing, TheHeadingColumnIsAsWideAsItsWidestHeadingAndOneJ) {
     Grid.SetTextMatrix(0, 0, "a heading above the headings");  // row 0 does not count
@@ -98,8 +97,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, RoundedWidth,
                                          // 2^24 + 1 is no 32-bit float: the sum is taken in doubles
                                          Rounding{16777216.0F, 1.0F, 16777217}));
 
-// CA_AutosizeCols
-// ------------------------------------------------------------------------------------------------------
+// CA_AutosizeCols ---------------------------------------------------------------------------------------------------
 
 TEST_F(GridSizing, EachColumnIsAsWideAsItsOwnHeadingAndOneJ) {
     Grid.SetTextMatrix(0, 0, "the corner does not count");
@@ -139,8 +137,7 @@ TEST_F(GridSizing, OnlyTheColumnsAskedForAreSized) {
     EXPECT_EQ(FaultOf([&] { CA_AutosizeCols(Grid, 1, 4); }), 9);
 }
 
-// The mode that measures in the cells' own font
-// ------------------------------------------------------------------------
+// The mode that measures in the cells' own font ---------------------------------------------------------------------
 
 class CellFontSizing : public GridSizing {
 protected:
@@ -185,8 +182,7 @@ TEST_F(CellFontSizing, WithoutTheModeNoCellIsVisited) {
     ExpectAllIsAsBefore();
 }
 
-// A grid and its count
-// ---------------------------------------------------------------------------------------------------
+// A grid and its count ----------------------------------------------------------------------------------------------
 
 TEST_F(GridSizing, AGridFollowsItsCountWithHeadingsAndWidth) {
     Grid.Enabled = false;
