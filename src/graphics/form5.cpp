@@ -383,8 +383,7 @@ GraphicsInputData Form5::ModelFromControls() const {
 }
 
 UnitSystem Form5::Units() const {
-    const Form2& settings = App().Get<Form2>();
-    return UnitSystemOf(settings.Option1.Value ? 1 : settings.Option2.Value ? 2 : settings.Option3.Value ? 3 : 0);
+    return UnitSystemOf(App().Get<Form2>().UnitSystem());
 }
 
 void Form5::ReturnToEditing() {

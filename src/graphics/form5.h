@@ -75,9 +75,6 @@ public:
     /// ratio only. Fault 9 where a count passes 100.
     GraphicsInputData ModelFromControls() const;
 
-    /// The choice of the settings screen.
-    UnitSystem Units() const;
-
     /// What the map screen does to this one on the way back, after "UPDATE INPUT DATA?".
     void ReturnToEditing();
     void ReturnAsItWas();
@@ -98,6 +95,7 @@ private:
     void ChooseViewOnly();
     void ChooseUpdate();
     std::optional<Int16> FailedRule() const;
+    UnitSystem Units() const;
     void EnableGrids(bool enabled);
     void EnableBars(bool enabled);
     void EditGrid(forms::MSFlexGrid& grid);

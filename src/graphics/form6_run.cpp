@@ -3,6 +3,7 @@
 
 #include "graphics/form5.h"
 #include "graphics/form6.h"
+#include "shell/form2.h"
 #include "shell/number_text.h"
 #include "shell/version_stamp.h"
 
@@ -48,7 +49,7 @@ void Form6::Command10_Click() {  // START ANALYSIS of an X-Z section
 }
 
 void Form6::ReadDefinition(SectionKind kind, const forms::TextBox& position) {
-    Plot.Units = App().Get<Form5>().Units();
+    Plot.Units = UnitSystemOf(App().Get<Form2>().UnitSystem());
     Plot.LanguageBase = LanguageBase;
     Plot.PositionText = position.Text;
     Plot.Section.Kind = kind;
