@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <algorithm>
 #include <vector>
 
 #include "qt/widgets/control_binding.h"
@@ -77,8 +78,11 @@ Answer AskUser(const forms::Message& message, QWidget* owner) {
     }
     box.setDefaultButton(buttons.front());
     if (auto* text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+        // A least width that is set takes the place of the text's own, which would be cut off without this. A text
+        // beyond `whole` is too wide for the box in one line, and Qt breaks it.
         constexpr int wideEnoughForTheTitle = 220;  // pixels
-        text->setMinimumWidth(wideEnoughForTheTitle);
+        constexpr int whole = 440;
+        text->setMinimumWidth(std::clamp(text->sizeHint().width(), wideEnoughForTheTitle, whole));
     }
     const bool mustChoose = message.Choice == forms::Buttons::YesNo;
     Qt::WindowFlags frame = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;

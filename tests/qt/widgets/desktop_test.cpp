@@ -2,17 +2,21 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QTimer>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <utility>
 
 #include "qt/widgets/shown_form.h"
+#include "shell/catalogue.h"
 
 namespace zirvo::widgets {
 namespace {
@@ -61,6 +65,27 @@ TEST_F(Boxes, HaveIconTitleAndTheWordsOfTheirLanguage) {
                              .Words = forms::Language::Japanese}),
               forms::Answer::Yes);
     EXPECT_TRUE(seen_);
+}
+
+TEST_F(Boxes, ShowEveryMessageWhole) {
+    for (const Int16 base : {JapaneseBase, EnglishBase}) {
+        constexpr std::array<Int16, 18> shown{57, 58,  59,  60,  61,  62,  63,  64,  65,
+                                              81, 123, 127, 128, 129, 170, 171, 172, 173};
+        for (const Int16 k : shown) {
+            Meanwhile<QMessageBox>([k](QMessageBox& box) {
+                const auto* text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+                ASSERT_NE(text, nullptr);
+                if (text->wordWrap()) {
+                    EXPECT_GE(text->height(), text->heightForWidth(text->width())) << k;
+                } else {
+                    EXPECT_GE(text->width(), text->sizeHint().width()) << k;
+                }
+                box.accept();
+            });
+            desktop_.Show({.Text = std::string(GetMessage(base, k)), .Title = "ZIRVO Ver2.3"});
+            EXPECT_TRUE(std::exchange(seen_, false)) << k;
+        }
+    }
 }
 
 TEST_F(Boxes, WithoutATitleAreCalledZirvo) {
