@@ -3,9 +3,13 @@
 #include <QStyleFactory>
 #include <memory>
 
+#include "analysis/form3.h"
+#include "analysis/form4.h"
 #include "forms/application.h"
 #include "graphics/form5.h"
 #include "graphics/form6.h"
+#include "platform/files.h"
+#include "platform/process.h"
 #include "qt/widgets/qt_desktop.h"
 #include "qt/widgets/screen_fonts.h"
 #include "shell/form1.h"
@@ -21,10 +25,15 @@ void Register(forms::Application& application) {
 }
 
 int Run() {
+    const std::unique_ptr<ProcessService> processes = MakeProcessService();
     widgets::QtDesktop desktop;
     forms::Application application(desktop);
     Register<Form1>(application);
     Register<Form2>(application);
+    application.Register(Form3::FormName, [&processes](forms::Application& owner) {
+        return std::make_unique<Form3>(owner, *processes, ProgramFolder());
+    });
+    Register<Form4>(application);
     Register<Form5>(application);
     application.Register(Form6::FormName, [makePicture = desktop.MapPictureMaker()](forms::Application& owner) {
         return std::make_unique<Form6>(owner, makePicture);
