@@ -46,24 +46,24 @@ Form2::Form2(forms::Application& application, std::string programFolder)
 void Form2::Arrange() {
     Centered = true;
     Width = Pixels(560);
-    Height = Pixels(400);
-    Label1.Move(Pixels(20), Pixels(16), Pixels(520), Pixels(26));
+    Height = Pixels(416);
+    Label1.Move(Pixels(20), Pixels(14), Pixels(520), Pixels(26));
     Label1.Align = forms::Alignment::Center;
     Label1.Font = forms::FontSpec{.Name = {}, .Size = 13, .Bold = true};
-    Frame1.Move(Pixels(20), Pixels(50), Pixels(520), Pixels(70));
-    Label2.Move(Pixels(16), Pixels(28), Pixels(374), Pixels(26));
+    Frame1.Move(Pixels(20), Pixels(46), Pixels(520), Pixels(86));
+    Label2.Move(Pixels(16), Pixels(26), Pixels(374), Pixels(46));  // three lines of a long path
     Label2.BackColor = White;
-    Command1.Move(Pixels(404), Pixels(26), Pixels(100), Pixels(30));
-    Frame2.Move(Pixels(20), Pixels(130), Pixels(520), Pixels(114));
+    Command1.Move(Pixels(404), Pixels(33), Pixels(100), Pixels(32));
+    Frame2.Move(Pixels(20), Pixels(142), Pixels(520), Pixels(114));
     Option1.Move(Pixels(16), Pixels(26), Pixels(488), Pixels(24));
     Option2.Move(Pixels(16), Pixels(53), Pixels(488), Pixels(24));
     Option3.Move(Pixels(16), Pixels(80), Pixels(488), Pixels(24));
-    Frame3.Move(Pixels(20), Pixels(254), Pixels(520), Pixels(66));
+    Frame3.Move(Pixels(20), Pixels(266), Pixels(520), Pixels(66));
     Option4.Move(Pixels(16), Pixels(28), Pixels(230), Pixels(24));
     Option5.Move(Pixels(274), Pixels(28), Pixels(230), Pixels(24));
-    Command2.Move(Pixels(20), Pixels(346), Pixels(110), Pixels(34));
-    Command3.Move(Pixels(306), Pixels(346), Pixels(110), Pixels(34));
-    Command4.Move(Pixels(430), Pixels(346), Pixels(110), Pixels(34));
+    Command2.Move(Pixels(20), Pixels(362), Pixels(110), Pixels(34));
+    Command3.Move(Pixels(306), Pixels(362), Pixels(110), Pixels(34));
+    Command4.Move(Pixels(430), Pixels(362), Pixels(110), Pixels(34));
 }
 
 void Form2::Form_Load() {

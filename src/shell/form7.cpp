@@ -16,25 +16,25 @@ Form7::Form7(forms::Application& application) : Form(application, FormName) {
 
 void Form7::Arrange() {
     Centered = true;
-    Width = Pixels(640);
-    Height = Pixels(460);
-    Label1.Move(Pixels(20), Pixels(18), Pixels(600), Pixels(28));
+    Width = Pixels(700);
+    Height = Pixels(480);
+    Label1.Move(Pixels(20), Pixels(18), Pixels(660), Pixels(28));
     Label1.Font = forms::FontSpec{.Name = {}, .Size = 14, .Bold = true};
     const auto row = [](forms::Label& name, forms::Label& value, double top) {
         name.Move(Pixels(20), top, Pixels(90), Pixels(20));
-        value.Move(Pixels(114), top, Pixels(506), Pixels(20));
+        value.Move(Pixels(114), top, Pixels(566), Pixels(20));
     };
     row(Label4, Label7, Pixels(56));
     row(Label5, Label8, Pixels(78));
     row(Label6, Label9, Pixels(100));
-    Label2.Move(Pixels(20), Pixels(130), Pixels(600), Pixels(20));
-    Label3.Move(Pixels(20), Pixels(150), Pixels(600), Pixels(20));
-    Label10.Move(Pixels(20), Pixels(182), Pixels(600), Pixels(20));
+    Label2.Move(Pixels(20), Pixels(130), Pixels(660), Pixels(20));
+    Label3.Move(Pixels(20), Pixels(150), Pixels(660), Pixels(20));
+    Label10.Move(Pixels(20), Pixels(182), Pixels(660), Pixels(20));
     Label10.Font = forms::FontSpec{.Name = {}, .Bold = true};
-    Text1.Move(Pixels(20), Pixels(204), Pixels(600), Pixels(192));
+    Text1.Move(Pixels(20), Pixels(204), Pixels(660), Pixels(212));
     Text1.MultiLine = true;
     Text1.Locked = true;
-    Command1.Move(Pixels(510), Pixels(410), Pixels(110), Pixels(32));
+    Command1.Move(Pixels(570), Pixels(430), Pixels(110), Pixels(32));
     Command1.Default = true;  // Enter closes the screen, also while the history is being read
 }
 

@@ -14,19 +14,22 @@ constexpr const char* English =
     "Interfaces: a slip between two layers can be given, in the form of a shear spring.\n"
     "\n"
     "Solution: the theoretical solutions for vertically and for horizontally distributed loads are summed by "
-    "superposition. Stresses, strains and deflections can be computed at any point.\n"
+    "superposition.\n"
+    "\n"
+    "Results: stresses, strains and deflections can be computed at any point.\n"
     "\n"
     "Limits: 100 loads, 100 pavement layers, 10000 points of interest.\n";
 
 constexpr const char* Japanese =
     "ZIRVO は、道路や滑走路などの舗装構造を多層線形弾性体としてモデル化し、解析する技術者のためのシステムです。\n"
     "\n"
-    "荷重：　舗装表面の円形の範囲に、鉛直荷重（輪荷重）と水平荷重（制動荷重）を載荷できます。\n"
+    "荷重：　表面の円形の範囲に、鉛直荷重（輪荷重）と水平荷重（制動荷重）が作用します。\n"
     "\n"
     "層間：　層と層の境界に、せん断ばねの形ですべりを与えることができます。\n"
     "\n"
-    "解法：　鉛直方向と水平方向の分布荷重に対する理論解を、重ね合わせの原理により足し合わせます。任意の点の"
-    "応力、ひずみ、たわみを計算できます。\n"
+    "解法：　鉛直・水平の分布荷重に対する理論解を、重ね合わせの原理により足し合わせます。\n"
+    "\n"
+    "結果：　任意の点の応力、ひずみ、たわみを計算できます。\n"
     "\n"
     "上限：　載荷点 100 点、舗装の層 100 層、着目点 10000 点まで扱えます。\n";
 

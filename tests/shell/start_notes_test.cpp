@@ -22,7 +22,7 @@ TEST(StartNotes, TellInEnglishWhatTheSystemComputesAndItsLimits) {
     ExpectWords(forms::Language::English,
                 {"engineers", "roads and runways", "multi-layered linear elastic", "vertical loads (wheel loads)",
                  "horizontal loads (braking loads)", "circular areas", "slip", "shear spring", "superposition",
-                 "Stresses, strains and deflections", "any point", "100 loads", "100 pavement layers",
+                 "stresses, strains and deflections", "any point", "100 loads", "100 pavement layers",
                  "10000 points of interest"});
 }
 

@@ -19,6 +19,15 @@ Qt::Alignment ToQt(forms::Alignment alignment) {
     return Qt::AlignLeft | Qt::AlignTop;
 }
 
+/// A path with a place to break behind each separator: a long one is wrapped like words, not cut off.
+QString Breakable(QString path) {
+    constexpr QChar zeroWidthSpace(0x200B);
+    for (const QChar separator : {QChar('/'), QChar('\\')}) {
+        path.replace(separator, QString(separator) + zeroWidthSpace);
+    }
+    return path;
+}
+
 }  // namespace
 
 QColor ToQt(forms::ScreenColor color, const QColor& standard) {
@@ -38,6 +47,9 @@ void LabelBinding::ShowState() {
     Qt::Alignment alignment = ToQt(label_.Align);
     if (label_.BackColor.Get() != forms::DefaultColor) {  // it looks like a field
         alignment = (alignment & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter;
+        if (label_.Align == forms::Alignment::Left) {
+            ShowAsTextField();
+        }
     }
     shown_.setAlignment(alignment);
     const bool coloured =
@@ -50,6 +62,16 @@ void LabelBinding::ShowState() {
         shown_.setPalette(palette);
         shown_.setAutoFillBackground(label_.BackColor.Get() != forms::DefaultColor);
     }
+}
+
+/// Away from the edge, and whatever the length: wrapped, and whole beside the mouse.
+void LabelBinding::ShowAsTextField() {
+    constexpr int margin = 4;
+    shown_.setContentsMargins(margin, 0, margin, 0);
+    const QString text = ToQt(label_.Caption.Get());
+    const bool fits = shown_.fontMetrics().horizontalAdvance(text) <= Place().width() - 2 * margin;
+    shown_.setText(fits ? text : Breakable(text));
+    shown_.setToolTip(fits ? QString() : text);
 }
 
 void FrameBox::SetCaption(const QString& caption) {

@@ -12,7 +12,7 @@ namespace zirvo::widgets {
 /// Colours of the screens as Qt has them; DefaultColor is the palette's.
 QColor ToQt(forms::ScreenColor color, const QColor& standard);
 
-/// Plain text from the upper left corner, wrapped to the width.
+/// Plain text from the upper left corner, wrapped to the width. One with a colour behind it looks like a field.
 class LabelBinding final : public ControlBinding {
 public:
     LabelBinding(forms::Label& label, QWidget& parent);
@@ -21,6 +21,8 @@ protected:
     void ShowState() override;
 
 private:
+    void ShowAsTextField();
+
     forms::Label& label_;
     QLabel& shown_;
 };

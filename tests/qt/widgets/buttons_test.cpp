@@ -132,6 +132,22 @@ TEST_F(Buttons, ALabelFollowsCaptionColourAndAlignment) {
     EXPECT_TRUE(label.alignment().testFlag(Qt::AlignRight));
 }
 
+TEST_F(Buttons, ALongPathInALabelThatLooksLikeAFieldIsWrappedAndWholeBesideTheMouse) {
+    const auto& label = Find<QLabel>("Label1");
+    Form().Label1.BackColor = 0xFFFFFF;
+    Form().Label1.Caption = "/a/b";
+    EXPECT_EQ(label.text(), "/a/b");
+    EXPECT_EQ(label.toolTip(), "");
+    const std::string path = "/home/road/a_folder_name_without_a_blank/another_one";
+    Form().Label1.Caption = path;
+    EXPECT_EQ(label.toolTip().toStdString(), path);
+    EXPECT_EQ(label.text().remove(QChar(0x200B)).toStdString(), path);
+    EXPECT_EQ(label.text().count(QChar(0x200B)), 4);  // one behind each separator
+    EXPECT_EQ(Form().Label1.Caption, path.c_str());
+    Form().Label1.Caption = "C:\\data\\a_folder_name_without_a_blank\\x";
+    EXPECT_EQ(label.text().count(QChar(0x200B)), 3);
+}
+
 TEST_F(Buttons, StandWhereTheirTwipsSayWithinTheirContainer) {
     EXPECT_EQ(Find("Command1").geometry(), QRect(250, 300, 100, 30));
     EXPECT_EQ(Find("Option1").parentWidget()->objectName(), "Frame1");
