@@ -11,7 +11,7 @@
 namespace zirvo::window_tests {
 
 ChildProcess::ChildProcess(const std::vector<std::string>& arguments, const Environment& environment,
-                           const std::string& folder, int keptOpen) {
+                           const std::string& folder, int keptOpen, const std::string& complaints) {
     std::vector<std::string> pairs;
     for (const auto& [name, value] : environment) {
         pairs.push_back(name + "=" + value);
@@ -39,6 +39,9 @@ ChildProcess::ChildProcess(const std::vector<std::string>& arguments, const Envi
         const int nowhere = open("/dev/null", O_RDWR | O_CLOEXEC);
         dup2(nowhere, STDIN_FILENO);
         dup2(nowhere, STDOUT_FILENO);
+        if (!complaints.empty()) {
+            dup2(open(complaints.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600), STDERR_FILENO);
+        }
         if (chdir(folder.c_str()) == 0) {
             execvpe(argumentPointers.front(), argumentPointers.data(), variables.data());
         }

@@ -17,8 +17,9 @@ public:
     /// @param arguments    the program first; looked for on the PATH
     /// @param environment  all that it gets
     /// @param keptOpen     a descriptor of ours that it inherits, or -1
+    /// @param complaints   file that gets its standard error; ours where empty
     ChildProcess(const std::vector<std::string>& arguments, const Environment& environment,
-                 const std::string& folder = ".", int keptOpen = -1);
+                 const std::string& folder = ".", int keptOpen = -1, const std::string& complaints = {});
     /// Ends it if it is still running.
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;

@@ -7,6 +7,8 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <thread>
 
@@ -16,6 +18,14 @@ namespace {
 using Clock = std::chrono::steady_clock;
 constexpr auto LongestWait = std::chrono::seconds(20);  // also on a machine that does much else
 constexpr auto BetweenLooks = std::chrono::milliseconds(10);
+
+bool IsPlain(const QImage& image) {
+    QImage plain = image;
+    if (!plain.isNull()) {
+        plain.fill(image.pixelColor(image.rect().center()));
+    }
+    return plain == image;
+}
 
 std::filesystem::path NewFolder() {
     std::string pattern = (std::filesystem::temp_directory_path() / "zirvo-window-XXXXXX").string();
@@ -80,7 +90,7 @@ void DesktopSession::StartDisplay(QSize screen) {
 
 void DesktopSession::Start() {
     program_ = std::make_unique<ChildProcess>(std::vector<std::string>{(programs_ / "zirvo").string()}, environment_,
-                                              work_.string());
+                                              work_.string(), -1, Complaints());
     WaitForWindow("Form1");
 }
 
@@ -104,7 +114,10 @@ void DesktopSession::WaitFor(const std::string& what, const std::function<bool()
                 std::filesystem::create_directories(ZIRVO_FAILURES);
                 Screenshot(picture);
             }
-            throw std::runtime_error("waited too long for " + what + "; the screen then: " + picture);
+            std::ifstream complaints(Complaints());
+            const std::string said{std::istreambuf_iterator<char>(complaints), {}};
+            throw std::runtime_error("waited too long for " + what + "; the screen then: " + picture +
+                                     (IsRunning() ? "" : "; the program is not running") + "; it said: " + said);
         }
         std::this_thread::sleep_for(BetweenLooks);
     }
@@ -112,6 +125,17 @@ void DesktopSession::WaitFor(const std::string& what, const std::function<bool()
 
 void DesktopSession::WaitForWindow(const std::string& role) {
     WaitFor("the window " + role, [&] { return display_->IsActive(role); });
+    // It is painted once it looks the same for a while and is no plain surface.
+    constexpr int looksAlike = 8;
+    QImage before;
+    int same = 0;
+    WaitFor("the contents of the window " + role, [&] {
+        const std::optional<ShownWindow> window = display_->Find(role);
+        const QImage now = window.has_value() ? display_->Pixels(window->Client) : QImage();
+        same = now == before ? same + 1 : 0;
+        before = now;
+        return same >= looksAlike && !IsPlain(now);
+    });
 }
 
 void DesktopSession::WaitForNoWindow(const std::string& role) {

@@ -35,7 +35,7 @@ public:
     bool IsRunning();
 
     void WaitFor(const std::string& what, const std::function<bool()>& condition);
-    /// Until the window is on the screen and has the keys.
+    /// Until the window is on the screen, has the keys and has painted itself.
     void WaitForWindow(const std::string& role);
     void WaitForNoWindow(const std::string& role);
     bool IsShown(const std::string& role) const;
@@ -64,6 +64,8 @@ public:
 
 private:
     void StartDisplay(QSize screen);
+    /// What the program writes to standard error.
+    std::string Complaints() const { return (folder_ / "complaints").string(); }
     void Tool(const std::vector<std::string>& arguments);
     QRect OnScreen(const std::string& form, const std::string& control);
 

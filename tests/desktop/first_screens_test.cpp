@@ -1,6 +1,10 @@
 // The first screens of the real program, by keys and clicks.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
 #include "desktop/desktop_session.h"
 
 namespace zirvo::window_tests {
@@ -48,6 +52,71 @@ TEST(FirstScreens, TheChainIsWalkedByKeysAlone) {
     session.Key("Return");
     session.WaitForWindow("Form2");
     EXPECT_FALSE(session.IsShown("Form1"));
+}
+
+std::string BytesOf(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+TEST(FirstScreens, FolderUnitsAndObjectiveAreKeptFromRunToRun) {
+    DesktopSession session;
+    session.Start();
+    session.Click("Form1", "Option2");
+    session.Language(forms::Language::English);
+    session.Key("Return");  // the focus went to NEXT
+    session.WaitForWindow("Form2");
+    session.Click("Form2", "Command1");
+    session.GivePath("FolderDialog", session.WorkFolder().string());
+    session.WaitForWindow("Form2");
+    session.Click("Form2", "Option2");
+    session.Click("Form2", "Option5");
+    session.Key("Return");  // the focus went to NEXT
+    session.WaitForWindow("Form5");
+    EXPECT_FALSE(session.IsShown("Form2"));
+    session.Click("Form5", "Command9");
+    EXPECT_EQ(session.WaitForExit(), 0);
+    const std::filesystem::path settings = session.ProgramFolder() / "zirvo_sv.ini";
+    EXPECT_EQ(BytesOf(settings), session.WorkFolder().string() + "\r\n 2 \r\n 2 \r\n");
+
+    session.Start();
+    session.Key("Down");  // English
+    session.Key("Return");
+    session.WaitForWindow("Form2");
+    session.Key("Return");  // restored, so that NEXT is enabled and has the focus
+    session.WaitForWindow("Form5");
+    EXPECT_TRUE(session.IsRunning());
+}
+
+TEST(FirstScreens, TheFolderDialogThatIsCancelledChangesNothing) {
+    DesktopSession session;
+    session.Start();
+    session.Key("space");
+    session.Language(forms::Language::Japanese);
+    session.Key("Return");
+    session.WaitForWindow("Form2");
+    const QImage before = session.Picture("Form2", "Label2");
+    session.Click("Form2", "Command1");
+    session.WaitForWindow("FolderDialog");
+    session.Key("Escape");
+    session.WaitForNoWindow("FolderDialog");
+    session.WaitForWindow("Form2");
+    EXPECT_EQ(session.Picture("Form2", "Label2"), before);
+    session.Click("Form2", "Command3");
+    EXPECT_EQ(session.WaitForExit(), 0);
+    EXPECT_FALSE(std::filesystem::exists(session.ProgramFolder() / "zirvo_sv.ini"));
+}
+
+TEST(FirstScreens, SettingsThatAreTooShortEndInTheFaultBoxWithStatusOne) {
+    DesktopSession session;
+    std::ofstream(session.ProgramFolder() / "zirvo_sv.ini") << session.WorkFolder().string() << "\r\n";
+    session.Start();
+    session.Key("Down");
+    session.Key("Return");
+    session.WaitForWindow("MessageBox");
+    EXPECT_EQ(session.TitleOf("MessageBox"), "ZIRVO Ver2.3");
+    session.Key("Return");
+    EXPECT_EQ(session.WaitForExit(), 1);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
+#include <algorithm>
 #include <cstring>
 #include <stdexcept>
 
@@ -12,6 +13,9 @@ namespace zirvo::window_tests {
 
 struct XDisplay::Handle {
     ::Display* Connection = nullptr;
+    Window Probe = None;
+    int TimesAsked = 0;
+    bool Managed = false;
 
     Atom Named(const char* name) const { return XInternAtom(Connection, name, False); }
     Window Root() const { return DefaultRootWindow(Connection); }
@@ -63,8 +67,24 @@ XDisplay::~XDisplay() {
     delete handle_;
 }
 
-bool XDisplay::HasWindowManager() const {
-    return !handle_->List(handle_->Root(), "_NET_SUPPORTING_WM_CHECK").empty();
+bool XDisplay::HasWindowManager() {
+    constexpr int timesForOneWindow = 20;
+    const std::vector<Window> managed = handle_->List(handle_->Root(), "_NET_CLIENT_LIST");
+    if (handle_->Managed) {
+        return managed.empty();  // the probe is gone from everywhere
+    }
+    if (handle_->Probe != None && std::find(managed.begin(), managed.end(), handle_->Probe) != managed.end()) {
+        handle_->Managed = true;
+        XDestroyWindow(handle_->Connection, handle_->Probe);
+    } else if (handle_->TimesAsked++ % timesForOneWindow == 0) {
+        if (handle_->Probe != None) {
+            XDestroyWindow(handle_->Connection, handle_->Probe);
+        }
+        handle_->Probe = XCreateSimpleWindow(handle_->Connection, handle_->Root(), 0, 0, 10, 10, 0, 0, 0);
+        XMapWindow(handle_->Connection, handle_->Probe);
+    }
+    XFlush(handle_->Connection);
+    return false;
 }
 
 std::vector<ShownWindow> XDisplay::Windows() const {

@@ -23,7 +23,9 @@ public:
     XDisplay(const XDisplay&) = delete;
     XDisplay& operator=(const XDisplay&) = delete;
 
-    bool HasWindowManager() const;
+    /// Whether windows are managed. A window manager that is only just starting loses the first ones: a small window of
+    /// our own is put before it, again and again, until it has taken it. To be asked until it says so.
+    bool HasWindowManager();
     /// Windows of programs that are on the screen.
     std::vector<ShownWindow> Windows() const;
     std::optional<ShownWindow> Find(const std::string& role) const;
