@@ -183,7 +183,7 @@ void DesktopSession::Click(const std::string& form, const std::string& control) 
 
 void DesktopSession::ClickAt(const std::string& form, const std::string& control, QPoint at, int clicks) {
     const QPoint point = OnScreen(form, control).topLeft() + at;
-    Tool({"xdotool", "mousemove", "--sync", std::to_string(point.x()), std::to_string(point.y()), "click", "--repeat",
+    Tool({"xdotool", "mousemove", std::to_string(point.x()), std::to_string(point.y()), "click", "--repeat",
           std::to_string(clicks), "--delay", "60", "1"});
 }
 

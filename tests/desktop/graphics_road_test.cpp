@@ -2,6 +2,7 @@
 // and its picture saved, which is the one that the batch tool draws.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -58,9 +59,24 @@ protected:
         act();
         session_.WaitUntilItChanges("Form6", "Picture1", before);
     }
+    std::filesystem::path SaveByClick(const std::string& name) {
+        session_.Click("Form6", "Command7");
+        return Save(name);
+    }
+    /// With the focus as many stops before (or behind) SAVE PICTURE.
+    std::filesystem::path SaveByKeys(const std::string& name, int stops) {
+        PressTab(stops);
+        session_.Key("Return");
+        return Save(name);
+    }
+    /// Forwards, or backwards for a number below 0.
+    void PressTab(int times) {
+        for (int i = 0; i < std::abs(times); ++i) {
+            session_.Key(times < 0 ? "shift+Tab" : "Tab");
+        }
+    }
     std::filesystem::path Save(const std::string& name) {
         const std::filesystem::path file = session_.WorkFolder() / name;
-        session_.Click("Form6", "Command7");
         session_.GivePath("FileDialog", file.string());
         session_.WaitFor(name, [&] { return std::filesystem::exists(file); });
         session_.WaitForWindow("Form6");
@@ -109,7 +125,7 @@ TEST_F(GraphicsRoad, APavementTypedInBecomesTheMapThatTheBatchToolDraws) {
     Draw([this] { session_.Click("Form6", "Command10"); });
     session_.Click("Form6", "Check1(1)");
     Draw([this] { session_.Click("Form6", "Command5"); });
-    EXPECT_EQ(BytesOf(Save("xz.bmp")),
+    EXPECT_EQ(BytesOf(SaveByClick("xz.bmp")),
               BatchMap({"--section", "xz", "--position", "0", "--component", "EPSz", "--items", "fill,lines,legend"}));
 
     // The probe's marks stay while a box stands before the map, and are saved with it.
@@ -120,7 +136,7 @@ TEST_F(GraphicsRoad, APavementTypedInBecomesTheMapThatTheBatchToolDraws) {
     session_.AnswerBox(1);  // Cancel
     session_.WaitForWindow("Form6");
     session_.WaitFor("the map as it was", [&] { return session_.Picture("Form6", "Picture1") == marked; });
-    EXPECT_EQ(QImage(QString::fromStdString(Save("marked.bmp").string())).convertToFormat(QImage::Format_RGB32),
+    EXPECT_EQ(QImage(QString::fromStdString(SaveByClick("marked.bmp").string())).convertToFormat(QImage::Format_RGB32),
               marked.convertToFormat(QImage::Format_RGB32));
 
     // A narrowed range: typed over the maximum, then RE-DRAW.
@@ -138,10 +154,7 @@ TEST_F(GraphicsRoad, APavementTypedInBecomesTheMapThatTheBatchToolDraws) {
 TEST_F(GraphicsRoad, TheWholeRoadGoesByKeysAlone) {
     GoToTheDataScreen(forms::Language::Japanese);
     TypeThePavement();
-    session_.Key("Tab");  // the name of the file
-    for (int i = 0; i < 3; ++i) {
-        session_.Key("Tab");  // PREVIOUS, CLEAR FORM, DATA OK!
-    }
+    PressTab(4);  // the name of the file, PREVIOUS, CLEAR FORM, DATA OK!
     session_.Key("Return");
     session_.Key("Return");
     session_.WaitFor("the file", [this] { return std::filesystem::exists(session_.WorkFolder() / "Untitled.ven"); });
@@ -159,21 +172,18 @@ TEST_F(GraphicsRoad, TheWholeRoadGoesByKeysAlone) {
     session_.AnswerBox(0);
     session_.WaitForWindow("Form6");
     session_.WaitUntilItChanges("Form6", "Picture1", empty);
-    EXPECT_EQ(BytesOf(Save("xy.bmp")),
+    EXPECT_EQ(BytesOf(SaveByKeys("xy.bmp", -5)),
               BatchMap({"--section", "xy", "--position", "5", "--layer", "2", "--component", "EPSx"}));
 
-    // From SAVE PICTURE back to the lines, and to RE-DRAW in front of them.
-    for (int i = 0; i < 6; ++i) {
-        session_.Key("shift+Tab");  // HELP, PREVIOUS, results, points, legend, lines
-    }
+    // From SAVE PICTURE back to the lines, and to RE-DRAW before them.
+    PressTab(-6);  // HELP, PREVIOUS, results, points, legend, lines
     session_.Key("space");
-    session_.Key("shift+Tab");
-    session_.Key("shift+Tab");
+    PressTab(-2);
     Draw([this] { session_.Key("Return"); });
-    EXPECT_EQ(BytesOf(Save("lines.bmp")), BatchMap({"--section", "xy", "--position", "5", "--layer", "2", "--component",
-                                                    "EPSx", "--items", "fill,lines,legend"}));
-    session_.Key("Tab");
-    session_.Key("Tab");
+    // RE-DRAW is disabled now, and the fill behind it has the focus.
+    EXPECT_EQ(BytesOf(SaveByKeys("lines.bmp", 7)), BatchMap({"--section", "xy", "--position", "5", "--layer", "2",
+                                                             "--component", "EPSx", "--items", "fill,lines,legend"}));
+    PressTab(2);
     session_.Key("Return");  // QUIT
     session_.AnswerBox();
     EXPECT_EQ(session_.WaitForExit(), 0);
