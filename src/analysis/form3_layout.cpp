@@ -16,10 +16,10 @@ void Place(forms::Control& control, double left, double top, double width, doubl
 
 /// A count: its name, its value, and the bar under both, in one column of the frame.
 void PlaceCount(double left, forms::Label& name, forms::Label& value, forms::VScrollBar& bar) {
-    constexpr double width = 70;  // of the column
+    constexpr double width = 74;  // of the column
     Place(name, left, 20, width, 16);
     Place(value, left + 7, 38, width - 14, 18);
-    Place(bar, left + 23, 60, 24, 72);
+    Place(bar, left + 25, 60, 24, 72);
     name.Align = forms::Alignment::Center;
     value.Align = forms::Alignment::Center;
     value.BackColor = 0xFFFFFF;
@@ -47,15 +47,15 @@ void Form3::LayOut() {
 
 void Form3::LayOutData() {
     Place(Label1, 8, 8, 766, 18);
-    Place(Frame1, 8, 30, 138, 140);
-    Place(Option1, 10, 24, 122, 22);
-    Place(Option2, 10, 54, 122, 22);
-    Place(Command1, 10, 96, 118, 30);
+    Place(Frame1, 8, 30, 130, 140);
+    Place(Option1, 10, 24, 114, 22);
+    Place(Option2, 10, 54, 114, 22);
+    Place(Command1, 10, 96, 110, 30);
 
-    Place(Frame2, 154, 30, 222, 140);
-    PlaceCount(6, Label2, Label7, VScroll1);
-    PlaceCount(76, Label3, Label8, VScroll2);
-    PlaceCount(146, Label4, Label9, VScroll3);
+    Place(Frame2, 146, 30, 230, 140);
+    PlaceCount(4, Label2, Label7, VScroll1);
+    PlaceCount(78, Label3, Label8, VScroll2);
+    PlaceCount(152, Label4, Label9, VScroll3);
     VScroll1.Min = MaximumLayers;
     VScroll2.Min = MaximumLoads;
     VScroll3.Min = MaximumPoints;
