@@ -1,5 +1,6 @@
 // The desktop program: it takes no arguments, begins with the language screen and lives until a screen ends it.
 #include <QApplication>
+#include <QPalette>
 #include <QStyleFactory>
 #include <memory>
 
@@ -22,6 +23,16 @@ namespace {
 template <class Screen>
 void Register(forms::Application& application) {
     application.Register(Screen::FormName, [](forms::Application& owner) { return std::make_unique<Screen>(owner); });
+}
+
+/// The style's own colours with darker words on what is disabled: data that waits for its run, and the note while the
+/// solver works, are there to be read.
+QPalette ReadablePalette() {
+    QPalette palette = QApplication::palette();
+    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x60, 0x60, 0x60));
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0x80, 0x80, 0x80));
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0x80, 0x80, 0x80));
+    return palette;
 }
 
 int Run() {
@@ -58,5 +69,6 @@ int main(int /*argc*/, char** argv) {
     QApplication::setApplicationDisplayName(QString());
     QApplication::setQuitOnLastWindowClosed(false);  // between two screens there is none
     QApplication::setFont(zirvo::widgets::ScreenFont({}));
+    QApplication::setPalette(zirvo::ReadablePalette());
     return zirvo::Run();
 }
