@@ -102,11 +102,7 @@ void Form5::Form_Load() {
 
     Option1.Value = false;
     Option2.Value = false;
-    Command1.Enabled = false;
-    Command4.Enabled = false;
-    Command5.Enabled = false;
-    Command6.Enabled = false;
-    Command7.Enabled = false;
+    DisableSteps();
     Text3.Enabled = false;
     ClearCounts();
     Text3.Text = "";
@@ -208,9 +204,7 @@ void Form5::FillGrids(const GraphicsInputData& data) {
 }
 
 void Form5::ChooseViewOnly() {
-    Option1.Enabled = false;
-    Option2.Enabled = false;
-    Command1.Enabled = false;
+    DisableSource();
     Command7.Enabled = true;
     Command7.SetFocus();
     EnableGrids(false);
@@ -218,9 +212,7 @@ void Form5::ChooseViewOnly() {
 }
 
 void Form5::ChooseUpdate() {
-    Option1.Enabled = false;
-    Option2.Enabled = false;
-    Command1.Enabled = false;
+    DisableSource();
     Command3.Enabled = true;
     Command4.Enabled = true;
     Command5.Enabled = true;
@@ -240,11 +232,7 @@ void Form5::Command4_Click() {  // CLEAR FORM
     Option2.Enabled = true;
     Option1.Value = false;
     Option2.Value = false;
-    Command1.Enabled = false;
-    Command4.Enabled = false;
-    Command5.Enabled = false;
-    Command6.Enabled = false;
-    Command7.Enabled = false;
+    DisableSteps();
     ClearCounts();
     Text3.Text = "";
     Text3.Enabled = false;
@@ -263,9 +251,7 @@ void Form5::Command5_Click() {  // DATA OK!
         return;
     }
     Text3.Text = NormaliseFileName(Text3.Text.Get(), ".ven");
-    Option1.Enabled = false;
-    Option2.Enabled = false;
-    Command1.Enabled = false;
+    DisableSource();
     Command5.Enabled = false;
     Command6.Enabled = true;
     Command6.SetFocus();
@@ -398,6 +384,20 @@ void Form5::ReturnToEditing() {
 void Form5::ReturnAsItWas() {
     EnableGrids(false);
     Text3.Enabled = false;
+}
+
+/// All that follows the choice where the data come from.
+void Form5::DisableSteps() {
+    for (forms::CommandButton* button : {&Command1, &Command4, &Command5, &Command6, &Command7}) {
+        button->Enabled = false;
+    }
+}
+
+/// That choice itself: the data are there.
+void Form5::DisableSource() {
+    Option1.Enabled = false;
+    Option2.Enabled = false;
+    Command1.Enabled = false;
 }
 
 void Form5::ClearCounts() {

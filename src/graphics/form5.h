@@ -86,6 +86,8 @@ private:
     void BindEvents();
     void LayOut();
     void SetCaptions();
+    void DisableSteps();
+    void DisableSource();
     void ClearCounts();
     void ClearHeadings();
     void SetHeadings();

@@ -148,21 +148,25 @@ void Form6::ReturnToSectionChoice(bool sectionsEnabled) {
     Option3.Value = false;
     Option4.Value = false;
     Option5.Value = false;
-    EmptyReadOuts();
     Label16.Visible = false;
     Label19.Visible = false;
     Label22.Visible = false;
+    DropMap();
+    Option3.Enabled = sectionsEnabled;
+    Option4.Enabled = sectionsEnabled;
+    Command1.Enabled = false;
+    Command10.Enabled = false;
+}
+
+/// All that is there for the sake of a map: read-outs, data, items as after the load, and the buttons that work on it.
+void Form6::DropMap() {
+    EmptyReadOuts();
     DataReady = false;
     ContourLineCount = 20;
     Text14.Text = "20";
     ResetItems();
-
-    Option3.Enabled = sectionsEnabled;
-    Option4.Enabled = sectionsEnabled;
     DisableRangeBoxes();
     EnableItems(false);
-    Command1.Enabled = false;
-    Command10.Enabled = false;
     Command5.Enabled = false;
     Command6.Enabled = false;
     Command7.Enabled = false;
@@ -268,17 +272,7 @@ void Form6::PositionChanged(forms::CommandButton& start) {
     start.Enabled = true;
     start.Default = true;
     ClearPicture();
-    DisableRangeBoxes();
-    EnableItems(false);
-    EmptyReadOuts();
-    DataReady = false;
-    ContourLineCount = 20;
-    Text14.Text = "20";
-    ResetItems();
-    Command6.Enabled = false;
-    Command7.Enabled = false;
-    Command8.Enabled = false;
-    Command5.Enabled = false;
+    DropMap();
 }
 
 void Form6::Command2_Click() {  // PREVIOUS

@@ -133,6 +133,7 @@ private:
     void MakePicture();
 
     void ClearPicture();
+    void DropMap();
     void ResetItems();
     void EnableItems(bool enabled);
     void DisableRangeBoxes();
