@@ -238,7 +238,7 @@ TEST_F(Unload, AFormThatUnloadsItselfLivesOnUntilTheOutermostHandlerHasEnded) {
     EXPECT_EQ(desktop.Log, (Lines{"show Plain", "hide Plain", "gone Plain"}));
 }
 
-TEST_F(Unload, AFormMayUnloadItselfInAKeyInAFocusEventAndAsksOnce) {
+TEST_F(Unload, AFormMayUnloadItselfInAKeyOrInAFocusEventAndAsksOnce) {
     app.Show("Plain");
     LoggedForm& form = Form1();
     form.Command1.KeyDown = [&form](int&) {
@@ -253,6 +253,20 @@ TEST_F(Unload, AFormMayUnloadItselfInAKeyInAFocusEventAndAsksOnce) {
     app.Show("Plain");
     EXPECT_EQ(app.Find("Plain"), nullptr);
     EXPECT_EQ(log.Lines.back(), "destroyed");
+}
+
+TEST_F(Unload, FocusEventsThatWaitForAFormThatIsGoneAreDropped) {
+    app.Show("Plain");
+    LoggedForm& form = Form1();
+    TextBox& box = form.Controls.Add("box", nullptr);
+    box.Visible = true;
+    box.GotFocus = [this] { log.Note("got box"); };
+    form.Command1.LostFocus = [this] { log.Note("lost Command1"); };
+    app.Dispatch([&] {
+        box.SetFocus();
+        form.Unload();
+    });
+    EXPECT_EQ(log.Lines, (Lines{"made", "load", "query code", "unload", "destroyed"}));
 }
 
 TEST_F(Unload, TheNextLoadMakesAnotherForm) {
