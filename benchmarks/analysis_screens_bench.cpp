@@ -15,9 +15,9 @@
 #include "analysis/form3.h"
 #include "analysis/form4.h"
 #include "analysis/solver_run.h"
+#include "answering_desktop.h"
 #include "forms/key_stroke.h"
 #include "platform/files.h"
-#include "qt/widgets/qt_desktop.h"
 #include "qt/widgets/screen_fonts.h"
 #include "shell/catalogue.h"
 #include "shell/form1.h"
@@ -25,38 +25,6 @@
 
 namespace zirvo {
 namespace {
-
-/// The real windows; boxes are answered with Yes, the file dialog with one path.
-class AnsweringDesktop : public forms::Desktop {
-public:
-    std::string Path;
-
-    forms::Answer Show(const forms::Message&) override { return forms::Answer::Yes; }
-    std::optional<std::string> Open(const forms::FileDialog&) override { return Path; }
-    std::optional<std::string> Save(const forms::FileDialog&) override { return std::nullopt; }
-    std::optional<std::string> ChooseFolder(forms::Form&, const std::string&, const std::string&,
-                                            forms::Language) override {
-        return std::nullopt;
-    }
-    bool ShowHelp(forms::Form&, const std::string&) override { return false; }
-    forms::ScreenSize Screen() const override { return windows_.Screen(); }
-    float TextWidth(const forms::FontSpec& font, std::string_view text) const override {
-        return windows_.TextWidth(font, text);
-    }
-    float TextHeight(const forms::FontSpec& font, std::string_view text) const override {
-        return windows_.TextHeight(font, text);
-    }
-    void ShowForm(forms::Form& form) override { windows_.ShowForm(form); }
-    void HideForm(forms::Form& form) override { windows_.HideForm(form); }
-    void FormGone(forms::Form& form) override { windows_.FormGone(form); }
-    void PaintNow(forms::Form& form) override { windows_.PaintNow(form); }
-    void DiscardInput() override { windows_.DiscardInput(); }
-    void EndProgram(int status) override { std::exit(status); }  // a fault: nothing to measure any more
-    void Release() { windows_.ReleaseForms(); }
-
-private:
-    widgets::QtDesktop windows_;
-};
 
 /// 3 layers, 2 loads, and points on 100 verticals of 100 depths each.
 PavementModel LargestModel() {
@@ -134,7 +102,7 @@ public:
 private:
     std::filesystem::path folder_;
     std::unique_ptr<ProcessService> processes_ = MakeProcessService();
-    AnsweringDesktop desktop_;
+    bench::AnsweringDesktop desktop_;
 
 public:
     forms::Application App{desktop_};
