@@ -144,6 +144,15 @@ TEST_F(Screens, SearchThatIsCancelledKeepsTheFolder) {
     EXPECT_EQ(UsableControls(form), FolderState);
 }
 
+// A browser may also give a place that is no folder of the file system, and so has no path.
+TEST_F(Screens, SearchThatGivesNoPathEmptiesTheFolderAndEnablesNothing) {
+    Form2& form = StartSettings();
+    Desktop.Paths = {""};
+    form.Command1.UserClick();
+    EXPECT_EQ(form.Label2.Caption, "");
+    EXPECT_EQ(UsableControls(form), EmptyState);
+}
+
 TEST_F(Screens, SettingsOfTheLastRunAreRestored) {
     for (int unit = 1; unit <= 3; ++unit) {
         for (int objective = 1; objective <= 2; ++objective) {
