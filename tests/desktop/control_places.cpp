@@ -4,6 +4,8 @@
 #include <memory>
 #include <stdexcept>
 
+#include "analysis/form3.h"
+#include "analysis/form4.h"
 #include "contour/recording_surface.h"
 #include "graphics/form5.h"
 #include "graphics/form6.h"
@@ -36,6 +38,10 @@ ControlPlaces::ControlPlaces(QSize screen, const std::string& programFolder) {
     application_.Register(Form2::FormName, [programFolder](forms::Application& owner) {
         return std::make_unique<Form2>(owner, programFolder);
     });
+    application_.Register(Form3::FormName, [this, programFolder](forms::Application& owner) {
+        return std::make_unique<Form3>(owner, *processes_, programFolder);
+    });
+    application_.Register(Form4::FormName, [](forms::Application& owner) { return std::make_unique<Form4>(owner); });
     application_.Register(Form5::FormName, [](forms::Application& owner) { return std::make_unique<Form5>(owner); });
     application_.Register(Form6::FormName, [](forms::Application& owner) {
         return std::make_unique<Form6>(

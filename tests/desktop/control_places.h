@@ -4,10 +4,12 @@
 #include <QPoint>
 #include <QRect>
 #include <QSize>
+#include <memory>
 #include <string>
 
 #include "forms/application.h"
 #include "forms/scripted_desktop.h"
+#include "platform/process.h"
 
 namespace zirvo::window_tests {
 
@@ -23,6 +25,7 @@ public:
     QRect PlaceOf(const std::string& form, const std::string& control);
 
 private:
+    std::unique_ptr<ProcessService> processes_ = MakeProcessService();  // never asked for one
     forms::ScriptedDesktop desktop_;
     forms::Application application_{desktop_};
 };
