@@ -5,27 +5,11 @@
 // and the buttons in the order in which they are pressed. The vertical edges of the frames meet in all rows. Fonts do
 // not grow with the screen, so the grids are wide enough for their headings at 1024 by 768 in both languages.
 #include "analysis/form3.h"
+#include "shell/data_screen.h"
 #include "shell/layout.h"
 
 namespace zirvo {
 namespace {
-
-void Place(forms::Control& control, double left, double top, double width, double height) {
-    control.Move(Pixels(left), Pixels(top), Pixels(width), Pixels(height));
-}
-
-/// A count: its name, its value, and the bar under both, in one column of the frame.
-void PlaceCount(double left, forms::Label& name, forms::Label& value, forms::VScrollBar& bar) {
-    constexpr double width = 74;  // of the column
-    Place(name, left, 20, width, 16);
-    Place(value, left + 7, 38, width - 14, 18);
-    Place(bar, left + 25, 60, 24, 72);
-    name.Align = forms::Alignment::Center;
-    value.Align = forms::Alignment::Center;
-    value.BackColor = 0xFFFFFF;
-    bar.Max = 0;
-    bar.Enabled = false;
-}
 
 /// A file name: its label, and the box under it across the frame.
 void PlaceName(double top, forms::Label& label, forms::TextBox& box) {
@@ -53,12 +37,11 @@ void Form3::LayOutData() {
     Place(Command1, 10, 96, 110, 30);
 
     Place(Frame2, 146, 30, 230, 140);
-    PlaceCount(4, Label2, Label7, VScroll1);
-    PlaceCount(78, Label3, Label8, VScroll2);
-    PlaceCount(152, Label4, Label9, VScroll3);
-    VScroll1.Min = MaximumLayers;
-    VScroll2.Min = MaximumLoads;
-    VScroll3.Min = MaximumPoints;
+    constexpr double top = 20;
+    constexpr double bar = 72;
+    PlaceCount(4, top, bar, MaximumLayers, Label2, Label7, VScroll1);
+    PlaceCount(4 + CountColumnWidth, top, bar, MaximumLoads, Label3, Label8, VScroll2);
+    PlaceCount(4 + 2 * CountColumnWidth, top, bar, MaximumPoints, Label4, Label9, VScroll3);
 }
 
 void Form3::LayOutGrids() {
@@ -83,12 +66,9 @@ void Form3::LayOutFilesAndButtons() {
     PlaceName(75, Label6, Text8);
     PlaceName(126, Label10, Text1);
     Place(Text9, 384, 493, 390, 26);
+    Text9.Font = {.Size = 12, .Bold = true};
 
-    double left = 8;
-    for (forms::CommandButton* button : {&Command3, &Command4, &Command5, &Command6, &Command7, &Command8, &Command9}) {
-        Place(*button, left, 527, 102, 30);
-        left += button == &Command7 ? 114 : 110;  // HELP and QUIT stand apart from the work
-    }
+    PlaceButtonRow({&Command3, &Command4, &Command5, &Command6, &Command7, &Command8, &Command9});
 }
 
 void Form3::BindEvents() {
