@@ -49,10 +49,25 @@ bool GridBinding::Commit(const QString& text) {
 
 void GridBinding::ShowState() {
     shown_.ShowAll();
+    shown_.setAccessibleDescription(CurrentCellInWords());
+}
+
+/// What a screen reader says of the grid: the headings of the current cell, and its text.
+QString GridBinding::CurrentCellInWords() const {
+    const int row = grid_.Row;
+    const int col = grid_.Col;
+    if (row < grid_.FixedRows || col < grid_.FixedCols || grid_.FixedRows < 1 || grid_.FixedCols < 1) {
+        return {};
+    }
+    return QStringLiteral("%1, %2: %3")
+        .arg(ToQt(grid_.TextMatrix(row, 0)), ToQt(grid_.TextMatrix(0, col)), ToQt(grid_.TextMatrix(row, col)));
 }
 
 void GridBinding::Follower::CellChanged(int row, int col) {
     binding_.shown_.ShowCell(row, col);
+    if (row == binding_.grid_.Row.Get() && col == binding_.grid_.Col.Get()) {
+        binding_.shown_.setAccessibleDescription(binding_.CurrentCellInWords());
+    }
 }
 
 void GridBinding::Follower::RowsChanged() {

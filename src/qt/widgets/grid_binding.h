@@ -67,6 +67,8 @@ protected:
     forms::ControlView& View() override { return view_; }
 
 private:
+    QString CurrentCellInWords() const;
+
     class Follower final : public forms::GridView {
     public:
         explicit Follower(GridBinding& binding) : binding_(binding) {}

@@ -210,6 +210,16 @@ TEST_F(Grid, AnInputMethodReachesTheKeyEventsOfTheCell) {
     EXPECT_EQ(std::count(Form().Log.begin(), Form().Log.end(), "MSFlexGrid1 KeyPress 65301"), 1);
 }
 
+TEST_F(Grid, TellsItsCurrentCellToAScreenReader) {
+    Model().SetTextMatrix(0, 1, "MODULUS");
+    Model().SetTextMatrix(1, 0, "LAYER 1");
+    Model().Row = 2;
+    Model().Row = 1;
+    EXPECT_EQ(Shown().accessibleDescription(), "LAYER 1, MODULUS: 12.5");
+    Model().SetTextMatrix(1, 1, "13");
+    EXPECT_EQ(Shown().accessibleDescription(), "LAYER 1, MODULUS: 13");
+}
+
 TEST_F(Grid, TenThousandRowsArePaintedAsFastAsTen) {
     Fill(10000);
     Model().SetColWidth(0, 1800);
