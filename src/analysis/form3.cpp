@@ -8,6 +8,7 @@
 #include "grid/grid_sizing.h"
 #include "platform/files.h"
 #include "shell/catalogue.h"
+#include "shell/data_screen.h"
 #include "shell/file_helpers.h"
 #include "shell/form2.h"
 #include "shell/layout.h"
@@ -16,21 +17,6 @@
 #include "shell/version_stamp.h"
 
 namespace zirvo {
-namespace {
-
-/// The data cells of a grid, by row; entry 0 stands for the headings and is empty.
-template <std::size_t Columns>
-std::vector<std::array<std::string, Columns>> CellsOf(const forms::MSFlexGrid& grid) {
-    std::vector<std::array<std::string, Columns>> rows(static_cast<std::size_t>(grid.Rows));
-    for (int row = 1; row < grid.Rows; ++row) {
-        for (std::size_t c = 0; c < Columns; ++c) {
-            rows[static_cast<std::size_t>(row)][c] = grid.TextMatrix(row, static_cast<int>(c) + 1);
-        }
-    }
-    return rows;
-}
-
-}  // namespace
 
 Form3::Form3(forms::Application& application, ProcessService& processes, std::string programFolder)
     : Form(application, FormName), processes_(processes), programFolder_(std::move(programFolder)) {

@@ -8,22 +8,12 @@
 #include "base/runtime_fault.h"
 #include "dialogs/common_dialog.h"
 #include "platform/files.h"
+#include "shell/data_screen.h"
 #include "shell/file_helpers.h"
 #include "shell/number_text.h"
 #include "shell/screen_language.h"
 
 namespace zirvo {
-namespace {
-
-/// Fills one row of a grid from column 1 on.
-void FillRow(forms::MSFlexGrid& grid, int row, std::initializer_list<double> values) {
-    int col = 1;
-    for (const double value : values) {
-        grid.SetTextMatrix(row, col++, FormatNumberText(value));
-    }
-}
-
-}  // namespace
 
 // Import ------------------------------------------------------------------------------------------------------------
 

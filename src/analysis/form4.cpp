@@ -19,10 +19,6 @@ namespace {
 /// The reports are laid out in columns, so both fonts have characters of one width.
 constexpr double ReportFontSize = 10;
 
-void Place(forms::Control& control, double left, double top, double width, double height) {
-    control.Move(Pixels(left), Pixels(top), Pixels(width), Pixels(height));
-}
-
 }  // namespace
 
 Form4::Form4(forms::Application& application) : Form(application, FormName) {

@@ -12,6 +12,7 @@
 #include "dialogs/common_dialog.h"
 #include "grid/grid_sizing.h"
 #include "shell/catalogue.h"
+#include "shell/data_screen.h"
 #include "shell/file_helpers.h"
 #include "shell/form2.h"
 #include "shell/layout.h"
@@ -30,28 +31,8 @@ using forms::MSFlexGrid;
 constexpr Int16 TitleStamp = 2;
 constexpr Int16 BoxStamp = 3;
 
-/// The texts of the data rows of a grid; entry 0 stands for the heading row and stays empty.
-template <std::size_t Columns>
-std::vector<std::array<std::string, Columns>> RowTexts(const MSFlexGrid& grid, int count) {
-    std::vector<std::array<std::string, Columns>> rows(static_cast<std::size_t>(count) + 1);
-    for (int row = 1; row <= count; ++row) {
-        for (std::size_t column = 0; column < Columns; ++column) {
-            rows[static_cast<std::size_t>(row)][column] = grid.TextMatrix(row, static_cast<int>(column) + 1);
-        }
-    }
-    return rows;
-}
-
 double CellValue(const MSFlexGrid& grid, int row, int column) {
     return ParseNumberPrefix(grid.TextMatrix(row, column));
-}
-
-/// Writes the numbers of a row from column 1 on.
-template <std::size_t Columns>
-void FillRow(MSFlexGrid& grid, int row, const std::array<double, Columns>& values, std::size_t columns) {
-    for (std::size_t column = 0; column < columns; ++column) {
-        grid.SetTextMatrix(row, static_cast<int>(column) + 1, FormatNumberText(values[column]));
-    }
 }
 
 template <std::size_t Columns>
@@ -189,17 +170,16 @@ bool Form5::TakeFile(const std::string& name) {
 }
 
 void Form5::FillGrids(const GraphicsInputData& data) {
-    for (int i = 1; i <= data.LayerCount; ++i) {
+    for (int i = 1; i < data.LayerCount; ++i) {
         const PavementLayer& layer = data.Layers[i];
-        FillRow<LayerColumns>(MSFlexGrid1, i, {layer.Modulus, layer.PoissonRatio, layer.Thickness, layer.SlipRate},
-                              i == data.LayerCount ? 2 : LayerColumns);
+        FillRow(MSFlexGrid1, i, {layer.Modulus, layer.PoissonRatio, layer.Thickness, layer.SlipRate});
     }
+    const PavementLayer& subgrade = data.Layers[data.LayerCount];
+    FillRow(MSFlexGrid1, data.LayerCount, {subgrade.Modulus, subgrade.PoissonRatio});
     for (int i = 1; i <= data.LoadCount; ++i) {
         const SurfaceLoad& load = data.Loads[i];
-        FillRow<LoadColumns>(
-            MSFlexGrid2, i,
-            {load.VerticalLoad, load.Radius, load.LoadX, load.LoadY, load.HorizontalLoad, load.AngleFromX},
-            LoadColumns);
+        FillRow(MSFlexGrid2, i,
+                {load.VerticalLoad, load.Radius, load.LoadX, load.LoadY, load.HorizontalLoad, load.AngleFromX});
     }
 }
 
@@ -271,11 +251,11 @@ std::optional<Int16> Form5::FailedRule() const {
         return MessageOf(DataRule::FileNames);
     }
     const Int16 layers = CountOf(Label4.Caption.Get());
-    if (!ValidateLayers(RowTexts<LayerColumns>(MSFlexGrid1, layers), layers)) {
+    if (!ValidateLayers(CellsOf<LayerColumns>(MSFlexGrid1), layers)) {
         return MessageOf(DataRule::Layers);
     }
     const Int16 loads = CountOf(Label5.Caption.Get());
-    if (!ValidateLoads(RowTexts<LoadColumns>(MSFlexGrid2, loads), loads)) {
+    if (!ValidateLoads(CellsOf<LoadColumns>(MSFlexGrid2), loads)) {
         return MessageOf(DataRule::Loads);
     }
     return {};

@@ -4,29 +4,10 @@
 // data, counts and layers in the first row of frames, the loads across the second, then the name of the file, and the
 // buttons in the order in which they are pressed.
 #include "graphics/form5.h"
+#include "shell/data_screen.h"
 #include "shell/layout.h"
 
 namespace zirvo {
-namespace {
-
-void Place(forms::Control& control, double left, double top, double width, double height) {
-    control.Move(Pixels(left), Pixels(top), Pixels(width), Pixels(height));
-}
-
-/// A count: its name, its value, and the bar under both, in one column of the frame.
-void PlaceCount(double left, forms::Label& name, forms::Label& value, forms::VScrollBar& bar) {
-    constexpr double width = 70;  // of the column
-    Place(name, left, 22, width, 16);
-    Place(value, left + 7, 42, width - 14, 18);
-    Place(bar, left + 23, 66, 24, 100);
-    name.Align = forms::Alignment::Center;
-    value.Align = forms::Alignment::Center;
-    value.BackColor = 0xFFFFFF;
-    bar.Max = 0;
-    bar.Enabled = false;
-}
-
-}  // namespace
 
 void Form5::LayOut() {
     Left = 210;
@@ -34,16 +15,14 @@ void Form5::LayOut() {
     Width = 11730;
     Height = 8505;
     Place(Label1, 8, 8, 766, 18);
-    Place(Frame1, 8, 30, 138, 180);
-    Place(Option1, 10, 26, 122, 22);
-    Place(Option2, 10, 60, 122, 22);
-    Place(Command1, 10, 104, 118, 30);
+    Place(Frame1, 8, 30, 130, 180);
+    Place(Option1, 10, 26, 114, 22);
+    Place(Option2, 10, 60, 114, 22);
+    Place(Command1, 10, 104, 110, 30);
 
-    Place(Frame2, 154, 30, 152, 180);
-    PlaceCount(6, Label2, Label4, VScroll1);
-    PlaceCount(76, Label3, Label5, VScroll2);
-    VScroll1.Min = MaximumLayers;
-    VScroll2.Min = MaximumLoads;
+    Place(Frame2, 146, 30, 160, 180);
+    PlaceCount(6, 24, 104, MaximumLayers, Label2, Label4, VScroll1);
+    PlaceCount(6 + CountColumnWidth, 24, 104, MaximumLoads, Label3, Label5, VScroll2);
 
     Place(Frame3, 314, 30, 460, 180);
     Place(MSFlexGrid1, 8, 20, 444, 152);
@@ -60,11 +39,7 @@ void Form5::LayOut() {
     Place(Frame5, 8, 456, 390, 54);
     Place(Text3, 12, 20, 366, 24);
 
-    double left = 8;
-    for (forms::CommandButton* button : {&Command3, &Command4, &Command5, &Command6, &Command7, &Command8, &Command9}) {
-        Place(*button, left, 527, 102, 30);
-        left += button == &Command7 ? 114 : 110;  // HELP and QUIT stand apart from the work
-    }
+    PlaceButtonRow({&Command3, &Command4, &Command5, &Command6, &Command7, &Command8, &Command9});
 }
 
 void Form5::SetCaptions() {

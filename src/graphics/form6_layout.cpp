@@ -4,14 +4,6 @@
 #include "shell/layout.h"
 
 namespace zirvo {
-namespace {
-
-/// Place and size at design [logical pixels], from the corner of the container.
-void Place(forms::Control& control, double x, double y, double width, double height) {
-    control.Move(Pixels(x), Pixels(y), Pixels(width), Pixels(height));
-}
-
-}  // namespace
 
 void Form6::LayOut() {
     Left = 210;

@@ -11,6 +11,11 @@ constexpr double Pixels(double pixels) {
     return 15 * pixels;
 }
 
+/// Puts a control somewhere in its container, all four in logical pixels.
+inline void Place(forms::Control& control, double left, double top, double width, double height) {
+    control.Move(Pixels(left), Pixels(top), Pixels(width), Pixels(height));
+}
+
 /// Takes away what would close the window by its frame: a screen is left by its buttons only.
 void TrimSystemMenu(forms::Form& form);
 
