@@ -66,7 +66,7 @@ void Form3::LayOutFilesAndButtons() {
     PlaceName(75, Label6, Text8);
     PlaceName(126, Label10, Text1);
     Place(Text9, 384, 493, 390, 26);
-    Text9.Font = forms::FontSpec{.Size = 12, .Bold = true};
+    Text9.Font = forms::FontSpec{.Name = {}, .Size = 12, .Bold = true};
 
     PlaceButtonRow({&Command3, &Command4, &Command5, &Command6, &Command7, &Command8, &Command9});
 }
