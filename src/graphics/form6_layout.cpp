@@ -38,6 +38,7 @@ void Form6::LayOut() {
     Place(Command10, X, 167, Across, 22);
     Place(Label24, X, 191, Across, 14);
     Label24.Align = forms::Alignment::Center;
+    Label24.Font = forms::FontSpec{.Name = {}, .Size = 10, .Bold = true};
 
     Place(Frame2, X, 207, Across, 94);
     constexpr double Names = 8;
