@@ -153,7 +153,11 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     }
     switch (event->type()) {
         case QEvent::KeyPress:
-            return Key(static_cast<QKeyEvent&>(*event), BindingAt(watched));
+            if (passing_) {
+                return false;
+            }
+            Key(static_cast<QKeyEvent&>(*event), watched);
+            return true;
         case QEvent::InputMethod:
             return InputMethod(static_cast<QInputMethodEvent&>(*event), BindingAt(watched));
         case QEvent::MouseButtonPress:
@@ -175,35 +179,37 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
 bool FormWindow::event(QEvent* event) {
     // The window itself has the keys while no control does.
     if (event->type() == QEvent::KeyPress && !retired_) {
-        Key(static_cast<QKeyEvent&>(*event), nullptr);
+        if (!passing_) {
+            Key(static_cast<QKeyEvent&>(*event), nullptr);
+        }
         return true;
     }
     return QWidget::event(event);
 }
 
-/// True if the stroke is used up.
-bool FormWindow::Key(const QKeyEvent& event, ControlBinding* at) {
+/// The form sees the stroke, and what it leaves goes to the widget that edits: to that alone, since Qt hands what a
+/// widget makes nothing of on to the widgets around it, where it would come by here as another stroke.
+void FormWindow::Key(const QKeyEvent& event, QObject* receiver) {
     if (IsBusy()) {
-        return true;
-    }
-    if (passing_) {
-        return false;
+        return;
     }
     const forms::Control* before = form_.ActiveControl();
     ControlBinding* active = BindingOf(before);
     const QPointer<QWidget> widget = active == nullptr ? nullptr : &active->Widget();
+    const QPointer<QObject> alive = receiver;
     const bool used = form_.UserKey(StrokeOfEvent(event));
-    const bool goesOn = !used && !widget.isNull() && active == BindingOf(before) && active->EditsText() && !IsBusy();
-    if (goesOn && at != active) {
-        // Qt's focus had been taken by the disabling of a widget.
-        FocusMoved();
-        passing_ = true;
-        const std::unique_ptr<QKeyEvent> copy(event.clone());
-        QCoreApplication::sendEvent(widget, copy.get());
-        passing_ = false;
-        return true;
+    if (used || widget.isNull() || active != BindingOf(before) || !active->EditsText() || IsBusy()) {
+        return;
     }
-    return !goesOn;
+    QObject* target = alive;
+    if (BindingAt(target) != active) {
+        FocusMoved();  // Qt's focus had been taken by the disabling of a widget
+        target = widget;
+    }
+    passing_ = true;
+    const std::unique_ptr<QKeyEvent> copy(event.clone());
+    QCoreApplication::sendEvent(target, copy.get());
+    passing_ = false;
 }
 
 /// The focus moves before the widget sees the press. True if the press comes to nothing by that.

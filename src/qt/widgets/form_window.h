@@ -42,7 +42,7 @@ private:
     ControlBinding* BindingAt(QObject* watched) const;
     bool IsBusy() const { return retired_ || form_.App().InHandler(); }
 
-    bool Key(const QKeyEvent& event, ControlBinding* at);
+    void Key(const QKeyEvent& event, QObject* receiver);
     bool Press(ControlBinding& at);
     bool InputMethod(const QInputMethodEvent& event, ControlBinding* at);
     void NameForAssistance();

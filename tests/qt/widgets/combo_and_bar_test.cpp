@@ -51,6 +51,13 @@ TEST_F(Combo, ArrowsWithTheListClosedAreAChoice) {
     EXPECT_EQ(Clicks(), 2);
 }
 
+TEST_F(Combo, AStrokeThatItsLineMakesNothingOfCountsOnce) {
+    Strike(Qt::Key_F5);
+    Strike(Qt::Key_PageDown);  // Qt's own choice of the next entry
+    EXPECT_EQ(Form().Log, (Events{"Combo1 KeyDown 116", "Combo1 KeyDown 34", "Combo1 Click"}));
+    EXPECT_EQ(Model().ListIndex.Get(), 0);
+}
+
 TEST_F(Combo, AClickInTheListIsAChoiceAlsoOfTheSameEntry) {
     Model().ListIndex = 0;
     Form().Log.clear();

@@ -58,6 +58,32 @@ TEST_F(Text, PeriodAndDeleteAreToldApart) {
     EXPECT_EQ(Form().Log, (Events{"Text1 KeyDown 36", "Text1 KeyDown 46", "Text1 Change"}));
 }
 
+// Qt hands a stroke that a line makes nothing of on to the widgets around it.
+TEST_F(Text, AStrokeThatTheLineMakesNothingOfCountsOnce) {
+    Type("5");
+    Form().Log.clear();
+    Strike(Qt::Key_Down);
+    Strike(Qt::Key_PageUp);
+    Strike(Qt::Key_F5);
+    EXPECT_EQ(Form().Log, (Events{"Text1 KeyDown 40", "Text1 KeyDown 33", "Text1 KeyDown 116"}));
+    EXPECT_EQ(Line().text(), "5");
+    EXPECT_EQ(QtFocus(), "Text1");
+}
+
+TEST_F(Text, AStrokeCountsOnceAlsoInABoxWithinAFrame) {
+    forms::TextBox& box = Form().Controls.Add("Text7", &Form().Frame1);
+    box.Move(150, 1050, 1500, 300);
+    box.Visible = true;
+    box.SetFocus();
+    int strokes = 0;
+    box.KeyDown = [&strokes](int& code) {
+        EXPECT_EQ(code, forms::key::Down);
+        ++strokes;
+    };
+    Strike(Qt::Key_Down);
+    EXPECT_EQ(strokes, 1);
+}
+
 TEST_F(Text, BackspaceSelectionAndCaretWorkAsInAnyLine) {
     Type("12345");
     Strike(Qt::Key_Backspace);
@@ -241,6 +267,14 @@ TEST_F(Page, IsReadByKeysAndWheelButNotWritten) {
                       Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(Shown().viewport(), &wheel);
     EXPECT_GT(Shown().verticalScrollBar()->value(), before);
+}
+
+TEST_F(Page, AStrokeAtItsEndCountsOnce) {
+    Form().Text9.SetFocus();
+    Form().Log.clear();
+    Strike(Qt::Key_PageDown);
+    Strike(Qt::Key_Down);
+    EXPECT_EQ(Form().Log, (Events{"Text9 KeyDown 34", "Text9 KeyDown 40"}));
 }
 
 TEST_F(Page, ItsTextIsSelectedAndCopied) {
