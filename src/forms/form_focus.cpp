@@ -50,10 +50,8 @@ void Form::RaiseFocusEvent() {
         Control::Raise(old->LostFocus);
     } else if (active_ != nullptr) {
         reported_ = active_;
-        active_->ReceivesFocus();
-        if (reported_ != nullptr) {  // it may have been removed meanwhile
-            Control::Raise(reported_->GotFocus);
-        }
+        reported_->ReceivesFocus();
+        Control::Raise(reported_->GotFocus);
     }
 }
 

@@ -360,6 +360,21 @@ TEST_F(AddedBox, ARemovedBoxOfItsOwnPlaceHandsOnToTheOneBehindIt) {
     EXPECT_EQ(form.Taken(), Lines{"got A"});
 }
 
+TEST_F(AddedBox, TheOneBeforeItMayGoTooInTheSameHandler) {
+    for (const char* name : {"second", "third"}) {
+        TextBox& added = form.Controls.Add(name, nullptr);
+        added.Visible = true;
+        form.NoteFocus(added);
+    }
+    form.Controls.Find("second")->SetFocus();
+    form.Taken();
+    screen.Run([&] {
+        form.Controls.Remove("second");
+        form.Controls.Remove("box");
+    });
+    EXPECT_EQ(form.Taken(), Lines{"got third"});
+}
+
 TEST_F(AddedBox, SettingTheFocusBehindARemovalIsWhatCounts) {
     box.SetFocus();
     form.Taken();

@@ -21,7 +21,7 @@ TEST_F(LargeGrid, TakesNoMoreMemoryThanItsTexts) {
     grid.Rows = DataRows + 1;
     const Allocations after = AllocationsSoFar();
     EXPECT_LT(after.Count - before.Count, 10U);
-    EXPECT_LE(after.Bytes - before.Bytes, (DataRows + 1) * 5 * sizeof(std::string) + 1000);
+    EXPECT_LE(after.Bytes - before.Bytes, sizeof(std::string) * 5 * (DataRows + 1) + 1000);
 }
 
 TEST_F(LargeGrid, ShortTextsTakeNoMemoryOfTheirOwn) {

@@ -54,15 +54,16 @@ TEST(Property, AssigningAnotherPropertyWritesItsValue) {
 
 TEST(Property, ReadsLikeAField) {
     Property<std::string> text("abc");
-    const std::string copy = text;
+    std::string copy = text;
+    copy += "d";
     std::string assigned;
     assigned = text;
     const std::string_view view = text;
-    EXPECT_EQ(copy, "abc");
+    EXPECT_EQ(copy, "abcd");
     EXPECT_EQ(assigned, "abc");
     EXPECT_EQ(view, "abc");
     EXPECT_TRUE(text == "abc");
-    EXPECT_TRUE(text == copy);
+    EXPECT_TRUE(text == assigned);
     const Property<int> rows(5);
     const Property<int> fixedRows(1);
     EXPECT_TRUE(rows > fixedRows);
