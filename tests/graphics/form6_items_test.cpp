@@ -72,7 +72,10 @@ TEST(DisplayItems, EveryClickFollowsTheRule) {
 TEST(DisplayItems, ResultsComeWithPointsAndWithoutTheLegendAndTheUserIsToldOnce) {
     MapScreen screens;
     Form6& form = screens.Form;
+    std::string atTheMessage;
+    screens.Desktop.OnBox = [&](const forms::Message&) { atTheMessage = Ticks(form); };
     form.Check1(4).UserClick();
+    EXPECT_EQ(atTheMessage, "x-x-x") << "told first, then done";
     EXPECT_EQ(Ticks(form), "x--xx");
     EXPECT_EQ(screens.Boxes(), TheMessage);
     EXPECT_EQ(screens.Desktop.Boxes[0].Picture, forms::Icon::Exclamation);

@@ -154,6 +154,68 @@ TEST(Redraw, ARebuildBehindASectionClickTakesTheStampedReportAsFresh) {
     EXPECT_EQ(screens.Desktop.EndStatus, 1);
 }
 
+// Looked at while the map stands ready and the handler has not ended: nothing else could be started meanwhile.
+TEST(Redraw, WhileItDrawsNothingElseCanBeStarted) {
+    MapScreen screens;
+    Form6& form = screens.Form;
+    const auto enabled = [&form] {
+        return test::NamesOf(form, [&form](const forms::Control& control) {
+            return control.Enabled && (control.Name().starts_with("Command") || control.Name() == "Check1" ||
+                                       &control == &form.Text3 || &control == &form.Text4);
+        });
+    };
+    screens.App.Dispatch([&] { form.Command10.Enabled = true; });  // as a position of the other section leaves it
+    form.Check1(1).UserClick();
+    Texts seen;
+    screens.Picture().OnPresent = [&] { seen.push_back(enabled()); };
+    form.Command5.UserClick();
+    EXPECT_EQ(seen, Texts{""});
+    EXPECT_EQ(enabled(), "Text3 Text4 Check1 Command2 Command3 Command7 Command8 Command9");
+    screens.SetRange("", "");
+    seen.clear();
+    form.Command5.UserClick();  // the data set is made again: cleared behind the new range texts, then drawn
+    EXPECT_EQ(seen, (Texts{"Command5", ""})) << "those texts enable RE-DRAW, which the clearing disables again";
+}
+
+TEST(MapPicture, BeginsBlackWithWhiteArial) {
+    Screens screens;
+    screens.OpenMap();
+    const PlotSurface& surface = screens.Picture().Surface();
+    EXPECT_EQ(surface.BackColor, (Color{0, 0, 0}));
+    EXPECT_EQ(surface.ForeColor, (Color{255, 255, 255}));
+    EXPECT_EQ(surface.FontName, "arial");
+    EXPECT_EQ(surface.FontSize, "10");
+    EXPECT_TRUE(screens.Picture().IsClear());
+}
+
+TEST(MapPicture, GoesWithTheFirstStrokeInThePositionBox) {
+    MapScreen screens;
+    Form6& form = screens.Form;
+    ASSERT_FALSE(screens.Picture().IsClear());
+    screens.App.Dispatch([&] { form.Text1.SetFocus(); });
+    forms::Type(form, "5");
+    EXPECT_TRUE(screens.Picture().IsClear());
+    EXPECT_FALSE(form.DataReady);
+    for (const forms::Label* label : {&form.Label17, &form.Label18, &form.Label20, &form.Label21}) {
+        EXPECT_EQ(label->Caption.Get(), "") << label->Name();
+    }
+    EXPECT_EQ(form.Text3.Text.Get() + form.Text4.Text.Get(), "");
+}
+
+// Behind a section click the data still answer the probe, on a picture without its map; CLEAR FORM takes these marks
+// away too, though no position changes.
+TEST(MapPicture, ClearFormTakesMarksWithoutAMapAway) {
+    MapScreen screens;
+    Form6& form = screens.Form;
+    form.Option4.UserClick();
+    ASSERT_TRUE(screens.Picture().IsClear());
+    form.Picture1.UserMouseDown(1, 301, 201);
+    ASSERT_FALSE(screens.Picture().IsClear());
+    form.Command8.UserClick();
+    EXPECT_TRUE(screens.Picture().IsClear());
+    EXPECT_TRUE(screens.Picture().IsPresented());
+}
+
 // Where a point of the extent lies on the picture, by the scale in force.
 struct PixelPoint {
     int X;

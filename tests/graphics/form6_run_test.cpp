@@ -70,8 +70,9 @@ TEST(Form6Run, OneClickLeadsFromAPositionToAMap) {
     EXPECT_EQ(form.Label18.Caption.Get(), "35.00");
     EXPECT_EQ(form.Label20.Caption.Get(), "-35.00");
     EXPECT_EQ(form.Label21.Caption.Get(), "35.00");
-    EXPECT_EQ(form.Label17.BackColor, 0xFFFFFF);
-    EXPECT_EQ(form.Label21.BackColor, 0xFFFFFF);
+    for (const forms::Label* label : {&form.Label17, &form.Label18, &form.Label20, &form.Label21}) {
+        EXPECT_EQ(label->BackColor, 0xFFFFFF) << label->Name();
+    }
     EXPECT_EQ(form.Plot.Data.Map.ValueMin, std::stod(form.Text3.Text.Get()));
     EXPECT_EQ(form.Plot.Data.Map.ValueMax, std::stod(form.Text4.Text.Get()));
     EXPECT_EQ(form.Plot.Data.ContourMin, std::stod(form.Text3.Text.Get()));

@@ -10,6 +10,13 @@
 
 namespace zirvo::test {
 
+void RecordedPicture::Present() {
+    presented_ = surface_.Commands.size();
+    if (OnPresent) {
+        OnPresent();
+    }
+}
+
 void RecordedPicture::SaveBitmap(const std::string& path) {
     if (SaveFault != 0) {
         throw RuntimeFault(SaveFault);

@@ -40,7 +40,7 @@ public:
     RecordedPicture(int pixelsWide, int pixelsHigh) : surface_(pixelsWide, pixelsHigh) {}
 
     PlotSurface& Surface() override { return surface_; }
-    void Present() override { presented_ = surface_.Commands.size(); }
+    void Present() override;
     void SaveBitmap(const std::string& path) override;
 
     /// What has been drawn since the last clear.
@@ -53,6 +53,8 @@ public:
 
     std::vector<std::string> Saved;
     int SaveFault = 0;  ///< 0: it succeeds
+    /// Called when something has been drawn, before the handler goes on.
+    std::function<void()> OnPresent;
 
 private:
     RecordingSurface surface_;
