@@ -116,8 +116,10 @@ void DesktopSession::WaitFor(const std::string& what, const std::function<bool()
             }
             std::ifstream complaints(Complaints());
             const std::string said{std::istreambuf_iterator<char>(complaints), {}};
-            throw std::runtime_error("waited too long for " + what + "; the screen then: " + picture +
-                                     (IsRunning() ? "" : "; the program is not running") + "; it said: " + said);
+            std::string report = "waited too long for " + what;
+            report.append("; the screen then: ").append(picture);
+            report.append(IsRunning() ? "; it said: " : "; the program is not running; it said: ").append(said);
+            throw std::runtime_error(report);
         }
         std::this_thread::sleep_for(BetweenLooks);
     }
