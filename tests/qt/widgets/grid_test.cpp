@@ -3,6 +3,7 @@
 #include <QInputMethodEvent>
 #include <QScrollBar>
 
+#include "grid/cls_flex_grid_edit.h"
 #include "qt/widgets/grid_binding.h"
 #include "qt/widgets/shown_form.h"
 
@@ -118,6 +119,23 @@ TEST_F(Grid, KeysMoveTheCurrentCell) {
     Strike(Qt::Key_Right);
     EXPECT_EQ(Model().Row.Get(), 2);
     EXPECT_EQ(Model().Col.Get(), 2);
+}
+
+TEST_F(Grid, AStrokeInTheBoxOfACellGoesOnByOneCell) {
+    const auto editor = std::make_shared<clsFlexGridEdit>();
+    editor->FlexGridControl(Model());
+    Model().SetFocus();
+    Type("5");
+    Strike(Qt::Key_Down);
+    EXPECT_EQ(Model().Row.Get(), 2);
+    Type("6");
+    Strike(Qt::Key_Up);
+    EXPECT_EQ(Model().Row.Get(), 1);
+    Strike(Qt::Key_Return);
+    EXPECT_EQ(Model().Col.Get(), 2);
+    EXPECT_EQ(Model().TextMatrix(1, 1), "5");
+    EXPECT_EQ(Model().TextMatrix(2, 1), "6");
+    EXPECT_EQ(QtFocus().toStdString(), editor->BoxName());
 }
 
 TEST_F(Grid, TheWheelScrollsThreeRowsANotch) {
