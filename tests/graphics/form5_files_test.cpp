@@ -157,9 +157,10 @@ TEST(Form5Save, WritesTheNumbersOfTheCells) {
     screens.App.Dispatch([&] {
         form.MSFlexGrid1.SetTextMatrix(1, 1, "35E3");
         form.MSFlexGrid1.SetTextMatrix(1, 2, "0.350 or so");
-        form.MSFlexGrid1.SetTextMatrix(2, 3, "anything");
+        form.MSFlexGrid1.SetTextMatrix(2, 3, "7 or anything");
         form.Text3.Text = "x";
     });
+    EXPECT_EQ(form.ModelFromControls(), test::ExampleData()) << "nobody reads the thickness of the last layer";
     form.Command5.UserClick();
     EXPECT_EQ(screens.Folder.Names(), Texts{});
     form.Command6.UserClick();

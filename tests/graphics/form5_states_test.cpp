@@ -119,6 +119,13 @@ const std::array States{
           },
           // "0" where " 0" stood is a change, so the grids are enabled before any count has changed.
           "Option1 Option2 VScroll1 VScroll2 MSFlexGrid1 MSFlexGrid2 Text3 Command4 Command5", "Option1", "0|0"},
+    State{"NewAfterImportPending",
+          [](Screens& s) {
+              s.Data().Option2.UserClick();
+              s.Data().Option1.UserClick();
+          },
+          // "0" over "0" is no change, so the grids stay as the import has left them.
+          "Option1 Option2 VScroll1 VScroll2 Text3 Command4 Command5", "Option1", "0|0"},
     State{"NewTwice",
           [](Screens& s) {
               s.EnterExample();
@@ -488,6 +495,16 @@ TEST(Form5, TheGridWithTheFocusHasAnEditorAndNoMarking) {
     form.Command5.UserClick();
     EXPECT_EQ(form.MSFlexGrid2.TextMatrix(1, 1), "7");
     EXPECT_EQ(form.MSFlexGrid2.Highlight, forms::HighlightKind::Always);
+}
+
+TEST(Form5, TheWayBackWithNoDisablesGridsAndNameWhateverTheyWere) {
+    Screens screens;
+    screens.ShowData();
+    Form5& form = screens.Data();
+    screens.EnterExample();
+    ASSERT_TRUE(form.MSFlexGrid1.Enabled && form.MSFlexGrid2.Enabled && form.Text3.Enabled);
+    screens.App.Dispatch([&] { form.ReturnAsItWas(); });
+    EXPECT_EQ(EnabledOf(form), "Option1 Option2 VScroll1 VScroll2 Command4 Command5") << "and nothing else changes";
 }
 
 TEST(Form5, PreviousGoesBackToTheSettingsAndTheDataAreGone) {

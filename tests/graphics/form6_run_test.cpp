@@ -97,6 +97,18 @@ TEST(Form6Run, AnXZSectionGoesThroughTheLayers) {
         << "the title has the box as typed";
 }
 
+// Whatever the read-outs say: the report of an X-Z run counts as fresh. Here it has been stamped, and the stamp's line
+// is one field more than is skipped.
+TEST(Form6Run, AnXZReportIsAlwaysTakenAsFresh) {
+    Screens screens;
+    Form6& form = screens.OpenMap();
+    screens.Choose(1, SectionKind::XZ, "0");
+    screens.Start();
+    ASSERT_NE(form.Label17.Caption.Get(), "");
+    screens.App.Dispatch([&] { form.ConvertSectionXZ(); });
+    EXPECT_EQ(FaultOf(screens), 13);
+}
+
 TEST(Form6Run, EnterInThePositionBoxStarts) {
     Screens screens;
     Form6& form = screens.OpenMap();
