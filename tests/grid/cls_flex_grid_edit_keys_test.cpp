@@ -41,14 +41,19 @@ protected:
     forms::TextBox& Box() { return *Editor->Box(); }
     /// Gives the code as the operation left it.
     int Begin(int code) {
-        Editor->BeginEdit(code);
+        World.App.Dispatch([&] { Editor->BeginEdit(code); });
         return code;
+    }
+    void Move(int direction) {
+        World.App.Dispatch([&] { Editor->MoveEdit(direction); });
     }
     int PressInBox(int code) {
         Box().KeyPress(code);
         return code;
     }
-    void DownInBox(int code) { Box().KeyDown(code); }
+    void DownInBox(int code) {
+        World.App.Dispatch([&] { Box().KeyDown(code); });
+    }
 };
 
 // Keys that begin an edit -------------------------------------------------------------------------------------------
@@ -59,7 +64,8 @@ TEST_F(FlexGridEditKeys, ACodeWithoutACharacterOpensTheBoxWithTheCellsText) {
             continue;
         }
         Rebind();
-        Box().SelStart = 0;
+        Box().Text = "123";
+        Box().SelStart = 2;
         EXPECT_EQ(Begin(code), code);
         EXPECT_TRUE(Box().Visible) << code;
         EXPECT_EQ(Box().Text, "123") << code;
@@ -272,7 +278,7 @@ TEST_P(MovedEdit, GoesToTheCellOfTheTable) {
     Grid.SetTextMatrix(step.ToRow, step.ToCol, "there");
     Begin(0);
     Box().Text = "typed";
-    Editor->MoveEdit(step.Direction);
+    Move(step.Direction);
     EXPECT_EQ(Grid.Row, step.ToRow);
     EXPECT_EQ(Grid.Col, step.ToCol);
     EXPECT_EQ(Grid.TextMatrix(step.FromRow, step.FromCol), "typed");
@@ -302,18 +308,21 @@ INSTANTIATE_TEST_SUITE_P(Table, MovedEdit,
 TEST_F(FlexGridEditKeys, WrapsGoToTheLiteralRowAndColumnOne) {
     Grid.FixedRows = 2;
     Grid.FixedCols = 2;
-    Grid.Row = 3;
-    Grid.Col = 3;
-    Begin(0);
-    Editor->MoveEdit(1);
-    EXPECT_EQ(Grid.Row, 1);
-    EXPECT_EQ(Grid.Col, 1);
-    Grid.Row = 2;
-    Grid.Col = 2;
-    Begin(0);
-    Editor->MoveEdit(3);  // row 2 is the top of the data
-    EXPECT_EQ(Grid.Row, 3);
-    EXPECT_EQ(Grid.Col, 3);
+    const struct {
+        int Direction, FromRow, FromCol, ToRow, ToCol;
+    } rows[] = {
+        {1, 2, 3, 3, 1}, {1, 3, 3, 1, 1}, {2, 3, 2, 1, 3},
+        {2, 3, 3, 1, 1}, {3, 2, 2, 3, 3},  // row 2 is the top of the data
+        {4, 2, 2, 3, 3},                   // column 2 is the first of the data
+    };
+    for (const auto& row : rows) {
+        Grid.Row = row.FromRow;
+        Grid.Col = row.FromCol;
+        Begin(0);
+        Move(row.Direction);
+        EXPECT_EQ(Grid.Row, row.ToRow) << row.Direction;
+        EXPECT_EQ(Grid.Col, row.ToCol) << row.Direction;
+    }
 }
 
 TEST_F(FlexGridEditKeys, DirectionZeroOnlyGivesTheGridTheFocus) {
@@ -332,7 +341,7 @@ TEST_F(FlexGridEditKeys, DirectionZeroOnlyGivesTheGridTheFocus) {
 TEST_F(FlexGridEditKeys, AnUnknownDirectionDoesNothing) {
     Begin('5');
     for (const int direction : {-1, 5, 100}) {
-        Editor->MoveEdit(direction);
+        Move(direction);
         EXPECT_TRUE(Box().HasFocus());
         EXPECT_EQ(Box().Text, "5");
         EXPECT_EQ(Grid.Text(), "123");

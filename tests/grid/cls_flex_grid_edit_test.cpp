@@ -19,7 +19,9 @@ protected:
     std::shared_ptr<clsFlexGridEdit> Editor = std::make_shared<clsFlexGridEdit>();
 
     void Bind() { Editor->FlexGridControl(Grid); }
-    void Open(int key = 0) { Editor->BeginEdit(key); }
+    void Open(int key = 0) {
+        World.App.Dispatch([&] { Editor->BeginEdit(key); });
+    }
     forms::TextBox& Box() { return *Editor->Box(); }
     forms::Control* Named(const char* name) { return Screen.Controls.Find(name); }
 };
@@ -201,7 +203,8 @@ TEST_F(FlexGridEdit, AnEditThatGoesOnInAnotherCellSavesTheTabStopsAsTheyWere) {
     Bind();
     Editor->TabKeyBehaviour(-1);
     Open();
-    Editor->MoveEdit(1);
+    World.App.Dispatch([&] { Editor->MoveEdit(1); });
+    EXPECT_TRUE(Box().Visible);
     EXPECT_FALSE(Screen.Button.TabStop);
     Box().LostFocus();
     EXPECT_TRUE(Screen.Button.TabStop);
@@ -223,6 +226,13 @@ TEST_F(FlexGridEdit, TabKeyBehaviourGoingToZeroGivesTheTabStopsBackOnce) {
     EXPECT_TRUE(Screen.Button.TabStop);
     Screen.Button.TabStop = false;
     Editor->RestoreTabStops();  // the store is empty again
+    EXPECT_FALSE(Screen.Button.TabStop);
+}
+
+TEST_F(FlexGridEdit, TabKeyBehaviourThatWasZeroGivesNothingBack) {
+    Bind();
+    Editor->SaveTabStops();
+    Editor->TabKeyBehaviour(0);
     EXPECT_FALSE(Screen.Button.TabStop);
 }
 
@@ -357,6 +367,20 @@ TEST_F(ScrolledEdit, AKeyInABoxThatWaitsOutsideBringsCellAndBoxBack) {
         EXPECT_EQ(digit, '5');
         Box().SetFocus();
     });
+}
+
+TEST_F(ScrolledEdit, OneEdgeOutsideIsEnough) {
+    for (const double left : {-1.0, 100.0}) {
+        World.App.Dispatch([&] {
+            Grid.TopRow = 20;
+            Box().Move(left, left < 0 ? 100 : -1, Box().Width, Box().Height);
+            int digit = '5';
+            Box().KeyDown(digit);
+            EXPECT_TRUE(Grid.RowIsVisible(5));
+            EXPECT_EQ(Box().Top, CellTopNow());
+            Box().SetFocus();
+        });
+    }
 }
 
 // Where the box holds the focus, the focus that Scroll gives to the grid ends the edit.
