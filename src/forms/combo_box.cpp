@@ -51,13 +51,17 @@ void ComboBox::SetText(const std::string& text) {
 }
 
 /// Makes an entry current, with its text; -1 makes none current and empties the text.
-/// @param always  whether Click is raised also where the index stays
-void ComboBox::SetIndex(int index, bool always) {
+/// @param byUser  Click is raised also where the index stays, and the whole text is selected: what is typed next
+///                takes its place
+void ComboBox::SetIndex(int index, bool byUser) {
     const std::string text = index == -1 ? std::string() : List(index);
     const bool changed = ListIndex.Store(index);
-    if (changed || always) {
+    if (changed || byUser) {
         StoreSelection(0, 0);
         Text.Store(text);
+        if (byUser) {
+            StoreSelection(0, CheckedSelLength(text, 0, static_cast<int>(text.size())));
+        }
         Raise(Click);
     }
 }

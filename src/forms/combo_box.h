@@ -29,8 +29,8 @@ public:
     /// Outside the list: fault 5.
     const std::string& List(int index) const;
 
-    /// The user takes an entry from the list: the list closes, the focus comes here, then Click, also where the entry
-    /// is the current one.
+    /// The user takes an entry from the list: the list closes, the focus comes here, the whole text is selected, then
+    /// Click, also where the entry is the current one.
     void UserChoose(int index);
     /// The view's own editing of the text.
     void UserEdited(std::string text, int selStart, int selLength);
@@ -46,7 +46,7 @@ protected:
 
 private:
     void SetText(const std::string& text);
-    void SetIndex(int index, bool always);
+    void SetIndex(int index, bool byUser);
     void StoreSelection(int selStart, int selLength);
 
     std::vector<std::string> items_;

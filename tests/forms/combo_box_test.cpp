@@ -135,6 +135,22 @@ TEST_F(Combo, TheUsersEditingRaisesChangeAndLeavesTheEntry) {
     EXPECT_EQ(form.Taken(), Lines{"change Sx2"});
 }
 
+// What is typed behind a choice takes its place, and does not stand before it.
+TEST_F(Combo, AChoiceOfTheUserSelectsTheWholeText) {
+    combo.UserChoose(1);
+    EXPECT_EQ(combo.SelStart, 0);
+    EXPECT_EQ(combo.SelLength, 4);
+    combo.UserSelected(2, 0);
+    combo.UserChoose(1);
+    EXPECT_EQ(combo.SelLength, 4) << "the same entry once more";
+    Press(form, key::Up);
+    EXPECT_EQ(combo.SelLength, 4);
+    Type(form, "x");
+    EXPECT_TRUE(combo.Text == "x");
+    combo.ListIndex = 1;
+    EXPECT_EQ(combo.SelLength, 0) << "the program's own write selects nothing";
+}
+
 TEST_F(Combo, AKeyPressThatTakesTheCharacterMayWriteTextAndSelection) {
     combo.KeyPress = [&](int& code) {
         code = 0;

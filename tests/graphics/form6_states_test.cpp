@@ -319,6 +319,15 @@ TEST(Form6, TypingIntoTheListOfComponentsChoosesTheFirstThatFits) {
     EXPECT_EQ(form.Plot.Section.OutputComponent, ComponentEpsZ);
 }
 
+TEST(Form6, TypingBehindAChoiceChoosesAnew) {
+    Screens screens;
+    Form6& form = screens.OpenMap();
+    Pick(screens, 1);
+    forms::Type(form, "EPSz");
+    EXPECT_EQ(form.Combo1.Text.Get(), "EPSz");
+    EXPECT_EQ(form.Plot.Section.OutputComponent, ComponentEpsZ);
+}
+
 TEST(Form6, ClearFormKeepsTheComponentAndShowsNone) {
     Screens screens;
     Form6& form = screens.OpenMap();
