@@ -239,8 +239,11 @@ TEST(Form5, TheHeadingsFollowTheUnitsAndBothOptionsSetThem) {
                                                            horizontal, "ANGLE FROM X-AXIS(deg)"}));
             // 105 twips a character and as much for the margin.
             EXPECT_EQ(form.MSFlexGrid1.ColWidth(2), 105 * 13 + 105);
+            EXPECT_EQ(form.MSFlexGrid2.ColWidth(6), 105 * 22 + 105);
             form.Command4.UserClick();
             EXPECT_EQ(HeadingsOf(form.MSFlexGrid1), (Texts{"", "", "", ""}));
+            EXPECT_EQ(HeadingsOf(form.MSFlexGrid2), (Texts{"", "", "", "", "", ""}));
+            EXPECT_EQ(form.Text3.Text.Get(), "") << "the name has gone with them";
         }
     }
 }
@@ -249,8 +252,10 @@ TEST(Form5, NewDataMovesToTheFolderOfTheUser) {
     Screens screens;
     screens.ShowData();
     const TemporaryFolder elsewhere;
+    screens.Data().Option1.UserClick();
     ChangeFolder(elsewhere.Path());
     screens.Data().Option2.UserClick();
+    EXPECT_EQ(screens.Data().Text3.Text.Get(), "") << "the import brings its own name";
     EXPECT_EQ(CurrentFolder(), elsewhere.Path()) << "the import leaves that to its dialog";
     screens.Data().Option1.UserClick();
     EXPECT_EQ(CurrentFolder(), screens.Folder.Path());
@@ -495,6 +500,21 @@ TEST(Form5, TheGridWithTheFocusHasAnEditorAndNoMarking) {
     form.Command5.UserClick();
     EXPECT_EQ(form.MSFlexGrid2.TextMatrix(1, 1), "7");
     EXPECT_EQ(form.MSFlexGrid2.Highlight, forms::HighlightKind::Always);
+}
+
+// Each focus of a grid brings an editor of its own, which knows nothing of what the one before has been given.
+TEST(Form5, AnEditorBeginsWithAnEmptyBox) {
+    Screens screens;
+    screens.ShowData();
+    Form5& form = screens.Data();
+    screens.EnterExample();
+    form.MSFlexGrid1.UserClickCell(1, 1);
+    forms::Type(form, "123\x1b");
+    form.Text3.UserFocus();
+    form.MSFlexGrid1.UserClickCell(1, 2);
+    forms::Type(form, "\b\r");
+    EXPECT_EQ(form.MSFlexGrid1.TextMatrix(1, 1), "35000");
+    EXPECT_EQ(form.MSFlexGrid1.TextMatrix(1, 2), "");
 }
 
 TEST(Form5, TheWayBackWithNoDisablesGridsAndNameWhateverTheyWere) {

@@ -2,6 +2,9 @@
 // range.
 #include <gtest/gtest.h>
 
+#include <array>
+#include <set>
+
 #include "graphics/screens.h"
 
 namespace zirvo {
@@ -156,6 +159,16 @@ TEST(ContourPanel, EnterInItsBoxClosesIt) {
     EXPECT_EQ(forms::FocusOf(form), "Command5");
 }
 
+std::set<std::array<int, 3>> LineColours(Screens& screens) {
+    std::set<std::array<int, 3>> colours;
+    for (const PlotCommand& command : screens.Picture().Drawn()) {
+        if (command.What == PlotCommand::Kind::Line) {
+            colours.insert({command.Ink.Red, command.Ink.Green, command.Ink.Blue});
+        }
+    }
+    return colours;
+}
+
 struct CountRow {
     const char* Typed;
     const char* Shown;
@@ -170,9 +183,14 @@ TEST(ContourPanel, TheCountHasALeastAndNoMost) {
         AskFor(screens, row.Typed);
         EXPECT_EQ(screens.Form.Text14.Text.Get(), row.Shown) << row.Typed;
         EXPECT_EQ(screens.Form.ContourLineCount, row.Count) << row.Typed;
-        // And a map is drawn with that many levels.
+        // And a map is drawn with that many levels: lines alone have the colours of their levels. The lowest and the
+        // highest may touch no cell, and far apart levels are all that a small count has.
+        screens.Form.Check1(0).UserClick();
+        screens.Form.Check1(2).UserClick();
         screens.Form.Command5.UserClick();
-        EXPECT_FALSE(screens.Picture().IsClear());
+        const auto levels = static_cast<int>(LineColours(screens).size());
+        EXPECT_LE(levels, row.Count) << row.Typed;
+        EXPECT_GE(levels, row.Count - 2) << row.Typed;
         EXPECT_EQ(screens.Boxes(), Texts{});
     }
 }

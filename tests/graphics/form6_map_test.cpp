@@ -188,6 +188,17 @@ TEST(MapPicture, BeginsBlackWithWhiteArial) {
     EXPECT_TRUE(screens.Picture().IsClear());
 }
 
+// By hand: on 1024 by 768 pixels the picture has 669 by 648, 10035 by 9720 twips. The 70 cm of either axis fill it but
+// for 750 + 450 and 600 + 600 twips: 35 + 70 * 750 / 8835 = 40.9423 and 35 + 70 * 600 / 8520 = 39.9296.
+TEST(MapPicture, IsFilledByTheMapButForItsMargins) {
+    MapScreen screens;
+    const PictureScale& scale = screens.Picture().Surface().Picture();
+    EXPECT_EQ(scale.PixelsWide, 669);
+    EXPECT_EQ(scale.PixelsHigh, 648);
+    EXPECT_NEAR(scale.X1, -40.9423, 1e-4);
+    EXPECT_NEAR(scale.Y1, 39.9296, 1e-4);
+}
+
 TEST(MapPicture, GoesWithTheFirstStrokeInThePositionBox) {
     MapScreen screens;
     Form6& form = screens.Form;
