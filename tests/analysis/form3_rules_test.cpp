@@ -110,6 +110,12 @@ TEST_F(Form3Rules, AcceptedNamesAreNormalisedInTheirBoxes) {
     EXPECT_EQ(Form.Text1.Text, "RUN_SAN.san");
 }
 
+TEST_F(Form3Rules, AcceptedDataSendsTheFocusToSaveDataFromAnywhere) {
+    Form.Text7.UserFocus();
+    Form.Command5.Press();
+    EXPECT_EQ(FocusOf(Form), "Command6");
+}
+
 TEST_F(Form3Rules, RefusedDataLeavesTheNamesAsTheyAre) {
     Form.Text7.Text = "run.txt";
     Form.MSFlexGrid1.SetTextMatrix(1, 2, "0.51");
