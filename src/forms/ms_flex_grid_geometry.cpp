@@ -64,8 +64,7 @@ MSFlexGrid::Bars MSFlexGrid::NeededBars() const {
     Bars bars;
     bars.Vertical = allRows > height;
     bars.Horizontal = allCols > width - (bars.Vertical ? BarThickness : 0);
-    bars.Vertical = allRows > height - (bars.Horizontal ? BarThickness : 0);
-    bars.Horizontal = allCols > width - (bars.Vertical ? BarThickness : 0);
+    bars.Vertical = allRows > height - (bars.Horizontal ? BarThickness : 0);  // which takes no bar away again
     return bars;
 }
 

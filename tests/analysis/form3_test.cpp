@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "analysis/analysis_screens.h"
+#include "forms/tidy_layout.h"
 #include "platform/files.h"
 
 namespace zirvo {
@@ -119,6 +120,20 @@ TEST_F(Form3Test, TheFormIsScaledToTheScreen) {
     EXPECT_NEAR(Form.Left, 210 * 1024.0 / 810, 0.01);
     EXPECT_NEAR(Form.Top, 300 * 768.0 / 640, 0.01);
     EXPECT_NEAR(Form.MSFlexGrid2.Left, 8 * 15 * 1024.0 / 810, 0.01);
+}
+
+TEST_F(Form3Test, ItsLayoutIsTidyOnEveryScreen) {
+    for (const auto& [width, height] : {std::pair{810, 640}, {1024, 768}, {1280, 800}, {1920, 1080}}) {
+        SCOPED_TRACE(std::to_string(width) + " by " + std::to_string(height));
+        Screens.Desktop.Size = {.Width = width * 15.0, .Height = height * 15.0, .TwipsPerPixel = 15};
+        Screens.App.Dispatch([this] { Screens.Data().Unload(); });
+        Screens.App.Show("Form3");
+        Form3& form = Screens.Data();
+        form.Text9.Visible = true;
+        ExpectTidyLayout(form);
+        EXPECT_LE(form.Left + form.Width, width * 15.0);
+        EXPECT_LE(form.Top + form.Height, height * 15.0);
+    }
 }
 
 TEST_F(Form3Test, TabGoesThroughTheControlsInTheOrderOfTheWork) {
@@ -239,6 +254,68 @@ TEST_F(Form3Test, NewDataAgainSetsBarsAndCountsBackAndNamesAgain) {
     EXPECT_TRUE(Form.MSFlexGrid1.Enabled);
     EXPECT_EQ(Form.Text7.Text, "Untitled.eva");
     EXPECT_TRUE(Form.Option1.Value);
+}
+
+TEST_F(Form3Test, NewDataAndClearFormSetEveryBarAndCountBack) {
+    for (const bool clears : {false, true}) {
+        Form.Option1.UserClick();
+        for (forms::VScrollBar* bar : {&Form.VScroll1, &Form.VScroll2, &Form.VScroll3}) {
+            bar->UserRelease(3);
+        }
+        if (clears) {
+            Form.Command4.UserClick();
+        } else {
+            Form.Option1.UserClick();
+        }
+        for (const forms::VScrollBar* bar : {&Form.VScroll1, &Form.VScroll2, &Form.VScroll3}) {
+            EXPECT_EQ(bar->Value, 0) << bar->Name();
+        }
+        for (const forms::Label* count : {&Form.Label7, &Form.Label8, &Form.Label9}) {
+            EXPECT_EQ(count->Caption, clears ? " 0" : "0") << count->Name();
+        }
+        for (const forms::MSFlexGrid* grid : {&Form.MSFlexGrid1, &Form.MSFlexGrid2, &Form.MSFlexGrid3}) {
+            EXPECT_EQ(grid->Rows, 1) << grid->Name();
+            EXPECT_EQ(grid->Row, 0) << grid->Name();
+        }
+    }
+}
+
+// What each step writes, it writes whatever stood there before.
+TEST_F(Form3Test, NewDataAndImportWriteTheirButtonsWhateverStoodBefore) {
+    const auto turnRound = [this] {
+        for (forms::CommandButton* button : {&Form.Command3, &Form.Command4}) {
+            button->Enabled = false;
+        }
+        for (forms::CommandButton* button : {&Form.Command1, &Form.Command5, &Form.Command6, &Form.Command7}) {
+            button->Enabled = true;
+        }
+    };
+    const auto enabled = [this] {
+        std::string marks;
+        for (const forms::CommandButton* button : {&Form.Command1, &Form.Command3, &Form.Command4, &Form.Command5,
+                                                   &Form.Command6, &Form.Command7, &Form.Command8, &Form.Command9}) {
+            marks += button->Enabled ? 'x' : '.';
+        }
+        return marks;
+    };
+    turnRound();
+    Form.Option1.UserClick();
+    EXPECT_EQ(enabled(), ".xxxxxxx");  // SAVE DATA and ANALYZE are left alone
+    turnRound();
+    Form.Option2.UserClick();
+    EXPECT_EQ(enabled(), "xxx..xxx");  // ANALYZE is left alone
+    turnRound();
+    Screens.ImportAndAnswer(Answer::No);
+    EXPECT_EQ(enabled(), ".xx..xxx");
+    Form.Command4.UserClick();
+    EXPECT_EQ(enabled(), ".x....xx");
+    Form.Option2.UserClick();
+    test::PutFile("Untitled.eva", test::ExampleFile());
+    Screens.Desktop.Paths.emplace_back(Screens.Folder.Path("Untitled.eva"));
+    Screens.Desktop.Answers.push_back(Answer::Yes);
+    turnRound();
+    Form.Command1.UserClick();
+    EXPECT_EQ(enabled(), ".xxx..xx");
 }
 
 TEST_F(Form3Test, ImportFromFileLeavesTheBarsWhereTheyAre) {

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "analysis/analysis_screens.h"
+#include "forms/tidy_layout.h"
 #include "platform/files.h"
 
 namespace zirvo {
@@ -91,6 +92,10 @@ TEST_F(Form4JapaneseTest, ItsFontHasOneWidth) {
 TEST_F(Form4Test, IsScaledToTheScreen) {
     EXPECT_NEAR(Form().Width, 11730 * 1024.0 / 810, 0.01);
     EXPECT_NEAR(Form().Height, 8505 * 768.0 / 640, 0.01);
+}
+
+TEST_F(Form4Test, ItsLayoutIsTidy) {
+    ExpectTidyLayout(Form());
 }
 
 TEST_F(Form4Test, PrincipalValuesAreSeenWholeOnly) {

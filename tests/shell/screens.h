@@ -1,5 +1,4 @@
-// The first screens on a scripted desktop, in a program folder of their own, with stand-ins for the data screens; and
-// what any screen's layout must keep.
+// The first screens on a scripted desktop, in a program folder of their own, with stand-ins for the data screens.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -10,6 +9,7 @@
 #include "forms/application.h"
 #include "forms/screen_helpers.h"
 #include "forms/scripted_desktop.h"
+#include "forms/tidy_layout.h"
 #include "platform/temporary_folder.h"
 #include "shell/form1.h"
 #include "shell/form2.h"
@@ -97,11 +97,6 @@ inline std::vector<std::string> UsableControls(const forms::Form& form) {
     return names;
 }
 
-/// Visible, itself and its containers.
-inline bool IsInSight(const forms::Control& control) {
-    return control.Visible && (control.Container() == nullptr || IsInSight(*control.Container()));
-}
-
 inline std::vector<std::string> ControlsInSight(const forms::Form& form) {
     std::vector<std::string> names;
     for (const forms::Control* control : form.Controls) {
@@ -110,30 +105,6 @@ inline std::vector<std::string> ControlsInSight(const forms::Form& form) {
         }
     }
     return names;
-}
-
-/// Every control lies wholly in its container, and no two in sight that share one touch.
-inline void ExpectTidyLayout(const forms::Form& form) {
-    for (const forms::Control* control : form.Controls) {
-        const forms::Control* container = control->Container();
-        EXPECT_GT(control->Width, 0.0) << control->Name();
-        EXPECT_GT(control->Height, 0.0) << control->Name();
-        EXPECT_GE(control->Left, 0.0) << control->Name();
-        EXPECT_GE(control->Top, 0.0) << control->Name();
-        EXPECT_LE(control->Left + control->Width, container == nullptr ? form.Width.Get() : container->Width.Get())
-            << control->Name();
-        EXPECT_LE(control->Top + control->Height, container == nullptr ? form.Height.Get() : container->Height.Get())
-            << control->Name();
-        for (const forms::Control* other : form.Controls) {
-            if (other == control || other->Container() != container || !IsInSight(*control) || !IsInSight(*other)) {
-                continue;
-            }
-            const bool apart =
-                control->Left + control->Width <= other->Left || other->Left + other->Width <= control->Left ||
-                control->Top + control->Height <= other->Top || other->Top + other->Height <= control->Top;
-            EXPECT_TRUE(apart) << control->Name() << " and " << other->Name();
-        }
-    }
 }
 
 }  // namespace zirvo
