@@ -11,17 +11,17 @@
 #include <fstream>
 #include <memory>
 
-#include "analysis/analysis_input.h"
 #include "analysis/form3.h"
 #include "analysis/form4.h"
 #include "analysis/solver_run.h"
 #include "answering_desktop.h"
 #include "forms/key_stroke.h"
+#include "pavement/analysis_input.h"
 #include "platform/files.h"
 #include "qt/widgets/screen_fonts.h"
-#include "shell/catalogue.h"
 #include "shell/form1.h"
 #include "shell/form2.h"
+#include "text/catalogue.h"
 
 namespace zirvo {
 namespace {

@@ -16,9 +16,9 @@
 #include "graphics/form6.h"
 #include "platform/files.h"
 #include "qt/widgets/screen_fonts.h"
-#include "shell/catalogue.h"
 #include "shell/form1.h"
 #include "shell/form2.h"
+#include "text/catalogue.h"
 
 namespace zirvo {
 namespace {

@@ -14,7 +14,7 @@
 #include "qt/image_surface.h"
 #include "qt/offscreen.h"
 #include "qt/picture_files.h"
-#include "shell/catalogue.h"
+#include "text/catalogue.h"
 
 namespace {
 

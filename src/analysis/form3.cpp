@@ -4,17 +4,17 @@
 
 #include <utility>
 
-#include "analysis/analysis_input.h"
 #include "grid/grid_sizing.h"
+#include "pavement/analysis_input.h"
 #include "platform/files.h"
-#include "shell/catalogue.h"
 #include "shell/data_screen.h"
-#include "shell/file_helpers.h"
 #include "shell/form2.h"
 #include "shell/layout.h"
-#include "shell/number_text.h"
 #include "shell/screen_language.h"
-#include "shell/version_stamp.h"
+#include "text/catalogue.h"
+#include "text/file_helpers.h"
+#include "text/number_text.h"
+#include "text/version_stamp.h"
 
 namespace zirvo {
 

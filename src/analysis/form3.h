@@ -5,11 +5,11 @@
 #include <memory>
 #include <string>
 
-#include "analysis/pavement_rules.h"
 #include "analysis/solver_run.h"
 #include "forms/application.h"
 #include "forms/ms_flex_grid.h"
 #include "grid/cls_flex_grid_edit.h"
+#include "pavement/pavement_rules.h"
 #include "platform/process.h"
 
 namespace zirvo {

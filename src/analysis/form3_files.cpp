@@ -1,17 +1,17 @@
 // What the data screen does with files: import, SAVE DATA, ANALYZE. See form3.h.
 #include <optional>
 
-#include "analysis/analysis_input.h"
 #include "analysis/form3.h"
 #include "analysis/form4.h"
-#include "analysis/solver_process.h"
 #include "base/runtime_fault.h"
 #include "dialogs/common_dialog.h"
+#include "pavement/analysis_input.h"
+#include "pavement/solver_process.h"
 #include "platform/files.h"
 #include "shell/data_screen.h"
-#include "shell/file_helpers.h"
-#include "shell/number_text.h"
 #include "shell/screen_language.h"
+#include "text/file_helpers.h"
+#include "text/number_text.h"
 
 namespace zirvo {
 

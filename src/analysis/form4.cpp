@@ -5,13 +5,13 @@
 #include "analysis/report_view.h"
 #include "platform/code_page.h"
 #include "platform/files.h"
-#include "shell/catalogue.h"
-#include "shell/file_helpers.h"
 #include "shell/form1.h"
 #include "shell/form2.h"
 #include "shell/layout.h"
 #include "shell/screen_language.h"
-#include "shell/version_stamp.h"
+#include "text/catalogue.h"
+#include "text/file_helpers.h"
+#include "text/version_stamp.h"
 
 namespace zirvo {
 namespace {

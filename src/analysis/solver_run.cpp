@@ -3,19 +3,14 @@
 
 #include <algorithm>
 
-#include "analysis/solver_process.h"
+#include "base/callback.h"
+#include "pavement/solver_process.h"
 #include "platform/files.h"
-#include "shell/file_helpers.h"
+#include "text/file_helpers.h"
 
 namespace zirvo {
 
 namespace {
-
-void Call(const std::function<void()>& callback) {
-    if (callback) {
-        callback();
-    }
-}
 
 /// Stamps a report and makes its comma copy; false if it is gone after the stamp. A report that is missing from the
 /// start faults in the rename at the head of the stamp, which is as far as most failed runs get.
@@ -32,7 +27,7 @@ bool FinishReport(const std::string& report) {
 
 SolverRunResult RunSolver(const SolverRunRequest& request, ProcessService& process,
                           const SolverRunCallbacks& callbacks) {
-    Call(callbacks.PaintComputing);
+    CallIfSet(callbacks.PaintComputing);
     if (!FileExists(request.InputFileName)) {
         return SolverRunResult::InputMissing;
     }
@@ -41,7 +36,7 @@ SolverRunResult RunSolver(const SolverRunRequest& request, ProcessService& proce
                    Flush::ToSystem);
     RunHidden(process, JoinPath(request.ProgramFolder, AnalysisSolverName), StartFailure::Fault,
               {callbacks.HandleObtained, callbacks.WaitOver});
-    Call(callbacks.HideComputing);
+    CallIfSet(callbacks.HideComputing);
     RemoveFile(ControlFileName);
     if (!FinishReport(request.PrincipalFileName) || !FinishReport(request.ResultFileName)) {
         return SolverRunResult::Uncompleted;

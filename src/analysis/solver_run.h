@@ -5,17 +5,14 @@
 #include <string>
 #include <string_view>
 
-#include "analysis/pavement_model.h"
 #include "base/int16.h"
+#include "pavement/pavement_model.h"
 #include "platform/process.h"
 
 namespace zirvo {
 
 /// The analysis solver's executable, in the program folder.
 inline constexpr const char* AnalysisSolverName = "ZIRVO_SV12.EXE";
-
-/// Where a report lies while its stamp is put in front of it. A left-over one stops the next run.
-inline constexpr const char* StampTemporaryName = "ZIRVO_SV.TMP";
 
 struct SolverRunRequest {
     std::string InputFileName;      ///< ".eva"; the names inside it must be the two below

@@ -10,18 +10,18 @@
 #include <variant>
 #include <vector>
 
-#include "analysis/data_findings.h"
-#include "analysis/pavement_rules.h"
-#include "analysis/solver_process.h"
 #include "analysis/solver_run.h"
 #include "batch/input_file.h"
+#include "pavement/data_findings.h"
+#include "pavement/pavement_rules.h"
+#include "pavement/solver_process.h"
 #include "platform/code_page.h"
 #include "platform/files.h"
 #include "platform/process.h"
-#include "shell/catalogue.h"
-#include "shell/file_helpers.h"
 #include "solver/io/report_names.h"
 #include "solver/io/solver_input.h"
+#include "text/catalogue.h"
+#include "text/file_helpers.h"
 
 namespace zirvo::batch {
 namespace {

@@ -1,8 +1,8 @@
 // `zirvo-batch check`, see check_command.h.
 #include "batch/check_command.h"
 
-#include "analysis/analysis_input.h"
-#include "graphics/graphics_input.h"
+#include "pavement/analysis_input.h"
+#include "pavement/graphics_input.h"
 
 namespace zirvo::batch {
 namespace {

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "analysis/data_findings.h"
 #include "batch/command_line.h"
 #include "batch/console.h"
+#include "pavement/data_findings.h"
 
 namespace zirvo::batch {
 

@@ -7,9 +7,9 @@
 #include <CLI/CLI.hpp>
 
 #include "batch/option_texts.h"
-#include "shell/catalogue.h"
-#include "shell/version_stamp.h"
 #include "solver/io/report_names.h"
+#include "text/catalogue.h"
+#include "text/version_stamp.h"
 
 namespace zirvo::batch {
 namespace {

@@ -4,10 +4,10 @@
 #include <variant>
 #include <vector>
 
-#include "analysis/pavement_model.h"
 #include "base/int16.h"
 #include "batch/console.h"
 #include "batch/map_options.h"
+#include "pavement/pavement_model.h"
 #include "solver/io/unit_systems.h"
 
 namespace zirvo::batch {

@@ -15,9 +15,9 @@
 #include "graphics/section_plot.h"
 #include "platform/code_page.h"
 #include "platform/files.h"
-#include "shell/catalogue.h"
-#include "shell/file_helpers.h"
-#include "shell/number_text.h"
+#include "text/catalogue.h"
+#include "text/file_helpers.h"
+#include "text/number_text.h"
 
 namespace zirvo::batch {
 namespace {

@@ -10,8 +10,8 @@
 
 #include "batch/option_texts.h"
 #include "contour/display_rules.h"
-#include "shell/number_grammar.h"
 #include "solver/io/report_names.h"
+#include "text/number_grammar.h"
 
 namespace zirvo::batch {
 namespace {

@@ -4,10 +4,10 @@
 #include <optional>
 #include <string>
 
-#include "analysis/pavement_model.h"
 #include "base/int16.h"
 #include "contour/contour_map.h"
 #include "graphics/section.h"
+#include "pavement/pavement_model.h"
 
 namespace CLI {
 class App;

@@ -7,18 +7,18 @@
 #include <utility>
 #include <vector>
 
-#include "analysis/pavement_rules.h"
 #include "base/runtime_fault.h"
 #include "dialogs/common_dialog.h"
 #include "grid/grid_sizing.h"
-#include "shell/catalogue.h"
+#include "pavement/pavement_rules.h"
 #include "shell/data_screen.h"
-#include "shell/file_helpers.h"
 #include "shell/form2.h"
 #include "shell/layout.h"
-#include "shell/number_text.h"
 #include "shell/screen_language.h"
-#include "shell/version_stamp.h"
+#include "text/catalogue.h"
+#include "text/file_helpers.h"
+#include "text/number_text.h"
+#include "text/version_stamp.h"
 
 namespace zirvo {
 namespace {

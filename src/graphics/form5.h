@@ -8,8 +8,8 @@
 #include "forms/application.h"
 #include "forms/form.h"
 #include "forms/ms_flex_grid.h"
-#include "graphics/graphics_input.h"
 #include "grid/cls_flex_grid_edit.h"
+#include "pavement/graphics_input.h"
 #include "platform/files.h"
 
 namespace zirvo {

@@ -9,13 +9,13 @@
 
 #include "dialogs/common_dialog.h"
 #include "graphics/form5.h"
-#include "shell/catalogue.h"
 #include "shell/combo_auto_complete.h"
 #include "shell/form2.h"
 #include "shell/layout.h"
-#include "shell/number_text.h"
 #include "shell/screen_language.h"
-#include "shell/version_stamp.h"
+#include "text/catalogue.h"
+#include "text/number_text.h"
+#include "text/version_stamp.h"
 
 namespace zirvo {
 namespace {

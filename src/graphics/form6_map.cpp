@@ -3,7 +3,7 @@
 #include "contour/number_format.h"
 #include "contour/point_overlays.h"
 #include "graphics/form6.h"
-#include "shell/number_text.h"
+#include "text/number_text.h"
 
 namespace zirvo {
 namespace {

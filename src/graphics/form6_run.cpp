@@ -4,8 +4,8 @@
 #include "graphics/form5.h"
 #include "graphics/form6.h"
 #include "shell/form2.h"
-#include "shell/number_text.h"
-#include "shell/version_stamp.h"
+#include "text/number_text.h"
+#include "text/version_stamp.h"
 
 namespace zirvo {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "contour/contour_map.h"
 #include "contour/fixed_point4.h"
-#include "graphics/graphics_input.h"
+#include "pavement/graphics_input.h"
 
 namespace zirvo {
 

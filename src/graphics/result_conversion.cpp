@@ -6,16 +6,15 @@
 #include <fstream>
 #include <vector>
 
-#include "analysis/pavement_blocks.h"
-#include "analysis/solver_run.h"
 #include "base/runtime_fault.h"
 #include "graphics/point_grid.h"
+#include "pavement/pavement_blocks.h"
 #include "platform/files.h"
 #include "platform/open_file.h"
-#include "shell/file_helpers.h"
-#include "shell/number_text.h"
-#include "shell/text_fields.h"
-#include "shell/version_stamp.h"
+#include "text/file_helpers.h"
+#include "text/number_text.h"
+#include "text/text_fields.h"
+#include "text/version_stamp.h"
 
 namespace zirvo {
 

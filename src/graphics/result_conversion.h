@@ -6,9 +6,9 @@
 #pragma once
 #include <string>
 
-#include "analysis/pavement_model.h"
 #include "base/int16.h"
 #include "graphics/section.h"
+#include "pavement/pavement_model.h"
 
 namespace zirvo {
 

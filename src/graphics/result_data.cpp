@@ -13,8 +13,8 @@
 #include "contour/refinement.h"
 #include "graphics/point_grid.h"
 #include "platform/open_file.h"
-#include "shell/number_text.h"
-#include "shell/text_fields.h"
+#include "text/number_text.h"
+#include "text/text_fields.h"
 
 namespace zirvo {
 

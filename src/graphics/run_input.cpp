@@ -4,12 +4,12 @@
 #include <array>
 #include <vector>
 
-#include "analysis/pavement_blocks.h"
-#include "analysis/pavement_rules.h"
 #include "base/runtime_fault.h"
 #include "contour/rounding.h"
+#include "pavement/pavement_blocks.h"
+#include "pavement/pavement_rules.h"
 #include "platform/files.h"
-#include "shell/number_text.h"
+#include "text/number_text.h"
 
 namespace zirvo {
 

@@ -3,9 +3,9 @@
 #pragma once
 #include <string>
 
-#include "analysis/pavement_model.h"
 #include "graphics/point_grid.h"
 #include "graphics/section.h"
+#include "pavement/pavement_model.h"
 
 namespace zirvo {
 

@@ -2,7 +2,7 @@
 #include "graphics/section.h"
 
 #include "base/runtime_fault.h"
-#include "shell/catalogue.h"
+#include "text/catalogue.h"
 
 namespace zirvo {
 

@@ -2,7 +2,7 @@
 #include "graphics/section_plot.h"
 
 #include "graphics/result_conversion.h"
-#include "shell/version_stamp.h"
+#include "text/version_stamp.h"
 
 namespace zirvo {
 namespace {

@@ -3,7 +3,7 @@
 
 #include "graphics/run_input.h"
 #include "platform/files.h"
-#include "shell/file_helpers.h"
+#include "text/file_helpers.h"
 
 namespace zirvo {
 

@@ -3,9 +3,9 @@
 #pragma once
 #include <string>
 
-#include "analysis/pavement_model.h"
-#include "analysis/solver_process.h"
 #include "base/int16.h"
+#include "pavement/pavement_model.h"
+#include "pavement/solver_process.h"
 #include "platform/process.h"
 
 namespace zirvo {

@@ -2,7 +2,7 @@
 #include "shell/data_screen.h"
 
 #include "shell/layout.h"
-#include "shell/number_text.h"
+#include "text/number_text.h"
 
 namespace zirvo {
 

@@ -3,10 +3,10 @@
 
 #include <string>
 
-#include "shell/catalogue.h"
 #include "shell/layout.h"
 #include "shell/start_notes.h"
-#include "shell/version_stamp.h"
+#include "text/catalogue.h"
+#include "text/version_stamp.h"
 
 namespace zirvo {
 namespace {

@@ -6,11 +6,11 @@
 #include <utility>
 
 #include "dialogs/common_dialog.h"
-#include "shell/catalogue.h"
 #include "shell/layout.h"
 #include "shell/screen_language.h"
 #include "shell/settings.h"
-#include "shell/version_stamp.h"
+#include "text/catalogue.h"
+#include "text/version_stamp.h"
 
 namespace zirvo {
 namespace {

@@ -5,7 +5,7 @@
 #include "shell/layout.h"
 #include "shell/start_notes.h"
 #include "shell/update_history.h"
-#include "shell/version_stamp.h"
+#include "text/version_stamp.h"
 
 namespace zirvo {
 

@@ -2,7 +2,7 @@
 #include "shell/layout.h"
 
 #include "forms/combo_box.h"
-#include "shell/number_text.h"
+#include "text/number_text.h"
 
 namespace zirvo {
 namespace {

@@ -6,7 +6,7 @@
 #include "base/int16.h"
 #include "forms/form.h"
 #include "platform/files.h"
-#include "shell/catalogue.h"
+#include "text/catalogue.h"
 
 namespace zirvo {
 

@@ -5,9 +5,9 @@
 
 #include "platform/code_page.h"
 #include "platform/open_file.h"
-#include "shell/file_helpers.h"
-#include "shell/number_text.h"
-#include "shell/text_fields.h"
+#include "text/file_helpers.h"
+#include "text/number_text.h"
+#include "text/text_fields.h"
 
 namespace zirvo {
 

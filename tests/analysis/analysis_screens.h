@@ -8,16 +8,16 @@
 #include <string>
 #include <vector>
 
-#include "analysis/analysis_input.h"
 #include "analysis/form3.h"
 #include "analysis/form4.h"
-#include "analysis/scripted_process.h"
-#include "analysis/support.h"
 #include "forms/screen_helpers.h"
 #include "forms/scripted_desktop.h"
-#include "shell/catalogue.h"
+#include "pavement/analysis_input.h"
+#include "pavement/scripted_process.h"
+#include "pavement/support.h"
 #include "shell/form1.h"
 #include "shell/form2.h"
+#include "text/catalogue.h"
 
 namespace zirvo::test {
 

@@ -110,6 +110,13 @@ TEST_F(Form3Import, AnyAnswerButNoMeansUpdate) {
     EXPECT_TRUE(Form.MSFlexGrid1.Enabled);
 }
 
+TEST_F(Form3Import, NoDisablesTheBarsAndGridsWhateverTheyWere) {
+    Screens.Desktop.OnBox = [&](const forms::Message&) { Form.EnableScrollBars(true); };
+    Screens.ImportAndAnswer(Answer::No);
+    EXPECT_FALSE(Form.VScroll1.Enabled || Form.VScroll2.Enabled || Form.VScroll3.Enabled);
+    EXPECT_FALSE(Form.MSFlexGrid1.Enabled || Form.MSFlexGrid2.Enabled || Form.MSFlexGrid3.Enabled);
+}
+
 TEST_F(Form3Import, TheQuestionComesWhenTheDataStands) {
     std::string seen;
     Screens.Desktop.OnBox = [&](const forms::Message&) { seen = Form.MSFlexGrid3.TextMatrix(1, 4); };

@@ -6,7 +6,7 @@
 
 #include "analysis/analysis_screens.h"
 #include "platform/files.h"
-#include "shell/file_helpers.h"
+#include "text/file_helpers.h"
 
 namespace zirvo {
 namespace {

@@ -146,6 +146,12 @@ TEST_F(Form4Test, ViewAllBehindSubDivisionsIsTheFileAgain) {
     EXPECT_EQ(Contents(), Stamped(Report));
 }
 
+TEST_F(Form4Test, ViewAllEnablesTheBox) {
+    Form().txtContents.Enabled = false;
+    Form().Option1.UserClick();
+    EXPECT_TRUE(Form().txtContents.Enabled);
+}
+
 TEST_F(Form4Test, EveryClickReadsTheFileAgain) {
     PutFile("Untitled.bre", "changed meanwhile\r\n");
     Form().Option1.UserClick();
@@ -224,6 +230,18 @@ TEST_F(Form4Test, PreviousWithYesTouchesNeitherPreviousNorClearNorTheOptions) {
     EXPECT_FALSE(data.Command4.Enabled);
     EXPECT_TRUE(data.Option1.Enabled);
     EXPECT_FALSE(data.Option2.Enabled);
+}
+
+TEST_F(Form4Test, PreviousWithYesLeavesDataOkAsTheOnlyStepOn) {
+    Form3& data = Screens.Data();
+    data.Command5.Enabled = false;
+    data.Command6.Enabled = true;
+    data.Command7.Enabled = true;
+    Screens.Desktop.Answers.push_back(Answer::Yes);
+    Form().Command2.UserClick();
+    EXPECT_TRUE(data.Command5.Enabled);
+    EXPECT_FALSE(data.Command6.Enabled);
+    EXPECT_FALSE(data.Command7.Enabled);
 }
 
 TEST_F(Form4Test, PreviousWithNoTouchesNeitherTheBarsNorDataOkNorSave) {

@@ -5,16 +5,16 @@
 #include <memory>
 #include <tuple>
 
-#include "analysis/analysis_input.h"
 #include "analysis/report_view.h"
-#include "analysis/solver_process.h"
 #include "analysis/solver_run.h"
-#include "analysis/support.h"
 #include "base/fault_of.h"
 #include "base/utf8.h"
+#include "pavement/analysis_input.h"
+#include "pavement/solver_process.h"
+#include "pavement/support.h"
 #include "platform/code_page.h"
 #include "platform/files.h"
-#include "shell/catalogue.h"
+#include "text/catalogue.h"
 
 namespace zirvo {
 namespace {

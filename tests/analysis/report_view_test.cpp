@@ -5,8 +5,8 @@
 
 #include <chrono>
 
-#include "analysis/support.h"
 #include "base/fault_of.h"
+#include "pavement/support.h"
 
 namespace zirvo {
 namespace {

@@ -7,10 +7,10 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "analysis/scripted_process.h"
-#include "analysis/support.h"
 #include "base/fault_of.h"
 #include "base/runtime_fault.h"
+#include "pavement/scripted_process.h"
+#include "pavement/support.h"
 #include "platform/files.h"
 #include "platform/in_child.h"
 

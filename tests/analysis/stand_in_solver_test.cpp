@@ -9,8 +9,8 @@
 #include <filesystem>
 
 #include "analysis/solver_run.h"
-#include "analysis/support.h"
 #include "base/fault_of.h"
+#include "pavement/support.h"
 #include "platform/files.h"
 
 namespace zirvo {

@@ -7,10 +7,10 @@
 #include <map>
 #include <sstream>
 
-#include "analysis/analysis_input.h"
 #include "batch/work_folder.h"
-#include "graphics/graphics_input.h"
-#include "shell/catalogue.h"
+#include "pavement/analysis_input.h"
+#include "pavement/graphics_input.h"
+#include "text/catalogue.h"
 
 namespace zirvo::test {
 namespace {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "graphics/screens.h"
-#include "graphics/support.h"
+#include "pavement/graphics_example.h"
 
 namespace zirvo {
 namespace {

@@ -4,9 +4,9 @@
 
 #include <array>
 
-#include "analysis/scripted_process.h"
 #include "graphics/screens.h"
-#include "graphics/support.h"
+#include "pavement/graphics_example.h"
+#include "pavement/scripted_process.h"
 
 namespace zirvo {
 namespace {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/fault_of.h"
-#include "graphics/support.h"
+#include "pavement/graphics_example.h"
 
 namespace zirvo {
 namespace {

@@ -8,8 +8,8 @@
 #include "graphics/result_conversion.h"
 #include "graphics/run_input.h"
 #include "graphics/section_run.h"
-#include "graphics/support.h"
-#include "shell/catalogue.h"
+#include "pavement/graphics_example.h"
+#include "text/catalogue.h"
 
 namespace zirvo {
 namespace {

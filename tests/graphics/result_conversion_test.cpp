@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "analysis/support.h"
 #include "base/fault_of.h"
-#include "graphics/support.h"
+#include "pavement/graphics_example.h"
+#include "pavement/support.h"
 #include "platform/in_child.h"
 
 namespace zirvo {

@@ -8,7 +8,7 @@
 
 #include "base/fault_of.h"
 #include "graphics/point_grid.h"
-#include "graphics/support.h"
+#include "pavement/graphics_example.h"
 
 namespace zirvo {
 namespace {

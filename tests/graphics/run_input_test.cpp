@@ -6,9 +6,9 @@
 #include <filesystem>
 
 #include "base/fault_of.h"
-#include "graphics/support.h"
+#include "pavement/graphics_example.h"
 #include "platform/in_child.h"
-#include "shell/catalogue.h"
+#include "text/catalogue.h"
 
 namespace zirvo {
 namespace {

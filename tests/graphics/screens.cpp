@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "graphics/support.h"
-#include "shell/number_text.h"
+#include "pavement/graphics_example.h"
+#include "text/number_text.h"
 
 namespace zirvo::test {
 

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "analysis/support.h"
 #include "base/runtime_fault.h"
 #include "contour/recording_surface.h"
 #include "forms/application.h"
@@ -15,9 +14,10 @@
 #include "forms/scripted_desktop.h"
 #include "graphics/form5.h"
 #include "graphics/form6.h"
-#include "shell/catalogue.h"
+#include "pavement/support.h"
 #include "shell/form1.h"
 #include "shell/form2.h"
+#include "text/catalogue.h"
 
 namespace zirvo::test {
 

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "contour/recording_surface.h"
-#include "graphics/support.h"
-#include "shell/catalogue.h"
+#include "pavement/graphics_example.h"
+#include "text/catalogue.h"
 
 namespace zirvo {
 namespace {

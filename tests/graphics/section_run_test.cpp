@@ -6,9 +6,9 @@
 
 #include <filesystem>
 
-#include "analysis/scripted_process.h"
-#include "analysis/support.h"
 #include "base/fault_of.h"
+#include "pavement/scripted_process.h"
+#include "pavement/support.h"
 #include "platform/files.h"
 #include "platform/in_child.h"
 

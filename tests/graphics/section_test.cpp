@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "base/fault_of.h"
-#include "shell/catalogue.h"
+#include "text/catalogue.h"
 
 namespace zirvo {
 namespace {

@@ -5,14 +5,14 @@
 #include <memory>
 #include <sstream>
 
-#include "analysis/analysis_input.h"
 #include "batch/work_folder.h"
-#include "graphics/graphics_input.h"
 #include "graphics/section_plot.h"
 #include "help/manual.h"
+#include "pavement/analysis_input.h"
+#include "pavement/graphics_input.h"
 #include "platform/files.h"
-#include "shell/catalogue.h"
-#include "shell/number_text.h"
+#include "text/catalogue.h"
+#include "text/number_text.h"
 
 namespace zirvo::test {
 namespace {

@@ -5,8 +5,8 @@
 #include "help/manual.h"
 #include "platform/code_page.h"
 #include "platform/files.h"
-#include "shell/catalogue.h"
 #include "shell/settings.h"
+#include "text/catalogue.h"
 
 namespace zirvo::test {
 namespace {

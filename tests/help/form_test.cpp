@@ -9,7 +9,7 @@
 
 #include "help/manual.h"
 #include "platform/files.h"
-#include "shell/catalogue.h"
+#include "text/catalogue.h"
 
 namespace zirvo::test {
 namespace {

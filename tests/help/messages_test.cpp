@@ -4,14 +4,14 @@
 #include <initializer_list>
 #include <limits>
 
-#include "analysis/pavement_rules.h"
 #include "base/runtime_fault.h"
 #include "contour/display_rules.h"
 #include "graphics/point_grid.h"
 #include "graphics/section.h"
 #include "help/manual.h"
-#include "shell/catalogue.h"
-#include "shell/number_text.h"
+#include "pavement/pavement_rules.h"
+#include "text/catalogue.h"
+#include "text/number_text.h"
 
 namespace zirvo::test {
 namespace {

@@ -9,7 +9,7 @@
 #include "platform/temporary_folder.h"
 #include "qt/image_surface.h"
 #include "qt/picture_files.h"
-#include "shell/catalogue.h"
+#include "text/catalogue.h"
 
 namespace zirvo {
 namespace {

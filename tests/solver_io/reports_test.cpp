@@ -9,8 +9,8 @@
 
 #include "base/utf8.h"
 #include "platform/code_page.h"
-#include "shell/csv_line.h"
 #include "solver_io/support.h"
+#include "text/csv_line.h"
 
 namespace zirvo::solver {
 namespace {

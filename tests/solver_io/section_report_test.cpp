@@ -10,9 +10,9 @@
 #include <sstream>
 
 #include "platform/code_page.h"
-#include "shell/csv_line.h"
-#include "shell/text_fields.h"
 #include "solver_io/support.h"
+#include "text/csv_line.h"
+#include "text/text_fields.h"
 
 namespace zirvo::solver {
 namespace {

@@ -5,8 +5,8 @@
 
 #include "base/runtime_fault.h"
 #include "platform/code_page.h"
-#include "shell/text_fields.h"
 #include "solver/io/row_reader.h"
+#include "text/text_fields.h"
 
 namespace zirvo::solver {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <iostream>
 
-#include "shell/version_stamp.h"
+#include "text/version_stamp.h"
 
 namespace zirvo::solver {
 

@@ -17,7 +17,7 @@
 #include <cstring>
 
 #include "base/decimal15.h"
-#include "shell/number_text.h"
+#include "text/number_text.h"
 
 namespace zirvo::solver {
 namespace {

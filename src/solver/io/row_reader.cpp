@@ -5,7 +5,7 @@
 #include <limits>
 #include <numeric>
 
-#include "shell/number_grammar.h"
+#include "text/number_grammar.h"
 
 namespace zirvo::solver {
 namespace {

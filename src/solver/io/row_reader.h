@@ -16,7 +16,7 @@
 #include <string>
 #include <string_view>
 
-#include "shell/text_fields.h"
+#include "text/text_fields.h"
 
 namespace zirvo::solver {
 

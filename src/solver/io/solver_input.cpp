@@ -7,9 +7,9 @@
 
 #include "base/runtime_fault.h"
 #include "platform/code_page.h"
-#include "shell/number_text.h"
 #include "solver/io/report_columns.h"
 #include "solver/io/row_reader.h"
+#include "text/number_text.h"
 
 namespace zirvo::solver {
 namespace {

@@ -16,7 +16,7 @@
 #include <utility>
 
 #include "qt/widgets/shown_form.h"
-#include "shell/catalogue.h"
+#include "text/catalogue.h"
 
 namespace zirvo::widgets {
 namespace {

@@ -1,0 +1,228 @@
+// Reading and checking the graphics input file: what passes, what is refused, in which order, and where the focus goes.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "pavement/graphics_example.h"
+#include "pavement/graphics_input.h"
+#include "text/catalogue.h"
+
+namespace zirvo {
+namespace {
+
+using Status = GraphicsInputStatus;
+using test::ExampleData;
+using test::ExampleVen;
+using test::Replaced;
+
+GraphicsInputResult Read(const std::string& bytes) {
+    std::istringstream stream(bytes);
+    return ReadGraphicsInput(stream);
+}
+
+std::vector<std::string> Check(const std::string& bytes) {
+    std::istringstream stream(bytes);
+    std::vector<std::string> texts;
+    for (const Finding& finding : CheckGraphicsInput(stream)) {
+        texts.push_back(FindingText(finding));
+    }
+    return texts;
+}
+
+/// A file of these counts and rows.
+std::string FileOf(const std::string& counts, const std::string& layers, const std::string& loads) {
+    return "heading\r\n" + counts + "\r\n\r\nheading\r\nheading\r\n" + layers + "\r\nheading\r\nheading\r\n" + loads;
+}
+
+std::string Repeat(const std::string& row, int count) {
+    std::string rows;
+    for (int i = 0; i < count; ++i) {
+        rows += row;
+    }
+    return rows;
+}
+
+const char* const Layer = "1000 0.35 10 0\r\n";
+const char* const LastLayer = "100 0.4\r\n";
+const char* const Load = "49 15 0 0 0 0\r\n";
+
+/// What the user is told, and where the focus goes: to QUIT for wrong values, nowhere for a file that does not read.
+void ExpectRefused(const std::string& bytes, Status status, const std::string& finding) {
+    const GraphicsInputResult result = Read(bytes);
+    EXPECT_EQ(result.Status, status) << FindingText(result.Failure);
+    EXPECT_EQ(result.Focus, status == Status::ReadFailed ? ImportFocus::FocusUnchanged : ImportFocus::FocusQuit);
+    EXPECT_FALSE(result.Data.has_value());
+    EXPECT_EQ(FindingText(result.Failure), finding);
+    const std::vector<std::string> all = Check(bytes);
+    ASSERT_FALSE(all.empty()) << "what the reader refuses the check must name";
+    EXPECT_EQ(all.front(), finding);
+}
+
+const std::string NoNumber = "is not a number of the kind that belongs here, or two numbers touch";
+
+TEST(ReadGraphicsInput, TheExampleReads) {
+    const GraphicsInputResult result = Read(ExampleVen());
+    ASSERT_TRUE(result.Passed()) << FindingText(result.Failure);
+    EXPECT_EQ(*result.Data, ExampleData());
+    EXPECT_EQ(result.Focus, ImportFocus::FocusUnchanged);
+    EXPECT_TRUE(Check(ExampleVen()).empty());
+}
+
+TEST(ReadGraphicsInput, EachResultHasItsMessage) {
+    EXPECT_EQ(MessageOf(Status::Passed), 0);
+    EXPECT_EQ(MessageOf(Status::CountsInvalid), 58);
+    EXPECT_EQ(MessageOf(Status::LayerInvalid), 59);
+    EXPECT_EQ(MessageOf(Status::LoadInvalid), 60);
+    EXPECT_EQ(MessageOf(Status::ReadFailed), 0);
+}
+
+TEST(ReadGraphicsInput, AFileOfTheOtherLanguageReads) {
+    const std::string japanese = WriteGraphicsInput(ExampleData(), UnitSystem::KnToMPa, JapaneseBase);
+    EXPECT_EQ(Read(japanese).Data, ExampleData());
+}
+
+TEST(ReadGraphicsInput, ReadsTheFileOfAPath) {
+    const test::WorkFolder folder;
+    test::PutFile("舗装.ven", ExampleVen());
+    EXPECT_EQ(ReadGraphicsInput(folder.Path() + "/舗装.ven").Data, ExampleData());
+    EXPECT_TRUE(CheckGraphicsInput("舗装.ven").empty());
+}
+
+TEST(ReadGraphicsInput, AFileThatCannotBeOpenedIsAQuietFailure) {
+    const test::WorkFolder folder;
+    EXPECT_EQ(ReadGraphicsInput("none.ven").Status, Status::ReadFailed);
+    EXPECT_EQ(FindingText(ReadGraphicsInput("none.ven").Failure), "file: File not found");
+    EXPECT_EQ(FindingText(ReadGraphicsInput(folder.Path()).Failure), "file: Path/File access error");
+    EXPECT_EQ(CheckGraphicsInput("none.ven").size(), 1u);
+    test::PutFile("empty.ven", "");
+    EXPECT_EQ(ReadGraphicsInput("empty.ven").Status, Status::ReadFailed);
+}
+
+TEST(ReadGraphicsInput, ARowBrokenOverLinesReadsAsIfItStoodOnOne) {
+    EXPECT_EQ(Read(FileOf("2\r\n\r\n1", "35000\r\n0.35\r\n5 0 1000\r\n0.4\r\n", "5000 15\r\n0 0\r\n0 0\r\n")).Data,
+              ExampleData());
+}
+
+TEST(ReadGraphicsInput, HeadingsMayBeAnythingThatIsOneLineWithoutAComma) {
+    EXPECT_TRUE(Read(Replaced(ExampleVen(), "LOAD POINT", "")).Passed());
+    EXPECT_TRUE(Read(Replaced(ExampleVen(), "LAYERS", "道路")).Passed());
+    EXPECT_TRUE(Read(Replaced(ExampleVen(), "LOAD POINT", "\"in quotes, with a comma\"")).Passed());
+}
+
+TEST(ReadGraphicsInput, ACommaInAHeadingShiftsTheRestOfTheRead) {
+    ExpectRefused(Replaced(ExampleVen(), "LOAD POINT", "LOAD, POINT"), Status::ReadFailed,
+                  "load 1, VerticalLoad: " + NoNumber);
+    ExpectRefused(Replaced(ExampleVen(), "LAYERS", "LAYERS,"), Status::ReadFailed, "counts, LayerCount: " + NoNumber);
+}
+
+TEST(ReadGraphicsInput, WhatStandsBehindTheLastLoadDoesNotMatter) {
+    EXPECT_EQ(Read(ExampleVen() + "anything, \"at all").Data, ExampleData());
+}
+
+TEST(ReadGraphicsInput, ACountOfZeroIsInvalid) {
+    ExpectRefused(FileOf("0 1", "", Load), Status::CountsInvalid, "counts, LayerCount 0: is 0");
+    ExpectRefused(FileOf("1 0", LastLayer, ""), Status::CountsInvalid, "counts, LoadCount 0: is 0");
+}
+
+TEST(ReadGraphicsInput, TheThreeTextsBehindTheCountsAreReadBeforeTheCountsAreJudged) {
+    EXPECT_EQ(Read("heading\r\n0 0\r\n\r\nheading\r\nheading\r\n").Status, Status::CountsInvalid);
+    EXPECT_EQ(Read("heading\r\n0 0\r\n\r\nheading\r\n").Status, Status::ReadFailed);
+    EXPECT_EQ(Read("heading\r\n0 0\r\n").Status, Status::ReadFailed);
+}
+
+TEST(ReadGraphicsInput, NegativeCountsAndThoseBeyondSixteenBitsFailQuietly) {
+    ExpectRefused(FileOf("-1 1", LastLayer, Load), Status::ReadFailed, "counts, LayerCount -1: is below 0");
+    ExpectRefused(FileOf("0 -1", LastLayer, Load), Status::ReadFailed, "counts, LoadCount -1: is below 0");
+    ExpectRefused(FileOf("40000 1", LastLayer, Load), Status::ReadFailed,
+                  "counts, LayerCount: is outside -32768 to 32767");
+    ExpectRefused(FileOf("1.0 1", LastLayer, Load), Status::ReadFailed, "counts, LayerCount: " + NoNumber);
+}
+
+TEST(ReadGraphicsInput, LimitsThemselvesPassAndBeyondThemTheLayerFails) {
+    EXPECT_TRUE(Read(FileOf("2 1", "1 0.5 1e-9 0.99\r\n" + std::string(LastLayer), Load)).Passed());
+    EXPECT_TRUE(Read(FileOf("2 1", "1 0.3 10 0\r\n1 0.5\r\n", Load)).Passed());
+    struct Row {
+        const char* Layers;
+        const char* Finding;
+    };
+    for (const Row& row : {Row{"1 0.51 10 0\r\n1 0.4", "layer 1, PoissonRatio 0.51: is above 0.5"},
+                           Row{"1 0.4 10 0.991\r\n1 0.4", "layer 1, SlipRate 0.991: is above 0.99"},
+                           Row{"1 0.4 10 -0.1\r\n1 0.4", "layer 1, SlipRate -0.1: is below 0"},
+                           Row{"1 0 10 0\r\n1 0.4", "layer 1, PoissonRatio 0: is not above 0"},
+                           Row{"0 0.4 10 0\r\n1 0.4", "layer 1, Modulus 0: is not above 0"},
+                           Row{"1 0.4 0 0\r\n1 0.4", "layer 1, Thickness 0: is not above 0"},
+                           Row{"1 0.4 10 0\r\n1 0.51", "layer 2, PoissonRatio 0.51: is above 0.5"},
+                           Row{"1 0.4 10 0\r\n-1 0.4", "layer 2, Modulus -1: is not above 0"}}) {
+        ExpectRefused(FileOf("2 1", row.Layers + std::string("\r\n"), Load), Status::LayerInvalid, row.Finding);
+    }
+}
+
+TEST(ReadGraphicsInput, ALoadNeedsARadiusAndOneOfItsTwoForces) {
+    EXPECT_TRUE(Read(FileOf("1 1", LastLayer, "0 15 0 0 10 0\r\n")).Passed());
+    EXPECT_TRUE(Read(FileOf("1 1", LastLayer, "-5 15 -1E9 1E9 0 -720\r\n")).Passed());
+    ExpectRefused(FileOf("1 1", LastLayer, "0 15 0 0 0 0\r\n"), Status::LoadInvalid,
+                  "load 1, VerticalLoad 0: is 0, and so is HorizontalLoad: the load does nothing");
+    ExpectRefused(FileOf("1 1", LastLayer, "5 0 0 0 5 0\r\n"), Status::LoadInvalid, "load 1, Radius 0: is not above 0");
+    ExpectRefused(FileOf("1 1", LastLayer, "5 -15 0 0 5 0\r\n"), Status::LoadInvalid,
+                  "load 1, Radius -15: is not above 0");
+}
+
+TEST(ReadGraphicsInput, TheFirstFailureDecidesAndLaterRowsAreNotRead) {
+    ExpectRefused(FileOf("3 1", "1 0.6 10 0\r\nrubbish", ""), Status::LayerInvalid,
+                  "layer 1, PoissonRatio 0.6: is above 0.5");
+    ExpectRefused(FileOf("1 2", LastLayer, "0 0 0 0 0 0\r\nrubbish"), Status::LoadInvalid,
+                  "load 1, VerticalLoad 0: is 0, and so is HorizontalLoad: the load does nothing");
+}
+
+TEST(ReadGraphicsInput, AHundredRowsAreReadAndTheHundredAndFirstStopsWithoutAWord) {
+    EXPECT_TRUE(Read(FileOf("100 100", Repeat(Layer, 99) + LastLayer, Repeat(Load, 100))).Passed());
+    ExpectRefused(FileOf("101 1", Repeat(Layer, 100) + LastLayer, Load), Status::ReadFailed,
+                  "layer 101: more rows than an analysis can have");
+    ExpectRefused(FileOf("1 101", LastLayer, Repeat(Load, 101)), Status::ReadFailed,
+                  "load 101: more rows than an analysis can have");
+    // It stops at the row, not at the count: an earlier row that fails is told.
+    ExpectRefused(FileOf("101 1", "1 0.6 1 0\r\n" + Repeat(Layer, 99) + LastLayer, Load), Status::LayerInvalid,
+                  "layer 1, PoissonRatio 0.6: is above 0.5");
+}
+
+TEST(ReadGraphicsInput, WordsForNumbersFailQuietly) {
+    ExpectRefused(Replaced(ExampleVen(), "0.35", "soft"), Status::ReadFailed, "layer 1, PoissonRatio: " + NoNumber);
+    ExpectRefused(Replaced(ExampleVen(), "      5000", "     heavy"), Status::ReadFailed,
+                  "load 1, VerticalLoad: " + NoNumber);
+    ExpectRefused(Replaced(ExampleVen(), "35000", "  nan"), Status::ReadFailed, "layer 1, Modulus: " + NoNumber);
+}
+
+TEST(ReadGraphicsInput, AFileCutAtAnyByteReadsOrFailsQuietly) {
+    const std::string whole = ExampleVen();
+    const std::size_t lastNumber = whole.rfind('0');
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        const GraphicsInputResult result = Read(whole.substr(0, length));
+        if (length > lastNumber) {
+            EXPECT_EQ(result.Data, ExampleData());
+        } else {
+            // Nowhere in the example does a cut number end as a value that a rule refuses and more follows.
+            EXPECT_NE(result.Status, Status::Passed) << length;
+            EXPECT_FALSE(result.Data.has_value());
+        }
+        EXPECT_EQ(Check(whole.substr(0, length)).empty(), result.Passed()) << length;
+    }
+}
+
+TEST(CheckGraphicsInput, NamesEveryFailingRowAndValue) {
+    EXPECT_EQ(
+        Check(FileOf("2 2", "0 0.6 10 1\r\n1 0\r\n", "5 0 0 0 0 0\r\n0 15 0 0 0 0\r\n")),
+        (std::vector<std::string>{"layer 1, Modulus 0: is not above 0", "layer 1, PoissonRatio 0.6: is above 0.5",
+                                  "layer 1, SlipRate 1: is above 0.99", "layer 2, PoissonRatio 0: is not above 0",
+                                  "load 1, Radius 0: is not above 0",
+                                  "load 2, VerticalLoad 0: is 0, and so is HorizontalLoad: the load does nothing"}));
+    EXPECT_EQ(Check(FileOf("0 0", "", "")),
+              (std::vector<std::string>{"counts, LayerCount 0: is 0", "counts, LoadCount 0: is 0"}));
+}
+
+TEST(CheckGraphicsInput, GoesOnUntilTheFileCannotBeToldApart) {
+    EXPECT_EQ(Check(FileOf("2 1", "1 0.6 10 0\r\nrubbish", Load)),
+              (std::vector<std::string>{"layer 1, PoissonRatio 0.6: is above 0.5", "layer 2, Modulus: " + NoNumber}));
+}
+
+}  // namespace
+}  // namespace zirvo
