@@ -1,317 +1,173 @@
-// The handlers of the data screen, see form3.h; its layout stands in form3_layout.cpp, the import and the run in
-// form3_files.cpp.
+// The steps of the data screen that are its own, see form3.h; those of every data screen stand in
+// shell/data_screen.cpp, its layout in form3_layout.cpp.
 #include "analysis/form3.h"
 
+#include <initializer_list>
+#include <optional>
 #include <utility>
 
-#include "grid/grid_sizing.h"
+#include "analysis/form4.h"
 #include "pavement/analysis_input.h"
+#include "pavement/solver_process.h"
 #include "platform/files.h"
-#include "shell/data_screen.h"
-#include "shell/form2.h"
-#include "shell/layout.h"
 #include "shell/screen_language.h"
-#include "text/catalogue.h"
 #include "text/file_helpers.h"
 #include "text/number_text.h"
-#include "text/version_stamp.h"
 
 namespace zirvo {
 
-Form3::Form3(forms::Application& application, ProcessService& processes, std::string programFolder)
-    : Form(application, FormName), processes_(processes), programFolder_(std::move(programFolder)) {
-    LayOut();
-    BindEvents();
-}
+using forms::Icon;
 
-// Load --------------------------------------------------------------------------------------------------------------
+Form3::Form3(forms::Application& application, ProcessService& processes, std::string programFolder)
+    : DataScreen(application, FormName, std::move(programFolder)), processes_(processes) {
+    LayOut();
+    Bind({.Option1 = Option1,
+          .Option2 = Option2,
+          .Command1 = Command1,
+          .Command3 = Command3,
+          .Command4 = Command4,
+          .Command5 = Command5,
+          .Command6 = Command6,
+          .Command7 = Command7,
+          .Command8 = Command8,
+          .Command9 = Command9,
+          .Tables = {{Label7, VScroll1, MSFlexGrid1, 52},
+                     {Label8, VScroll2, MSFlexGrid2, 53},
+                     {Label9, VScroll3, MSFlexGrid3, 54}},
+          .FileNames = {{Text7, ".eva"}, {Text8, ".bre"}, {Text1, ".san"}}});
+}
 
 void Form3::Form_Load() {
-    Caption = MakeVersionStamp(2);
-    TrimSystemMenu(*this);
-    ScaleToScreen(*this);
-    languageBase_ = LanguageBaseOf(App());
-    SetCaptions();
+    DataScreen::Form_Load();
     Text9.Visible = false;
-
-    Option1.Value = false;
-    Option2.Value = false;
-    for (forms::CommandButton* button : {&Command1, &Command4, &Command5, &Command6, &Command7}) {
-        button->Enabled = false;
-    }
-    EnableBoxes(false);
-    ZeroCounts();
-    NameBoxes("", "", "");
-    ClearColumnHeadings();
-    EnableGrids(false);  // the counts have enabled them
 }
-
-void Form3::SetCaptions() {
-    const auto set = [this](auto& control, Int16 k) { control.Caption = Words(k); };
-    set(Label1, 14);
-    set(Frame1, 15);
-    set(Option1, 16);
-    set(Option2, 17);
-    set(Command1, 18);
-    set(Frame2, 19);
-    set(Label2, 20);
-    set(Label3, 21);
-    set(Label4, 22);
-    set(Frame3, 23);
-    set(Frame4, 24);
-    set(Frame5, 25);
-    set(Frame6, 26);
-    set(Label5, 27);
-    set(Label6, 158);
-    set(Label10, 159);
-    set(Command3, 30);
-    set(Command4, 31);
-    set(Command5, 32);
-    set(Command6, 33);
-    set(Command7, 34);
-    set(Command8, 35);
-    set(Command9, 36);
-}
-// What the controls say ---------------------------------------------------------------------------------------------
-
-std::string Form3::Words(Int16 k) const {
-    return std::string(GetMessage(languageBase_, k));
-}
-
-UnitSystem Form3::Units() const {
-    const Form2& settings = App().Get<Form2>();
-    const auto number = settings.Option1.Value ? 1 : settings.Option2.Value ? 2 : settings.Option3.Value ? 3 : 0;
-    return UnitSystemOf(number);
-}
-
-std::string Form3::WorkFolder() const {
-    return App().Get<Form2>().Label2.Caption;
-}
-
-PavementTexts Form3::TextsFromControls() const {
-    return {.LayerCount = Label7.Caption,
-            .LoadCount = Label8.Caption,
-            .PointCount = Label9.Caption,
-            .InputFileName = Text7.Text,
-            .ResultFileName = Text8.Text,
-            .PrincipalFileName = Text1.Text,
-            .Layers = CellsOf<LayerColumns>(MSFlexGrid1),
-            .Loads = CellsOf<LoadColumns>(MSFlexGrid2),
-            .Points = CellsOf<PointColumns>(MSFlexGrid3)};
-}
-
-// Groups of controls ------------------------------------------------------------------------------------------------
-
-void Form3::EnableBoxes(bool enabled) {
-    Text7.Enabled = enabled;
-    Text8.Enabled = enabled;
-    Text1.Enabled = enabled;
-}
-
-void Form3::EnableScrollBars(bool enabled) {
-    VScroll1.Enabled = enabled;
-    VScroll2.Enabled = enabled;
-    VScroll3.Enabled = enabled;
-}
-
-void Form3::EnableGrids(bool enabled) {
-    MSFlexGrid1.Enabled = enabled;
-    MSFlexGrid2.Enabled = enabled;
-    MSFlexGrid3.Enabled = enabled;
-}
-
-void Form3::ZeroCounts() {
-    Label7.Caption = "0";
-    Label8.Caption = "0";
-    Label9.Caption = "0";
-}
-
-void Form3::ZeroScrollBars() {
-    VScroll1.Value = 0;
-    VScroll2.Value = 0;
-    VScroll3.Value = 0;
-}
-
-void Form3::NameBoxes(const std::string& input, const std::string& results, const std::string& principals) {
-    Text7.Text = input;
-    Text8.Text = results;
-    Text1.Text = principals;
-}
-
-void Form3::SetColumnHeadings() {
-    const auto set = [this](forms::MSFlexGrid& grid, std::span<const Int16> headings) {
-        int col = 1;
-        for (const Int16 k : headings) {
-            grid.SetTextMatrix(0, col++, k == 0 ? "" : Words(k));  // 0: no unit system, neither of a pair
-        }
-        CA_AutosizeCols(grid);
-    };
-    set(MSFlexGrid1, LayerHeadings(Units()));
-    set(MSFlexGrid2, LoadHeadings(Units()));
-    set(MSFlexGrid3, PointHeadings());
-}
-
-void Form3::ClearColumnHeadings() {
-    for (forms::MSFlexGrid* grid : {&MSFlexGrid1, &MSFlexGrid2, &MSFlexGrid3}) {
-        for (int col = 1; col < grid->Cols; ++col) {
-            grid->SetTextMatrix(0, col, "");
-        }
-    }
-}
-
-// Messages ----------------------------------------------------------------------------------------------------------
-
-forms::Answer Form3::Box(Int16 k, forms::Icon picture, forms::Buttons choice) {
-    return World().Show({.Text = Words(k),
-                         .Title = MakeVersionStamp(3),
-                         .Picture = picture,
-                         .Choice = choice,
-                         .Words = LanguageOf(languageBase_)});
-}
-
-void Form3::StopWith(Int16 k) {
-    Box(k, forms::Icon::Exclamation);
-    Box(57, forms::Icon::Stop);
-}
-
-// Buttons -----------------------------------------------------------------------------------------------------------
 
 void Form3::Option1_Click() {  // NEW DATA
-    EnableScrollBars(true);
-    ZeroScrollBars();
-    ZeroCounts();
-    NameBoxes("Untitled.eva", "Untitled.bre", "Untitled.san");
-    EnableBoxes(true);
-    Command1.Enabled = false;
-    Command3.Enabled = true;
-    Command4.Enabled = true;
-    Command5.Enabled = true;
-    SetColumnHeadings();
-    ChangeFolder(WorkFolder());
+    ZeroBars();
+    DataScreen::Option1_Click();
 }
 
 void Form3::Option2_Click() {  // IMPORT FROM FILE
-    EnableScrollBars(false);
-    ZeroCounts();
-    NameBoxes("", "", "");
-    EnableBoxes(false);
-    Command1.Enabled = true;
-    Command1.SetFocus();
-    Command3.Enabled = true;
-    Command4.Enabled = true;
-    Command5.Enabled = false;
+    DataScreen::Option2_Click();
     Command6.Enabled = false;
-    EnableGrids(false);  // the counts have enabled them
-    SetColumnHeadings();
 }
 
-void Form3::Command3_Click() {  // PREVIOUS
-    Unload();
-    App().Show(Form2::FormName);
-}
+// Data --------------------------------------------------------------------------------------------------------------
 
-void Form3::Command4_Click() {  // CLEAR FORM
-    Option1.Enabled = true;
-    Option2.Enabled = true;
-    Option1.Value = false;
-    Option2.Value = false;
-    for (forms::CommandButton* button : {&Command1, &Command4, &Command5, &Command6, &Command7}) {
-        button->Enabled = false;
-    }
-    ZeroCounts();
-    NameBoxes("", "", "");
-    EnableBoxes(false);
-    ZeroScrollBars();  // a bar that was not 0 writes " 0" into its count, and the change enables the grid once more
-    EnableScrollBars(false);
-    for (forms::MSFlexGrid* grid : {&MSFlexGrid1, &MSFlexGrid2, &MSFlexGrid3}) {
-        grid->Row = 0;
-    }
-    ClearColumnHeadings();
+PavementTexts Form3::TextsFromControls() const {
+    return {LoadedPavementTextsFromControls(), Label9.Caption, Text8.Text, Text1.Text,
+            CellsOf<PointColumns>(MSFlexGrid3)};
 }
 
 void Form3::Command5_Click() {  // DATA OK!
     const DataRule failed = ValidateData(TextsFromControls());
     if (failed != DataRule::None) {
-        StopWith(MessageOf(failed));
+        TellRefused(MessageOf(failed));
         return;
     }
-    NameBoxes(NormaliseFileName(Text7.Text.Get(), ".eva"), NormaliseFileName(Text8.Text.Get(), ".bre"),
-              NormaliseFileName(Text1.Text.Get(), ".san"));
-    Option1.Enabled = false;
-    Option2.Enabled = false;
-    Command1.Enabled = false;
-    Command5.Enabled = false;
-    Command6.Enabled = true;
-    Command6.SetFocus();
-    EnableScrollBars(false);
-    EnableBoxes(false);
-    EnableGrids(false);
+    AcceptData();
 }
 
-void Form3::Command8_Click() {  // HELP
-    OpenHelp(*this, programFolder_);
+std::string Form3::FileBytes() const {
+    return WriteAnalysisInput(ModelFromTexts(TextsFromControls()), Units(), LanguageBase());
 }
 
-void Form3::Command9_Click() {  // QUIT
-    App().End();
+// Import ------------------------------------------------------------------------------------------------------------
+
+void Form3::ImportFile() {
+    const std::optional<std::string> name = ChooseFile();
+    if (!name) {
+        return;
+    }
+    if (!FileExists(*name)) {
+        Tell(172, Icon::Stop);
+        return;
+    }
+    AnalysisInputResult input = ReadAnalysisInput(JoinPath(WorkFolder(), *name));
+    if (!input.Passed()) {
+        if (const Int16 k = MessageOf(input.Status); k != 0) {
+            TellRefused(k);
+        }
+        if (input.Focus == ImportFocus::FocusQuit) {
+            Command9.SetFocus();
+        }
+        return;
+    }
+    input.Model->InputFileName = *name;
+    ShowModel(*input.Model);
+    if (AskForUpdate()) {
+        Command6.Enabled = false;
+    }
 }
 
-// Counts ------------------------------------------------------------------------------------------------------------
-
-void Form3::VScroll1_Change() {
-    Label7.Caption = CaptionInteger(VScroll1.Value);
+void Form3::ShowModel(const PavementModel& model) {
+    ShowLoadedPavement(model);
+    Label9.Caption = CaptionInteger(model.PointCount);  // gives its grid the rows
+    VScroll3.Value = model.PointCount;
+    for (int i = 1; i <= model.PointCount; ++i) {
+        const InterestPoint& point = model.Points[i];
+        FillRow(MSFlexGrid3, i, {static_cast<double>(point.LayerNumber), point.PointX, point.PointY, point.PointZ});
+    }
+    Text7.Text = model.InputFileName;
+    Text8.Text = model.ResultFileName;
+    Text1.Text = model.PrincipalFileName;
 }
 
-void Form3::VScroll2_Change() {
-    Label8.Caption = CaptionInteger(VScroll2.Value);
+// Run ---------------------------------------------------------------------------------------------------------------
+
+void Form3::ShowNote() {
+    Text9.Enabled = false;
+    Text9.Text = Words(164);
+    Text9.Visible = true;
+    World().PaintNow(*this);  // nothing more is painted until the solver has ended
 }
 
-void Form3::VScroll3_Change() {
-    Label9.Caption = CaptionInteger(VScroll3.Value);
+void Form3::HideNote() {
+    Text9.Visible = false;
+    World().DiscardInput();
 }
 
-void Form3::Label7_Change() {
-    FollowCount(MSFlexGrid1, CountOf(Label7.Caption.Get()), Words(52));
+SolverRunResult Form3::RunAnalysis(const SolverRunRequest& request, const SolverRunCallbacks& callbacks) {
+    return RunSolver(request, processes_, callbacks);
 }
 
-void Form3::Label8_Change() {
-    FollowCount(MSFlexGrid2, CountOf(Label8.Caption.Get()), Words(53));
-}
+void Form3::Command7_Click() {  // ANALYZE
+    const SolverRunRequest request{.InputFileName = Text7.Text,
+                                   .ResultFileName = Text8.Text,
+                                   .PrincipalFileName = Text1.Text,
+                                   .Language = LanguageNumberOf(LanguageBaseOf(App())),
+                                   .Units = Units(),
+                                   .ProgramFolder = FolderOfPrograms()};
+    const auto enable = [](std::initializer_list<forms::CommandButton*> buttons, bool enabled) {
+        for (forms::CommandButton* button : buttons) {
+            button->Enabled = enabled;
+        }
+    };
+    const SolverRunCallbacks callbacks{
+        .PaintComputing = [this] { ShowNote(); },
+        .HandleObtained =
+            [&] {
+                enable({&Command1, &Command3, &Command4, &Command5, &Command6, &Command7, &Command8, &Command9}, false);
+            },
+        .WaitOver =
+            [&] {
+                enable({&Command3, &Command4, &Command8, &Command9}, true);
+            },
+        .HideComputing = [this] { HideNote(); }};
 
-void Form3::Label9_Change() {
-    FollowCount(MSFlexGrid3, CountOf(Label9.Caption.Get()), Words(54));
-}
-
-// Grids -------------------------------------------------------------------------------------------------------------
-
-void Form3::EditIn(forms::MSFlexGrid& grid) {
-    editor_ = std::make_shared<clsFlexGridEdit>();
-    editor_->FlexGridControl(grid);
-    grid.Highlight = forms::HighlightKind::Never;
-}
-
-void Form3::MSFlexGrid1_GotFocus() {
-    EditIn(MSFlexGrid1);
-}
-
-void Form3::MSFlexGrid2_GotFocus() {
-    EditIn(MSFlexGrid2);
-}
-
-void Form3::MSFlexGrid3_GotFocus() {
-    EditIn(MSFlexGrid3);
-}
-
-void Form3::MSFlexGrid1_LostFocus() {
-    MSFlexGrid1.Highlight = forms::HighlightKind::Always;
-}
-
-void Form3::MSFlexGrid2_LostFocus() {
-    MSFlexGrid2.Highlight = forms::HighlightKind::Always;
-}
-
-void Form3::MSFlexGrid3_LostFocus() {
-    MSFlexGrid3.Highlight = forms::HighlightKind::Always;
+    switch (RunAnalysis(request, callbacks)) {
+        case SolverRunResult::InputMissing:
+            Tell(172, Icon::Stop);
+            Text9.Visible = false;
+            break;
+        case SolverRunResult::Uncompleted:
+            Tell(173, Icon::Stop);
+            break;
+        case SolverRunResult::Finished:
+            Hide();
+            App().Show(Form4::FormName);
+            break;
+    }
 }
 
 }  // namespace zirvo

@@ -2,19 +2,15 @@
 // ANALYZE. Its controls are the store of the data: every operation reads their texts again. Form4 takes the names of
 // the reports and the count of points from here, and gives parts of the screen back on its way back.
 #pragma once
-#include <memory>
 #include <string>
 
 #include "analysis/solver_run.h"
-#include "forms/application.h"
-#include "forms/ms_flex_grid.h"
-#include "grid/cls_flex_grid_edit.h"
-#include "pavement/pavement_rules.h"
 #include "platform/process.h"
+#include "shell/data_screen.h"
 
 namespace zirvo {
 
-class Form3 : public forms::Form {
+class Form3 : public DataScreen {
 public:
     static constexpr const char* FormName = "Form3";
 
@@ -60,73 +56,30 @@ public:
     forms::TextBox Text9{*this, "Text9"};              ///< the note while the solver runs
 
     void Form_Load() override;
-    void Option1_Click();
-    void Option2_Click();
-    void Command1_Click();
-    void Command3_Click();
-    void Command4_Click();
-    void Command5_Click();
-    void Command6_Click();
-    void Command7_Click();
-    void Command8_Click();
-    void Command9_Click();
-    void VScroll1_Change();
-    void VScroll2_Change();
-    void VScroll3_Change();
-    void Label7_Change();
-    void Label8_Change();
-    void Label9_Change();
-    void MSFlexGrid1_GotFocus();
-    void MSFlexGrid1_LostFocus();
-    void MSFlexGrid2_GotFocus();
-    void MSFlexGrid2_LostFocus();
-    void MSFlexGrid3_GotFocus();
-    void MSFlexGrid3_LostFocus();
-
-    /// The groups that every state enables and disables together.
-    void EnableBoxes(bool enabled);
-    void EnableScrollBars(bool enabled);
-    void EnableGrids(bool enabled);
-
-    /// The editor of the grid that got the focus last; none before the first focus.
-    const std::shared_ptr<clsFlexGridEdit>& Editor() const { return editor_; }
+    void Option1_Click() override;
+    void Option2_Click() override;
+    void Command5_Click() override;
+    void Command7_Click() override;
 
 protected:
     /// The run itself. A report that is lost behind its stamp can only be told by a test that stands in here.
     virtual SolverRunResult RunAnalysis(const SolverRunRequest& request, const SolverRunCallbacks& callbacks);
+
+    void SetCaptions() override;
+    void ImportFile() override;
+    std::string FileBytes() const override;
 
 private:
     void LayOut();
     void LayOutData();
     void LayOutGrids();
     void LayOutFilesAndButtons();
-    void BindEvents();
-    void SetCaptions();
-
-    std::string Words(Int16 k) const;
-    UnitSystem Units() const;
-    std::string WorkFolder() const;
-
-    void ZeroCounts();
-    void ZeroScrollBars();
-    void NameBoxes(const std::string& input, const std::string& results, const std::string& principals);
-    void SetColumnHeadings();
-    void ClearColumnHeadings();
-    void EditIn(forms::MSFlexGrid& grid);
     PavementTexts TextsFromControls() const;
-
-    void ImportFile();
     void ShowModel(const PavementModel& model);
-
-    forms::Answer Box(Int16 k, forms::Icon picture, forms::Buttons choice = forms::Buttons::Ok);
-    void StopWith(Int16 k);
     void ShowNote();
     void HideNote();
 
     ProcessService& processes_;
-    std::string programFolder_;
-    Int16 languageBase_ = 0;
-    std::shared_ptr<clsFlexGridEdit> editor_;
 };
 
 }  // namespace zirvo

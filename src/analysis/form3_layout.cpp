@@ -1,4 +1,4 @@
-// What the data screen looks like at its design size, and which handler serves which event.
+// Places and words of the data screen of an analysis; see form3.h.
 //
 // Numbers in pixels of the design, of which 782 by 567 are seen. The work leads from the top left to the bottom right:
 // data, counts and layers in the first row of frames, the loads across the second, points and file names in the third,
@@ -71,29 +71,31 @@ void Form3::LayOutFilesAndButtons() {
     PlaceButtonRow({&Command3, &Command4, &Command5, &Command6, &Command7, &Command8, &Command9});
 }
 
-void Form3::BindEvents() {
-    Option1.Click = [this] { Option1_Click(); };
-    Option2.Click = [this] { Option2_Click(); };
-    Command1.Click = [this] { Command1_Click(); };
-    Command3.Click = [this] { Command3_Click(); };
-    Command4.Click = [this] { Command4_Click(); };
-    Command5.Click = [this] { Command5_Click(); };
-    Command6.Click = [this] { Command6_Click(); };
-    Command7.Click = [this] { Command7_Click(); };
-    Command8.Click = [this] { Command8_Click(); };
-    Command9.Click = [this] { Command9_Click(); };
-    VScroll1.Change = [this] { VScroll1_Change(); };
-    VScroll2.Change = [this] { VScroll2_Change(); };
-    VScroll3.Change = [this] { VScroll3_Change(); };
-    Label7.Change = [this] { Label7_Change(); };
-    Label8.Change = [this] { Label8_Change(); };
-    Label9.Change = [this] { Label9_Change(); };
-    MSFlexGrid1.GotFocus = [this] { MSFlexGrid1_GotFocus(); };
-    MSFlexGrid2.GotFocus = [this] { MSFlexGrid2_GotFocus(); };
-    MSFlexGrid3.GotFocus = [this] { MSFlexGrid3_GotFocus(); };
-    MSFlexGrid1.LostFocus = [this] { MSFlexGrid1_LostFocus(); };
-    MSFlexGrid2.LostFocus = [this] { MSFlexGrid2_LostFocus(); };
-    MSFlexGrid3.LostFocus = [this] { MSFlexGrid3_LostFocus(); };
+void Form3::SetCaptions() {
+    const auto set = [this](auto& control, Int16 k) { control.Caption = Words(k); };
+    set(Label1, 14);
+    set(Frame1, 15);
+    set(Option1, 16);
+    set(Option2, 17);
+    set(Command1, 18);
+    set(Frame2, 19);
+    set(Label2, 20);
+    set(Label3, 21);
+    set(Label4, 22);
+    set(Frame3, 23);
+    set(Frame4, 24);
+    set(Frame5, 25);
+    set(Frame6, 26);
+    set(Label5, 27);
+    set(Label6, 158);
+    set(Label10, 159);
+    set(Command3, 30);
+    set(Command4, 31);
+    set(Command5, 32);
+    set(Command6, 33);
+    set(Command7, 34);
+    set(Command8, 35);
+    set(Command9, 36);
 }
 
 }  // namespace zirvo

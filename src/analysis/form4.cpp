@@ -127,16 +127,10 @@ void Form4::Command2_Click() {  // PREVIOUS
                                                .Words = LanguageOf(languageBase_)});
     Form3& data = App().Get<Form3>();
     if (answer == forms::Answer::Yes) {
-        data.Command5.Enabled = true;
-        data.Command6.Enabled = false;
-        data.Command7.Enabled = false;
-        data.EnableGrids(true);
-        data.EnableBoxes(true);
-        data.EnableScrollBars(true);
+        data.ReturnToEditing();
     } else {
-        data.EnableGrids(false);
+        data.ReturnAsItWas();
         data.Command7.Enabled = true;
-        data.EnableBoxes(false);
     }
     data.Show();
     Unload();

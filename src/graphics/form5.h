@@ -1,20 +1,15 @@
 // The data screen of the graphics path: layers and loads are typed or imported, checked, saved, and taken on to the map
 // screen. Its controls are the only store of the data; Form6 reads them at the moment of use.
 #pragma once
-#include <memory>
-#include <optional>
 #include <string>
 
-#include "forms/application.h"
-#include "forms/form.h"
-#include "forms/ms_flex_grid.h"
-#include "grid/cls_flex_grid_edit.h"
 #include "pavement/graphics_input.h"
 #include "platform/files.h"
+#include "shell/data_screen.h"
 
 namespace zirvo {
 
-class Form5 : public forms::Form {
+class Form5 : public DataScreen {
 public:
     static constexpr const char* FormName = "Form5";
 
@@ -51,63 +46,20 @@ public:
     forms::CommandButton Command8{*this, "Command8"};  // HELP
     forms::CommandButton Command9{*this, "Command9"};  // QUIT
 
-    void Form_Load() override;
-    void Option1_Click();
-    void Option2_Click();
-    void Command1_Click();
-    void Command3_Click();
-    void Command4_Click();
-    void Command5_Click();
-    void Command6_Click();
-    void Command7_Click();
-    void Command8_Click();
-    void Command9_Click();
-    void Label4_Change();
-    void Label5_Change();
-    void VScroll1_Change();
-    void VScroll2_Change();
-    void MSFlexGrid1_GotFocus();
-    void MSFlexGrid1_LostFocus();
-    void MSFlexGrid2_GotFocus();
-    void MSFlexGrid2_LostFocus();
+    void Command5_Click() override;
+    void Command7_Click() override;
 
     /// The pavement of the controls, each cell by the number that it begins with; of the last layer modulus and Poisson
     /// ratio only. Fault 9 where a count passes 100.
     GraphicsInputData ModelFromControls() const;
 
-    /// What the map screen does to this one on the way back, after "UPDATE INPUT DATA?".
-    void ReturnToEditing();
-    void ReturnAsItWas();
-
-    /// Own copy of the language base, taken on load.
-    Int16 LanguageBase = 0;
+protected:
+    void SetCaptions() override;
+    void ImportFile() override;
+    std::string FileBytes() const override;
 
 private:
-    void BindEvents();
     void LayOut();
-    void SetCaptions();
-    void DisableSteps();
-    void DisableSource();
-    void ClearCounts();
-    void ClearHeadings();
-    void SetHeadings();
-    void ImportFile();
-    bool TakeFile(const std::string& name);
-    void FillGrids(const GraphicsInputData& data);
-    void ChooseViewOnly();
-    void ChooseUpdate();
-    std::optional<Int16> FailedRule() const;
-    UnitSystem Units() const;
-    void EnableGrids(bool enabled);
-    void EnableBars(bool enabled);
-    void EditGrid(forms::MSFlexGrid& grid);
-
-    std::string Words(Int16 k) const;
-    forms::Answer Tell(Int16 k, forms::Icon icon, forms::Buttons choice = forms::Buttons::Ok) const;
-    void TellRefused(Int16 k) const;
-
-    std::string programFolder_;
-    std::shared_ptr<clsFlexGridEdit> editor_;  ///< of the grid that has the focus, or had it last
 };
 
 }  // namespace zirvo

@@ -43,24 +43,25 @@ void Form5::LayOut() {
 }
 
 void Form5::SetCaptions() {
-    Label1.Caption = Words(162);
-    Frame1.Caption = Words(15);
-    Option1.Caption = Words(16);
-    Option2.Caption = Words(17);
-    Command1.Caption = Words(18);
-    Frame2.Caption = Words(19);
-    Label2.Caption = Words(20);
-    Label3.Caption = Words(21);
-    Frame3.Caption = Words(23);
-    Frame4.Caption = Words(24);
-    Frame5.Caption = Words(27);
-    Command3.Caption = Words(30);
-    Command4.Caption = Words(31);
-    Command5.Caption = Words(32);
-    Command6.Caption = Words(33);
-    Command7.Caption = Words(80);
-    Command8.Caption = Words(35);
-    Command9.Caption = Words(36);
+    const auto set = [this](auto& control, Int16 k) { control.Caption = Words(k); };
+    set(Label1, 162);
+    set(Frame1, 15);
+    set(Option1, 16);
+    set(Option2, 17);
+    set(Command1, 18);
+    set(Frame2, 19);
+    set(Label2, 20);
+    set(Label3, 21);
+    set(Frame3, 23);
+    set(Frame4, 24);
+    set(Frame5, 27);
+    set(Command3, 30);
+    set(Command4, 31);
+    set(Command5, 32);
+    set(Command6, 33);
+    set(Command7, 80);
+    set(Command8, 35);
+    set(Command9, 36);
 }
 
 }  // namespace zirvo

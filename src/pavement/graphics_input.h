@@ -14,14 +14,7 @@
 namespace zirvo {
 
 /// One data set of the graphics path, in the units of the user. Lives for the length of one operation.
-struct GraphicsInputData {
-    Int16 LayerCount = 0;                              ///< 1 to 100 in a valid file
-    Int16 LoadCount = 0;                               ///< 1 to 100 in a valid file
-    BoundedRows<PavementLayer, MaximumLayers> Layers;  ///< 1-based; the last one has modulus and Poisson ratio only
-    BoundedRows<SurfaceLoad, MaximumLoads> Loads;      ///< 1-based
-
-    bool operator==(const GraphicsInputData&) const = default;
-};
+using GraphicsInputData = LoadedPavement;
 
 /// The bytes of the file, in code page 932: lines + 8 for the counts, each ended by carriage return and line feed.
 /// Nothing separates the columns, so a value that fills its width touches the one before it, and such a file does not

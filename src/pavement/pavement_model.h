@@ -101,13 +101,19 @@ private:
     }
 };
 
-/// One analysis's data. It lives for the length of one operation; the screen's cells and the file are the store.
-struct PavementModel {
+/// A pavement and what stands on it: all the data of the graphics path, and what an analysis adds its points to.
+struct LoadedPavement {
     Int16 LayerCount = 0;
     Int16 LoadCount = 0;
-    Int16 PointCount = 0;
     BoundedRows<PavementLayer, MaximumLayers> Layers;  ///< 1 is the surface layer, the last one the subgrade
     BoundedRows<SurfaceLoad, MaximumLoads> Loads;
+
+    bool operator==(const LoadedPavement&) const = default;
+};
+
+/// One analysis's data. It lives for the length of one operation; the screen's cells and the file are the store.
+struct PavementModel : LoadedPavement {
+    Int16 PointCount = 0;
     BoundedRows<InterestPoint, MaximumPoints> Points;
     std::string InputFileName;      ///< ".eva", no folder
     std::string ResultFileName;     ///< ".bre", no folder

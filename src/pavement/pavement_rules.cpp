@@ -67,8 +67,36 @@ void RefuseEmptyCells(const std::array<std::string, Columns>& cells, std::size_t
     }
 }
 
+/// The rows of layers and loads that the counts of the model say.
+void TakeRows(const LoadedPavementTexts& texts, LoadedPavement& model) {
+    for (int i = 1; i <= model.LayerCount; ++i) {
+        model.Layers[i] = LayerFromTexts(RowAt<LayerTexts>(texts.Layers, i), i == model.LayerCount);
+    }
+    for (int i = 1; i <= model.LoadCount; ++i) {
+        model.Loads[i] = LoadFromTexts(RowAt<LoadTexts>(texts.Loads, i));
+    }
+}
+
 bool AnyEmpty(std::span<const std::string_view> texts) {
     return std::any_of(texts.begin(), texts.end(), [](std::string_view text) { return text.empty(); });
+}
+
+/// The rules that both paths share, in their order: on all counts, on all names, on layers, on loads.
+DataRule FirstRefusing(const LoadedPavementTexts& texts, std::span<const std::string_view> counts,
+                       std::span<const std::string_view> names) {
+    if (!ValidateCounts(counts)) {
+        return DataRule::Counts;
+    }
+    if (!ValidateFileNames(names)) {
+        return DataRule::FileNames;
+    }
+    if (!ValidateLayers(texts.Layers, CountOf(texts.LayerCount))) {
+        return DataRule::Layers;
+    }
+    if (!ValidateLoads(texts.Loads, CountOf(texts.LoadCount))) {
+        return DataRule::Loads;
+    }
+    return DataRule::None;
 }
 
 }  // namespace
@@ -220,12 +248,7 @@ PavementModel ModelFromTexts(const PavementTexts& texts) {
     model.LayerCount = CountOf(texts.LayerCount);
     model.LoadCount = CountOf(texts.LoadCount);
     model.PointCount = CountOf(texts.PointCount);
-    for (int i = 1; i <= model.LayerCount; ++i) {
-        model.Layers[i] = LayerFromTexts(RowAt<LayerTexts>(texts.Layers, i), i == model.LayerCount);
-    }
-    for (int i = 1; i <= model.LoadCount; ++i) {
-        model.Loads[i] = LoadFromTexts(RowAt<LoadTexts>(texts.Loads, i));
-    }
+    TakeRows(texts, model);
     for (int i = 1; i <= model.PointCount; ++i) {
         model.Points[i] = PointFromTexts(RowAt<PointTexts>(texts.Points, i));
     }
@@ -235,20 +258,25 @@ PavementModel ModelFromTexts(const PavementTexts& texts) {
     return model;
 }
 
+LoadedPavement LoadedPavementFromTexts(const LoadedPavementTexts& texts) {
+    LoadedPavement model;
+    model.LayerCount = CountOf(texts.LayerCount);
+    model.LoadCount = CountOf(texts.LoadCount);
+    TakeRows(texts, model);
+    return model;
+}
+
+DataRule ValidateLoadedPavement(const LoadedPavementTexts& texts) {
+    const std::array<std::string_view, 2> captions{texts.LayerCount, texts.LoadCount};
+    const std::array<std::string_view, 1> names{texts.InputFileName};
+    return FirstRefusing(texts, captions, names);
+}
+
 DataRule ValidateData(const PavementTexts& texts) {
     const std::array<std::string_view, 3> captions{texts.LayerCount, texts.LoadCount, texts.PointCount};
-    if (!ValidateCounts(captions)) {
-        return DataRule::Counts;
-    }
     const std::array<std::string_view, 3> names{texts.InputFileName, texts.ResultFileName, texts.PrincipalFileName};
-    if (!ValidateFileNames(names)) {
-        return DataRule::FileNames;
-    }
-    if (!ValidateLayers(texts.Layers, CountOf(texts.LayerCount))) {
-        return DataRule::Layers;
-    }
-    if (!ValidateLoads(texts.Loads, CountOf(texts.LoadCount))) {
-        return DataRule::Loads;
+    if (const DataRule failed = FirstRefusing(texts, captions, names); failed != DataRule::None) {
+        return failed;
     }
     if (!ValidatePoints(texts.Points, CountOf(texts.PointCount))) {
         return DataRule::Points;

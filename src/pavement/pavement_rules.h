@@ -73,17 +73,21 @@ using LayerTexts = std::array<std::string, LayerColumns>;
 using LoadTexts = std::array<std::string, LoadColumns>;
 using PointTexts = std::array<std::string, PointColumns>;
 
-/// All that a data screen holds. Entry i of a grid is its row i; entry 0 stands for the heading row and is not looked
-/// at. The graphics screen leaves the points, their count and two of the names empty and calls the single rules.
-struct PavementTexts {
+/// All that the data screen of the graphics path holds. Entry i of a grid is its row i; entry 0 stands for the heading
+/// row and is not looked at.
+struct LoadedPavementTexts {
     std::string LayerCount;  ///< caption, as " 3"
     std::string LoadCount;
-    std::string PointCount;
     std::string InputFileName;
-    std::string ResultFileName;
-    std::string PrincipalFileName;
     std::vector<LayerTexts> Layers;
     std::vector<LoadTexts> Loads;
+};
+
+/// All that the data screen of an analysis holds.
+struct PavementTexts : LoadedPavementTexts {
+    std::string PointCount;
+    std::string ResultFileName;
+    std::string PrincipalFileName;
     std::vector<PointTexts> Points;
 };
 
@@ -115,12 +119,16 @@ std::string NormaliseFileName(std::string_view name, std::string_view extension)
 /// The numbers of the texts. Of the last layer only modulus and Poisson ratio are used. Fault 9 where a count passes
 /// its bound or the rows given, 6 where a count or a layer number leaves 16 bits.
 PavementModel ModelFromTexts(const PavementTexts& texts);
+LoadedPavement LoadedPavementFromTexts(const LoadedPavementTexts& texts);
 
 /// The rule that refused the data, in the order in which they are applied.
 enum class DataRule { None, Counts, FileNames, Layers, Loads, Points, PointDepths };
 
 /// Applies all rules and gives the first that fails, None if the data passes. Fault 13 as JudgePointTexts.
 DataRule ValidateData(const PavementTexts& texts);
+
+/// The same rules in the same order on the data of the graphics path, which has no points.
+DataRule ValidateLoadedPavement(const LoadedPavementTexts& texts);
 
 /// The message of a rule that failed: k = 58 to 61 or 63; 0 for None.
 Int16 MessageOf(DataRule rule);

@@ -1,10 +1,26 @@
 // What the two data screens share, see data_screen.h.
 #include "shell/data_screen.h"
 
+#include <span>
+#include <utility>
+
+#include "base/runtime_fault.h"
+#include "dialogs/common_dialog.h"
+#include "grid/grid_sizing.h"
+#include "platform/files.h"
+#include "shell/form2.h"
 #include "shell/layout.h"
+#include "shell/screen_language.h"
+#include "text/catalogue.h"
+#include "text/file_helpers.h"
 #include "text/number_text.h"
+#include "text/version_stamp.h"
 
 namespace zirvo {
+
+using forms::Answer;
+using forms::Buttons;
+using forms::Icon;
 
 void FillRow(forms::MSFlexGrid& grid, int row, std::initializer_list<double> values) {
     int col = 1;
@@ -33,6 +49,337 @@ void PlaceButtonRow(const std::array<forms::CommandButton*, 7>& buttons) {
         Place(*buttons[i], left, 527, 102, 30);
         left += i == 4 ? 114 : 110;
     }
+}
+
+// The screen --------------------------------------------------------------------------------------------------------
+
+DataScreen::DataScreen(forms::Application& application, std::string name, std::string programFolder)
+    : Form(application, std::move(name)), programFolder_(std::move(programFolder)) {}
+
+void DataScreen::Bind(DataControls controls) {
+    its_.emplace(std::move(controls));
+    its_->Option1.Click = [this] { Option1_Click(); };
+    its_->Option2.Click = [this] { Option2_Click(); };
+    its_->Command1.Click = [this] { Command1_Click(); };
+    its_->Command3.Click = [this] { Command3_Click(); };
+    its_->Command4.Click = [this] { Command4_Click(); };
+    its_->Command5.Click = [this] { Command5_Click(); };
+    its_->Command6.Click = [this] { Command6_Click(); };
+    its_->Command7.Click = [this] { Command7_Click(); };
+    its_->Command8.Click = [this] { Command8_Click(); };
+    its_->Command9.Click = [this] { Command9_Click(); };
+    for (const DataTable& table : its_->Tables) {
+        BindTable(table);
+    }
+}
+
+void DataScreen::BindTable(const DataTable& table) {
+    table.Bar.Change = [&table] { table.Count.Caption = CaptionInteger(table.Bar.Value); };
+    table.Count.Change = [this, &table] {  // also when the program writes it: that enables the grid
+        FollowCount(table.Grid, CountOf(table.Count.Caption.Get()), Words(table.RowName));
+    };
+    table.Grid.GotFocus = [this, &table] { EditIn(table.Grid); };
+    table.Grid.LostFocus = [&table] { table.Grid.Highlight = forms::HighlightKind::Always; };
+}
+
+/// Puts a new editor into service on a grid; the one before goes.
+void DataScreen::EditIn(forms::MSFlexGrid& grid) {
+    grid.Highlight = forms::HighlightKind::Never;
+    editor_ = std::make_shared<clsFlexGridEdit>();
+    editor_->FlexGridControl(grid);
+}
+
+void DataScreen::Form_Load() {
+    Caption = MakeVersionStamp(2);
+    TrimSystemMenu(*this);
+    ScaleToScreen(*this);
+    languageBase_ = LanguageBaseOf(App());
+    SetCaptions();
+
+    its_->Option1.Value = false;
+    its_->Option2.Value = false;
+    DisableSteps();
+    EnableBoxes(false);
+    ZeroCounts();
+    ClearFileNames();
+    ClearHeadings();
+    EnableGrids(false);  // the counts have enabled them
+}
+
+// What the controls say ---------------------------------------------------------------------------------------------
+
+std::string DataScreen::Words(Int16 k) const {
+    return std::string(GetMessage(languageBase_, k));
+}
+
+UnitSystem DataScreen::Units() const {
+    return UnitSystemOf(App().Get<Form2>().UnitSystem());
+}
+
+std::string DataScreen::WorkFolder() const {
+    return App().Get<Form2>().Label2.Caption;
+}
+
+LoadedPavementTexts DataScreen::LoadedPavementTextsFromControls() const {
+    const DataTable& layers = its_->Tables.at(0);
+    const DataTable& loads = its_->Tables.at(1);
+    return {.LayerCount = layers.Count.Caption,
+            .LoadCount = loads.Count.Caption,
+            .InputFileName = its_->FileNames.front().Box.Text,
+            .Layers = CellsOf<LayerColumns>(layers.Grid),
+            .Loads = CellsOf<LoadColumns>(loads.Grid)};
+}
+
+// Groups of controls ------------------------------------------------------------------------------------------------
+
+void DataScreen::EnableBoxes(bool enabled) {
+    for (const FileNameBox& name : its_->FileNames) {
+        name.Box.Enabled = enabled;
+    }
+}
+
+void DataScreen::EnableBars(bool enabled) {
+    for (const DataTable& table : its_->Tables) {
+        table.Bar.Enabled = enabled;
+    }
+}
+
+void DataScreen::EnableGrids(bool enabled) {
+    for (const DataTable& table : its_->Tables) {
+        table.Grid.Enabled = enabled;
+    }
+}
+
+/// All that follows the choice where the data come from.
+void DataScreen::DisableSteps() {
+    for (forms::CommandButton* step :
+         {&its_->Command1, &its_->Command4, &its_->Command5, &its_->Command6, &its_->Command7}) {
+        step->Enabled = false;
+    }
+}
+
+/// That choice itself: the data are there.
+void DataScreen::DisableSource() {
+    its_->Option1.Enabled = false;
+    its_->Option2.Enabled = false;
+    its_->Command1.Enabled = false;
+}
+
+void DataScreen::ZeroCounts() {
+    for (const DataTable& table : its_->Tables) {
+        table.Count.Caption = "0";
+    }
+}
+
+void DataScreen::ZeroBars() {
+    for (const DataTable& table : its_->Tables) {
+        table.Bar.Value = 0;
+    }
+}
+
+void DataScreen::ClearFileNames() {
+    for (const FileNameBox& name : its_->FileNames) {
+        name.Box.Text = "";
+    }
+}
+
+void DataScreen::SetHeadings() {
+    const auto layers = LayerHeadings(Units());
+    const auto loads = LoadHeadings(Units());
+    const auto points = PointHeadings();
+    const std::array<std::span<const Int16>, 3> headings{layers, loads, points};
+    for (std::size_t i = 0; i < its_->Tables.size(); ++i) {
+        forms::MSFlexGrid& grid = its_->Tables[i].Grid;
+        grid.Row = 0;
+        int col = 1;
+        for (const Int16 k : headings.at(i)) {
+            grid.SetTextMatrix(0, col++, k == 0 ? "" : Words(k));  // 0: no unit system, neither of a pair
+        }
+        CA_AutosizeCols(grid);
+    }
+}
+
+void DataScreen::ClearHeadings() {
+    for (const DataTable& table : its_->Tables) {
+        table.Grid.Row = 0;
+        for (int col = 1; col < table.Grid.Cols; ++col) {
+            table.Grid.SetTextMatrix(0, col, "");
+        }
+    }
+}
+
+void DataScreen::ShowLoadedPavement(const LoadedPavement& data) {
+    const DataTable& layers = its_->Tables.at(0);
+    const DataTable& loads = its_->Tables.at(1);
+    layers.Count.Caption = CaptionInteger(data.LayerCount);  // gives its grid the rows
+    loads.Count.Caption = CaptionInteger(data.LoadCount);
+    layers.Bar.Value = data.LayerCount;
+    loads.Bar.Value = data.LoadCount;
+    for (int i = 1; i < data.LayerCount; ++i) {
+        const PavementLayer& layer = data.Layers[i];
+        FillRow(layers.Grid, i, {layer.Modulus, layer.PoissonRatio, layer.Thickness, layer.SlipRate});
+    }
+    const PavementLayer& subgrade = data.Layers[data.LayerCount];
+    FillRow(layers.Grid, data.LayerCount, {subgrade.Modulus, subgrade.PoissonRatio});
+    for (int i = 1; i <= data.LoadCount; ++i) {
+        const SurfaceLoad& load = data.Loads[i];
+        FillRow(loads.Grid, i,
+                {load.VerticalLoad, load.Radius, load.LoadX, load.LoadY, load.HorizontalLoad, load.AngleFromX});
+    }
+}
+
+// Messages ----------------------------------------------------------------------------------------------------------
+
+Answer DataScreen::Tell(Int16 k, Icon picture, Buttons choice) const {
+    return World().Show({.Text = Words(k),
+                         .Title = MakeVersionStamp(3),
+                         .Picture = picture,
+                         .Choice = choice,
+                         .Words = LanguageOf(languageBase_)});
+}
+
+void DataScreen::TellRefused(Int16 k) const {
+    Tell(k, Icon::Exclamation);
+    Tell(57, Icon::Stop);
+}
+
+// Steps -------------------------------------------------------------------------------------------------------------
+
+void DataScreen::Option1_Click() {  // NEW DATA
+    EnableBars(true);
+    ZeroCounts();
+    for (const FileNameBox& name : its_->FileNames) {
+        name.Box.Text = std::string("Untitled") + name.Extension;
+    }
+    EnableBoxes(true);
+    its_->Command1.Enabled = false;
+    its_->Command3.Enabled = true;
+    its_->Command4.Enabled = true;
+    its_->Command5.Enabled = true;
+    SetHeadings();
+    ChangeFolder(WorkFolder());
+}
+
+void DataScreen::Option2_Click() {  // IMPORT FROM FILE
+    EnableBars(false);
+    ZeroCounts();
+    ClearFileNames();
+    EnableBoxes(false);
+    its_->Command1.Enabled = true;
+    its_->Command1.SetFocus();
+    its_->Command3.Enabled = true;
+    its_->Command4.Enabled = true;
+    its_->Command5.Enabled = false;
+    EnableGrids(false);  // the counts have enabled them
+    SetHeadings();
+}
+
+void DataScreen::Command1_Click() {  // OPEN FILE
+    try {
+        ImportFile();
+    } catch (const RuntimeFault&) {
+        // Quiet by design, whatever has failed.
+    }
+}
+
+std::optional<std::string> DataScreen::ChooseFile() {
+    const std::string pattern = std::string("*") + its_->FileNames.front().Extension;
+    std::optional<std::string> name = OpenFileDialog(
+        *this, Words(55), WorkFolder(), "ZIRVO Files (" + pattern + ")|" + pattern, 1, LanguageOf(languageBase_));
+    if (name && CurrentFolder() != WorkFolder()) {  // as exact text
+        Tell(171, Icon::Stop);
+        return {};
+    }
+    return name;
+}
+
+bool DataScreen::AskForUpdate() {
+    const bool update = Tell(62, Icon::None, Buttons::YesNo) != Answer::No;
+    DisableSource();
+    if (!update) {
+        its_->Command7.Enabled = true;
+        its_->Command7.SetFocus();
+        EnableGrids(false);
+        EnableBars(false);
+        return false;
+    }
+    its_->Command3.Enabled = true;
+    its_->Command4.Enabled = true;
+    its_->Command5.Enabled = true;
+    its_->Command5.SetFocus();
+    its_->Command7.Enabled = false;
+    EnableBoxes(true);
+    EnableBars(true);
+    return true;
+}
+
+void DataScreen::Command3_Click() {  // PREVIOUS
+    Unload();
+    App().Show(Form2::FormName);
+}
+
+void DataScreen::Command4_Click() {  // CLEAR FORM
+    its_->Option1.Enabled = true;
+    its_->Option2.Enabled = true;
+    its_->Option1.Value = false;
+    its_->Option2.Value = false;
+    DisableSteps();
+    ZeroCounts();
+    ClearFileNames();
+    EnableBoxes(false);
+    ZeroBars();  // a bar that was not 0 writes " 0" into its count, and the change enables the grid once more
+    EnableBars(false);
+    ClearHeadings();  // the grids stay as the counts have left them: enabled, and with no rows to edit
+}
+
+void DataScreen::AcceptData() {
+    for (const FileNameBox& name : its_->FileNames) {
+        name.Box.Text = NormaliseFileName(name.Box.Text.Get(), name.Extension);
+    }
+    DisableSource();
+    its_->Command5.Enabled = false;
+    its_->Command6.Enabled = true;
+    its_->Command6.SetFocus();
+    EnableBars(false);
+    EnableBoxes(false);
+    EnableGrids(false);
+}
+
+void DataScreen::Command6_Click() {  // SAVE DATA
+    const std::string name = its_->FileNames.front().Box.Text;
+    if (FileExists(name) && Tell(64, Icon::None, Buttons::YesNo) == Answer::No) {
+        Tell(65, Icon::Information);
+        its_->Command5.Enabled = true;
+        its_->Command6.Enabled = false;
+        its_->Command5.SetFocus();
+        return;  // boxes and grids stay disabled: DATA OK! leads to the same question, CLEAR FORM away from it
+    }
+    WriteWholeFile(name, FileBytes());
+    its_->Command6.Enabled = false;
+    its_->Command7.Enabled = true;
+    its_->Command7.SetFocus();
+}
+
+void DataScreen::Command8_Click() {  // HELP
+    OpenHelp(*this, programFolder_);
+}
+
+void DataScreen::Command9_Click() {  // QUIT
+    App().End();
+}
+
+void DataScreen::ReturnToEditing() {
+    its_->Command5.Enabled = true;
+    its_->Command6.Enabled = false;
+    its_->Command7.Enabled = false;
+    EnableGrids(true);
+    EnableBoxes(true);
+    EnableBars(true);
+}
+
+void DataScreen::ReturnAsItWas() {
+    EnableGrids(false);
+    EnableBoxes(false);
 }
 
 }  // namespace zirvo

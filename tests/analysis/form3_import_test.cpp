@@ -111,7 +111,7 @@ TEST_F(Form3Import, AnyAnswerButNoMeansUpdate) {
 }
 
 TEST_F(Form3Import, NoDisablesTheBarsAndGridsWhateverTheyWere) {
-    Screens.Desktop.OnBox = [&](const forms::Message&) { Form.EnableScrollBars(true); };
+    Screens.Desktop.OnBox = [&](const forms::Message&) { Form.EnableBars(true); };
     Screens.ImportAndAnswer(Answer::No);
     EXPECT_FALSE(Form.VScroll1.Enabled || Form.VScroll2.Enabled || Form.VScroll3.Enabled);
     EXPECT_FALSE(Form.MSFlexGrid1.Enabled || Form.MSFlexGrid2.Enabled || Form.MSFlexGrid3.Enabled);

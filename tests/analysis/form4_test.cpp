@@ -246,7 +246,7 @@ TEST_F(Form4Test, PreviousWithYesLeavesDataOkAsTheOnlyStepOn) {
 
 TEST_F(Form4Test, PreviousWithNoTouchesNeitherTheBarsNorDataOkNorSave) {
     Form3& data = Screens.Data();
-    data.EnableScrollBars(true);
+    data.EnableBars(true);
     data.Command5.Enabled = true;
     data.Command6.Enabled = true;
     Screens.Desktop.Answers.push_back(Answer::No);

@@ -202,5 +202,27 @@ TEST(ValidateData, TheLimitsOfTheCountsAreLegal) {
     EXPECT_EQ(ValidateData(texts), DataRule::PointDepths);
 }
 
+TEST(ValidateLoadedPavement, AppliesTheSharedRulesInTheSameOrderToTwoCountsAndOneName) {
+    PavementTexts texts = ExampleTexts();
+    texts.PointCount = "";  // points and reports are the analysis's own
+    texts.ResultFileName = "";
+    EXPECT_EQ(ValidateLoadedPavement(texts), DataRule::None);
+    texts.Loads[1][1] = "0";
+    EXPECT_EQ(ValidateLoadedPavement(texts), DataRule::Loads);
+    texts.Layers[1][2] = "0";
+    EXPECT_EQ(ValidateLoadedPavement(texts), DataRule::Layers);
+    texts.InputFileName = "";
+    EXPECT_EQ(ValidateLoadedPavement(texts), DataRule::FileNames);
+    texts.LoadCount = " 0";
+    EXPECT_EQ(ValidateLoadedPavement(texts), DataRule::Counts);
+}
+
+TEST(LoadedPavementFromTexts, IsTheModelWithoutItsPoints) {
+    EXPECT_EQ(LoadedPavementFromTexts(ExampleTexts()), static_cast<const LoadedPavement&>(test::ExampleModel()));
+    PavementTexts texts = ExampleTexts();
+    texts.LoadCount = " 3";  // of which the grid has one
+    EXPECT_EQ(FaultOf([&] { LoadedPavementFromTexts(texts); }), 9);
+}
+
 }  // namespace
 }  // namespace zirvo

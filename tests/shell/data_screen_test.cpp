@@ -26,14 +26,14 @@ public:
     forms::ControlArray<forms::CommandButton> Button{*this, "Button", 7};
 };
 
-class DataScreen : public testing::Test {
+class DataScreenPieces : public testing::Test {
 protected:
     forms::ScriptedDesktop desktop_;
     forms::Application application_{desktop_};
     DataForm form_{application_};
 };
 
-TEST_F(DataScreen, ARowIsFilledFromItsFirstDataColumnOnAndReadBackByRow) {
+TEST_F(DataScreenPieces, ARowIsFilledFromItsFirstDataColumnOnAndReadBackByRow) {
     FillRow(form_.Grid, 1, {35000, 0.35});
     FillRow(form_.Grid, 2, {-1e15});
     EXPECT_EQ(form_.Grid.TextMatrix(1, 0), "");
@@ -44,13 +44,13 @@ TEST_F(DataScreen, ARowIsFilledFromItsFirstDataColumnOnAndReadBackByRow) {
     EXPECT_EQ(rows[2], (std::array<std::string, 2>{"-1E+15", ""}));
 }
 
-TEST_F(DataScreen, ARowOrColumnBeyondTheGridIsAFault) {
+TEST_F(DataScreenPieces, ARowOrColumnBeyondTheGridIsAFault) {
     EXPECT_EQ(FaultOf([&] { FillRow(form_.Grid, 3, {1}); }), fault::SubscriptOutOfRange);
     EXPECT_EQ(FaultOf([&] { FillRow(form_.Grid, 1, {1, 2, 3}); }), fault::SubscriptOutOfRange);
     EXPECT_EQ(FaultOf([&] { CellsOf<3>(form_.Grid); }), fault::SubscriptOutOfRange);
 }
 
-TEST_F(DataScreen, ACountStandsOverItsBarWhichCountsUpwardsAndWaitsToBeEnabled) {
+TEST_F(DataScreenPieces, ACountStandsOverItsBarWhichCountsUpwardsAndWaitsToBeEnabled) {
     PlaceCount(10, 20, 70, 100, form_.Name, form_.Value, form_.Bar);
     EXPECT_EQ(form_.Bar.Min, 100);
     EXPECT_EQ(form_.Bar.Max, 0);
@@ -61,7 +61,7 @@ TEST_F(DataScreen, ACountStandsOverItsBarWhichCountsUpwardsAndWaitsToBeEnabled) 
     EXPECT_EQ(form_.Bar.Height, Pixels(70));
 }
 
-TEST_F(DataScreen, TheButtonsStandInOneRowWithinTheScreen) {
+TEST_F(DataScreenPieces, TheButtonsStandInOneRowWithinTheScreen) {
     std::array<forms::CommandButton*, 7> row{};
     for (int i = 0; i < 7; ++i) {
         row[static_cast<std::size_t>(i)] = &form_.Button(i);
