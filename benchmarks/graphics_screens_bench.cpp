@@ -24,7 +24,7 @@ namespace zirvo {
 namespace {
 
 GraphicsInputData Motorway() {
-    return *ReadGraphicsInput(ZIRVO_SAMPLES "/motorway.ven").Data;
+    return *ReadGraphicsInput(ZIRVO_SAMPLES "/motorway.ven");
 }
 
 /// As many loads as give an X-Y section just under its largest number of points, none in line with another.

@@ -53,7 +53,7 @@ void StartQt() {
 }
 
 GraphicsInputData Motorway() {
-    return *ReadGraphicsInput(ZIRVO_SAMPLES "/motorway.ven").Data;
+    return *ReadGraphicsInput(ZIRVO_SAMPLES "/motorway.ven");
 }
 
 SectionPlot NewPlot() {

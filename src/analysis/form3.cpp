@@ -85,16 +85,16 @@ void Form3::ImportFile() {
     }
     AnalysisInputResult input = ReadAnalysisInput(JoinPath(WorkFolder(), *name));
     if (!input.Passed()) {
-        if (const Int16 k = MessageOf(input.Status); k != 0) {
+        if (const Int16 k = MessageOf(input.Failure().Error); k != 0) {
             TellRefused(k);
         }
-        if (input.Focus == ImportFocus::FocusQuit) {
+        if (input.Failure().Focus == ImportFocus::FocusQuit) {
             Command9.SetFocus();
         }
         return;
     }
-    input.Model->InputFileName = *name;
-    ShowModel(*input.Model);
+    input->InputFileName = *name;
+    ShowModel(*input);
     if (AskForUpdate()) {
         Command6.Enabled = false;
     }

@@ -24,11 +24,11 @@ ExitCode CheckGraphics(const std::string& file, Console& console) {
         return ExitCode::BadInput;
     }
     const GraphicsInputResult read = ReadGraphicsInput(file);
-    if (!read.Data) {  // changed by someone else since the lines above
-        TellFindings(file, {read.Failure}, console);
+    if (!read.Passed()) {  // changed by someone else since the lines above
+        TellFindings(file, {read.Failure().First}, console);
         return ExitCode::BadInput;
     }
-    return Passes(file, Contents(read.Data->LayerCount, read.Data->LoadCount), console);
+    return Passes(file, Contents(read->LayerCount, read->LoadCount), console);
 }
 
 ExitCode CheckAnalysis(const std::string& file, Console& console) {
@@ -36,13 +36,12 @@ ExitCode CheckAnalysis(const std::string& file, Console& console) {
         return ExitCode::BadInput;
     }
     const AnalysisInputResult read = ReadAnalysisInput(file);
-    if (!read.Model) {  // changed by someone else since the lines above
-        TellFindings(file, {read.Failure}, console);
+    if (!read.Passed()) {  // changed by someone else since the lines above
+        TellFindings(file, {read.Failure().First}, console);
         return ExitCode::BadInput;
     }
-    return Passes(
-        file, Contents(read.Model->LayerCount, read.Model->LoadCount) + ", " + Counted(read.Model->PointCount, "point"),
-        console);
+    return Passes(file, Contents(read->LayerCount, read->LoadCount) + ", " + Counted(read->PointCount, "point"),
+                  console);
 }
 
 }  // namespace

@@ -65,11 +65,11 @@ bool Mapping::ReadModel() {
         return false;
     }
     GraphicsInputResult read = ReadGraphicsInput(request_.File);
-    if (!read.Data) {  // changed by someone else since the lines above
-        TellFindings(request_.File, {read.Failure}, console_);
+    if (!read.Passed()) {  // changed by someone else since the lines above
+        TellFindings(request_.File, {read.Failure().First}, console_);
         return false;
     }
-    model_ = *std::move(read.Data);
+    model_ = *std::move(read);
     return true;
 }
 

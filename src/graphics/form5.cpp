@@ -39,13 +39,13 @@ void Form5::ImportFile() {
     }
     const GraphicsInputResult read = ReadGraphicsInput(*name);
     if (!read.Passed()) {
-        if (const Int16 k = MessageOf(read.Status); k != 0) {
+        if (const Int16 k = MessageOf(read.Failure().Error); k != 0) {
             TellRefused(k);
             Command9.SetFocus();
         }
         return;
     }
-    ShowLoadedPavement(*read.Data);
+    ShowLoadedPavement(*read);
     Text3.Text = *name;
     AskForUpdate();
 }

@@ -61,23 +61,4 @@ std::string WriteAnalysisInput(const PavementModel& model, UnitSystem unitSystem
     return out;
 }
 
-Int16 MessageOf(AnalysisInputStatus status) {
-    switch (status) {
-        case AnalysisInputStatus::NamesInvalid:
-            return 56;
-        case AnalysisInputStatus::CountsInvalid:
-            return 58;
-        case AnalysisInputStatus::LayerInvalid:
-            return 59;
-        case AnalysisInputStatus::LoadInvalid:
-            return 60;
-        case AnalysisInputStatus::PointInvalid:
-            return 61;
-        case AnalysisInputStatus::Passed:
-        case AnalysisInputStatus::ReadFailed:
-            break;
-    }
-    return 0;
-}
-
 }  // namespace zirvo

@@ -3,11 +3,10 @@
 // screen, the generated input of a section, the batch tool.
 #pragma once
 #include <istream>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "pavement/data_findings.h"
+#include "pavement/input_result.h"
 #include "pavement/pavement_model.h"
 
 namespace zirvo {
@@ -19,28 +18,8 @@ namespace zirvo {
 /// @param languageBase  language of the headings, whose words no reader looks at
 std::string WriteAnalysisInput(const PavementModel& model, UnitSystem unitSystem, Int16 languageBase);
 
-enum class AnalysisInputStatus {
-    Passed,
-    NamesInvalid,
-    CountsInvalid,
-    LayerInvalid,
-    LoadInvalid,
-    PointInvalid,
-    ReadFailed
-};
-
-/// Where the focus goes after a failed import: to QUIT, or it stays.
-enum class ImportFocus { FocusUnchanged, FocusQuit };
-
-/// What became of a read. There is a model only where the whole file has passed.
-struct AnalysisInputResult {
-    AnalysisInputStatus Status = AnalysisInputStatus::ReadFailed;
-    std::optional<PavementModel> Model;  ///< without InputFileName, which only the caller knows
-    ImportFocus Focus = ImportFocus::FocusUnchanged;
-    Finding Failure;  ///< the first value that failed, or the place where the read ended; meaningless if passed
-
-    bool Passed() const { return Status == AnalysisInputStatus::Passed; }
-};
+/// The model is without InputFileName, which only the caller knows.
+using AnalysisInputResult = InputResult<PavementModel>;
 
 /// Reads by fields, not by lines: a row may be broken, and a heading is one field as long as it holds no comma. Judges
 /// in the order of the file, and stops at the first failure. Whatever goes wrong with the file itself is ReadFailed,
@@ -49,10 +28,6 @@ AnalysisInputResult ReadAnalysisInput(const std::string& path);
 
 /// The same from a stream, opened in binary mode.
 AnalysisInputResult ReadAnalysisInput(std::istream& input);
-
-/// The first of the two messages that the user sees: k = 56 or 58 to 61; 0 for Passed and ReadFailed, which say
-/// nothing.
-Int16 MessageOf(AnalysisInputStatus status);
 
 /// Everything that the reader would refuse, not only the first: each failing value of each row, as far as the file can
 /// be read on. Empty if and only if ReadAnalysisInput passes the file. While a layer is refused, points are judged by

@@ -3,12 +3,10 @@
 // Callers: SAVE DATA and the import of the graphics data screen, the batch tool.
 #pragma once
 #include <istream>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "pavement/analysis_input.h"
-#include "pavement/data_findings.h"
+#include "pavement/input_result.h"
 #include "pavement/pavement_model.h"
 
 namespace zirvo {
@@ -23,17 +21,8 @@ using GraphicsInputData = LoadedPavement;
 /// @param languageBase  language of the headings, whose words no reader looks at
 std::string WriteGraphicsInput(const GraphicsInputData& data, UnitSystem unitSystem, Int16 languageBase);
 
-enum class GraphicsInputStatus { Passed, CountsInvalid, LayerInvalid, LoadInvalid, ReadFailed };
-
-/// What became of a read. There is data only where the whole file has passed.
-struct GraphicsInputResult {
-    GraphicsInputStatus Status = GraphicsInputStatus::ReadFailed;
-    std::optional<GraphicsInputData> Data;
-    ImportFocus Focus = ImportFocus::FocusUnchanged;  ///< to QUIT in all three value failures, whatever the row
-    Finding Failure;  ///< the first value that failed, or the place where the read ended; meaningless if passed
-
-    bool Passed() const { return Status == GraphicsInputStatus::Passed; }
-};
+/// A failure moves the focus in all three kinds of values, whatever the row, and not where the file does not read.
+using GraphicsInputResult = InputResult<GraphicsInputData>;
 
 /// Reads by fields, not by lines: a row may be broken, and a heading is one field as long as it holds no comma. Judges
 /// in the order of the file, and stops at the first failure. Whatever goes wrong with the file itself is ReadFailed,
@@ -42,9 +31,6 @@ GraphicsInputResult ReadGraphicsInput(const std::string& path);
 
 /// The same from a stream, opened in binary mode.
 GraphicsInputResult ReadGraphicsInput(std::istream& input);
-
-/// The first of the two messages that the user sees: k = 58 to 60; 0 for Passed and ReadFailed, which say nothing.
-Int16 MessageOf(GraphicsInputStatus status);
 
 /// Everything that the reader would refuse, not only the first: each failing value of each row, as far as the file can
 /// be read on. Empty if and only if ReadGraphicsInput passes the file.

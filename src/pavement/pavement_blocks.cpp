@@ -9,19 +9,9 @@ namespace zirvo {
 
 namespace {
 
-constexpr std::array<double PavementLayer::*, LayerColumns> LayerFields{
-    &PavementLayer::Modulus, &PavementLayer::PoissonRatio, &PavementLayer::Thickness, &PavementLayer::SlipRate};
-constexpr std::array<double SurfaceLoad::*, LoadColumns> LoadFields{
-    &SurfaceLoad::VerticalLoad, &SurfaceLoad::Radius,         &SurfaceLoad::LoadX,
-    &SurfaceLoad::LoadY,        &SurfaceLoad::HorizontalLoad, &SurfaceLoad::AngleFromX};
-
 // Widths that put the numbers roughly beneath the words of the headings.
 constexpr std::array<std::size_t, LayerColumns> LayerWidths{13, 17, 17, 16};
 constexpr std::array<std::size_t, LoadColumns> LoadWidths{10, 17, 17, 16, 15, 19};
-
-constexpr std::size_t FieldsOfLayer(bool last) {
-    return last ? 2 : LayerColumns;
-}
 
 }  // namespace
 
@@ -61,20 +51,6 @@ void AppendLoadBlock(std::string& out, std::span<const SurfaceLoad> loads, UnitS
             AppendColumn(out, loads[i].*LoadFields[c], LoadWidths[c]);
         }
         AppendLine(out, "");
-    }
-}
-
-void ReadLayerRow(TextStream& stream, bool last, PavementLayer& layer, const char*& value) {
-    for (std::size_t c = 0; c < FieldsOfLayer(last); ++c) {
-        value = LayerValueNames[c];
-        layer.*LayerFields[c] = ReadNumberField(stream);
-    }
-}
-
-void ReadLoadRow(TextStream& stream, SurfaceLoad& load, const char*& value) {
-    for (std::size_t c = 0; c < LoadColumns; ++c) {
-        value = LoadValueNames[c];
-        load.*LoadFields[c] = ReadNumberField(stream);
     }
 }
 

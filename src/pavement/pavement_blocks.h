@@ -1,5 +1,5 @@
 // The blocks of layers and loads, which stand byte for byte alike in the analysis input file and in the graphics input
-// file: writing them, and reading one row. Callers: the readers and writers of both files.
+// file, and what else the writers and readers of files share. Callers: those of both files, the section's run.
 #pragma once
 #include <cstddef>
 #include <span>
@@ -29,10 +29,6 @@ void AppendLayerBlock(std::string& out, std::span<const PavementLayer> layers, U
 /// The heading lines and rows of the loads.
 /// @param loads  1-based: entry 0 is unused
 void AppendLoadBlock(std::string& out, std::span<const SurfaceLoad> loads, UnitSystem units, Int16 languageBase);
-
-/// Reads the fields of one row. `value` follows with the name of the field, so that a failed read can be told with it.
-void ReadLayerRow(TextStream& stream, bool last, PavementLayer& layer, const char*& value);
-void ReadLoadRow(TextStream& stream, SurfaceLoad& load, const char*& value);
 
 /// Reads `count` text fields and throws them away: headings and empty lines, whose words do not matter.
 void SkipTextFields(TextStream& stream, int count);

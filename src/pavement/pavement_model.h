@@ -75,6 +75,18 @@ inline constexpr std::array<const char*, LoadColumns> LoadValueNames{"VerticalLo
                                                                      "LoadY",        "HorizontalLoad", "AngleFromX"};
 inline constexpr std::array<const char*, PointColumns> PointValueNames{"LayerNumber", "PointX", "PointY", "PointZ"};
 
+/// The values themselves, in the same order.
+inline constexpr std::array<double PavementLayer::*, LayerColumns> LayerFields{
+    &PavementLayer::Modulus, &PavementLayer::PoissonRatio, &PavementLayer::Thickness, &PavementLayer::SlipRate};
+inline constexpr std::array<double SurfaceLoad::*, LoadColumns> LoadFields{
+    &SurfaceLoad::VerticalLoad, &SurfaceLoad::Radius,         &SurfaceLoad::LoadX,
+    &SurfaceLoad::LoadY,        &SurfaceLoad::HorizontalLoad, &SurfaceLoad::AngleFromX};
+
+/// How many of its values count in the row of a layer: of the last layer only modulus and Poisson ratio.
+constexpr std::size_t FieldsOfLayer(bool last) {
+    return last ? 2 : LayerColumns;
+}
+
 /// Rows 1 to Highest, and a row 0 that exists and holds zeros. An index outside 0 to Highest is fault 9: the bounds are
 /// part of the design, and passing one never resizes.
 template <class Row, int Highest>

@@ -25,11 +25,6 @@ Refusal JudgeSlipRate(double value) {
     return value <= HighestSlipRate ? Refusal::None : Refusal::AboveSlipLimit;
 }
 
-/// Only the last layer's first two cells count, whatever stands in the others.
-std::size_t UsedLayerColumns(bool last) {
-    return last ? 2 : LayerColumns;
-}
-
 PavementLayer LayerFromTexts(const LayerTexts& cells, bool last) {
     PavementLayer layer{ParseNumberPrefix(cells[0]), ParseNumberPrefix(cells[1]), 0, 0};
     if (!last) {
@@ -163,7 +158,7 @@ Refusal JudgeReportName(std::string_view name, std::string_view extension) {
 
 RowRefusals<LayerColumns> JudgeLayerTexts(const LayerTexts& cells, bool last) {
     RowRefusals<LayerColumns> row = JudgeLayer(LayerFromTexts(cells, last), last);
-    RefuseEmptyCells(cells, UsedLayerColumns(last), row);
+    RefuseEmptyCells(cells, FieldsOfLayer(last), row);  // whatever stands in the other cells of the last layer
     return row;
 }
 

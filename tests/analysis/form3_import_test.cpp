@@ -262,7 +262,7 @@ TEST_F(Form3Import, EverySampleIsWrittenBackAsItWas) {
         const AnalysisInputResult before = ReadAnalysisInput(entry.path().string());
         const AnalysisInputResult after = ReadAnalysisInput("copy.eva");
         ASSERT_TRUE(before.Passed() && after.Passed()) << entry.path();
-        EXPECT_EQ(*after.Model, *before.Model) << entry.path();
+        EXPECT_EQ(*after, *before) << entry.path();
     }
     EXPECT_GE(samples, 5);
 }

@@ -395,10 +395,10 @@ TEST_F(Form3Test, DataTypedWithKeysAloneIsSaved) {
     EXPECT_EQ(Boxes(), Texts{});
     const AnalysisInputResult file = ReadAnalysisInput(Screens.Folder.Path("Untitled.eva"));
     ASSERT_TRUE(file.Passed());
-    EXPECT_EQ(file.Model->Layers[1], (PavementLayer{1000, 0.35, 0, 0}));
-    EXPECT_EQ(file.Model->Loads[1], (SurfaceLoad{49, 15, 0, 0, 0, 0}));
-    EXPECT_EQ(file.Model->Points[1], (InterestPoint{1, 0, 0, 5}));
-    EXPECT_EQ(file.Model->ResultFileName, "Untitled.bre");
+    EXPECT_EQ(file->Layers[1], (PavementLayer{1000, 0.35, 0, 0}));
+    EXPECT_EQ(file->Loads[1], (SurfaceLoad{49, 15, 0, 0, 0, 0}));
+    EXPECT_EQ(file->Points[1], (InterestPoint{1, 0, 0, 5}));
+    EXPECT_EQ(file->ResultFileName, "Untitled.bre");
 }
 
 TEST_F(Form3Test, AnUntitledFileThatIsThereIsNotReplacedWithoutAQuestion) {

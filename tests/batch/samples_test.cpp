@@ -34,12 +34,12 @@ TEST(Samples, AreByteForByteWhatTheProgramWrites) {
         const std::string bytes = SampleBytes(name);
         std::istringstream stream(bytes);
         const AnalysisInputResult read = ReadAnalysisInput(stream);
-        ASSERT_TRUE(read.Passed()) << name << ": " << FindingText(read.Failure);
-        EXPECT_EQ(WrittenAgain(*read.Model, bytes), bytes) << name;
+        ASSERT_TRUE(read.Passed()) << name << ": " << FindingText(read.Failure().First);
+        EXPECT_EQ(WrittenAgain(*read, bytes), bytes) << name;
         // The reports are named after the file, so that two samples in one folder keep apart.
         const std::string stem = name.substr(0, name.find('.'));
-        EXPECT_EQ(read.Model->ResultFileName, stem + ".bre");
-        EXPECT_EQ(read.Model->PrincipalFileName, stem + ".san");
+        EXPECT_EQ(read->ResultFileName, stem + ".bre");
+        EXPECT_EQ(read->PrincipalFileName, stem + ".san");
     }
 }
 
@@ -64,14 +64,14 @@ TEST(Samples, HaveTheirPavementForTheGraphicsToo) {
         const std::string bytes = SampleBytes(name.substr(0, name.find('.')) + ".ven");
         std::istringstream stream(bytes);
         const GraphicsInputResult graphics = ReadGraphicsInput(stream);
-        ASSERT_TRUE(graphics.Passed()) << name << ": " << FindingText(graphics.Failure);
-        EXPECT_EQ(WrittenAgain(*graphics.Data, bytes), bytes) << name;
+        ASSERT_TRUE(graphics.Passed()) << name << ": " << FindingText(graphics.Failure().First);
+        EXPECT_EQ(WrittenAgain(*graphics, bytes), bytes) << name;
         GraphicsInputData same;
-        same.LayerCount = read.Model->LayerCount;
-        same.LoadCount = read.Model->LoadCount;
-        same.Layers = read.Model->Layers;
-        same.Loads = read.Model->Loads;
-        EXPECT_EQ(*graphics.Data, same) << name;
+        same.LayerCount = read->LayerCount;
+        same.LoadCount = read->LoadCount;
+        same.Layers = read->Layers;
+        same.Loads = read->Loads;
+        EXPECT_EQ(*graphics, same) << name;
     }
 }
 

@@ -47,7 +47,7 @@ protected:
         plot.LanguageBase = GetParam();
         plot.Section = section;
         const GraphicsInputResult road = ReadGraphicsInput(ZIRVO_SAMPLES "/road.ven");
-        EXPECT_EQ(StartSection(plot, *road.Data), SectionInputStatus::Written);
+        EXPECT_EQ(StartSection(plot, *road), SectionInputStatus::Written);
         SolveSection(plot, ZIRVO_BIN, *MakeProcessService(), {});
         ConvertSection(plot, false);
         return LoadSection(plot);
@@ -57,7 +57,7 @@ protected:
 TEST_P(WorkedExample, TellsToTypeTheSample) {
     const AnalysisInputResult sample = ReadAnalysisInput(ZIRVO_SAMPLES "/road.eva");
     ASSERT_TRUE(sample.Passed());
-    const PavementModel& road = *sample.Model;
+    const PavementModel& road = *sample;
     const std::vector<TableRow> layers = Pages().Page.TableBehind("exanalysis");
     ASSERT_EQ(static_cast<int>(layers.size()), road.LayerCount);
     for (std::size_t i = 0; i < layers.size(); ++i) {

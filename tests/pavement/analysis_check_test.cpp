@@ -132,7 +132,7 @@ TEST(CheckAnalysisInput, TheFirstFindingIsTheOneThatTheImportStopsAt) {
         std::istringstream again(bytes);
         const std::vector<Finding> findings = CheckAnalysisInput(once);
         ASSERT_FALSE(findings.empty()) << from;
-        EXPECT_EQ(findings.front(), ReadAnalysisInput(again).Failure);
+        EXPECT_EQ(findings.front(), ReadAnalysisInput(again).Failure().First);
     }
 }
 

@@ -10,7 +10,7 @@
 namespace zirvo {
 namespace {
 
-using Status = GraphicsInputStatus;
+using Error = InputError;
 using test::ExampleData;
 using test::ExampleVen;
 using test::Replaced;
@@ -47,12 +47,13 @@ const char* const LastLayer = "100 0.4\r\n";
 const char* const Load = "49 15 0 0 0 0\r\n";
 
 /// What the user is told, and where the focus goes: to QUIT for wrong values, nowhere for a file that does not read.
-void ExpectRefused(const std::string& bytes, Status status, const std::string& finding) {
+void ExpectRefused(const std::string& bytes, Error error, const std::string& finding) {
     const GraphicsInputResult result = Read(bytes);
-    EXPECT_EQ(result.Status, status) << FindingText(result.Failure);
-    EXPECT_EQ(result.Focus, status == Status::ReadFailed ? ImportFocus::FocusUnchanged : ImportFocus::FocusQuit);
-    EXPECT_FALSE(result.Data.has_value());
-    EXPECT_EQ(FindingText(result.Failure), finding);
+    EXPECT_EQ(result.Failure().Error, error) << FindingText(result.Failure().First);
+    EXPECT_EQ(result.Failure().Focus,
+              error == Error::ReadFailed ? ImportFocus::FocusUnchanged : ImportFocus::FocusQuit);
+    EXPECT_FALSE(result.Passed());
+    EXPECT_EQ(FindingText(result.Failure().First), finding);
     const std::vector<std::string> all = Check(bytes);
     ASSERT_FALSE(all.empty()) << "what the reader refuses the check must name";
     EXPECT_EQ(all.front(), finding);
@@ -62,44 +63,42 @@ const std::string NoNumber = "is not a number of the kind that belongs here, or 
 
 TEST(ReadGraphicsInput, TheExampleReads) {
     const GraphicsInputResult result = Read(ExampleVen());
-    ASSERT_TRUE(result.Passed()) << FindingText(result.Failure);
-    EXPECT_EQ(*result.Data, ExampleData());
-    EXPECT_EQ(result.Focus, ImportFocus::FocusUnchanged);
+    ASSERT_TRUE(result.Passed()) << FindingText(result.Failure().First);
+    EXPECT_EQ(*result, ExampleData());
     EXPECT_TRUE(Check(ExampleVen()).empty());
 }
 
 TEST(ReadGraphicsInput, EachResultHasItsMessage) {
-    EXPECT_EQ(MessageOf(Status::Passed), 0);
-    EXPECT_EQ(MessageOf(Status::CountsInvalid), 58);
-    EXPECT_EQ(MessageOf(Status::LayerInvalid), 59);
-    EXPECT_EQ(MessageOf(Status::LoadInvalid), 60);
-    EXPECT_EQ(MessageOf(Status::ReadFailed), 0);
+    EXPECT_EQ(MessageOf(Error::CountsInvalid), 58);
+    EXPECT_EQ(MessageOf(Error::LayerInvalid), 59);
+    EXPECT_EQ(MessageOf(Error::LoadInvalid), 60);
+    EXPECT_EQ(MessageOf(Error::ReadFailed), 0);
 }
 
 TEST(ReadGraphicsInput, AFileOfTheOtherLanguageReads) {
     const std::string japanese = WriteGraphicsInput(ExampleData(), UnitSystem::KnToMPa, JapaneseBase);
-    EXPECT_EQ(Read(japanese).Data, ExampleData());
+    EXPECT_EQ(*Read(japanese), ExampleData());
 }
 
 TEST(ReadGraphicsInput, ReadsTheFileOfAPath) {
     const test::WorkFolder folder;
     test::PutFile("舗装.ven", ExampleVen());
-    EXPECT_EQ(ReadGraphicsInput(folder.Path() + "/舗装.ven").Data, ExampleData());
+    EXPECT_EQ(*ReadGraphicsInput(folder.Path() + "/舗装.ven"), ExampleData());
     EXPECT_TRUE(CheckGraphicsInput("舗装.ven").empty());
 }
 
 TEST(ReadGraphicsInput, AFileThatCannotBeOpenedIsAQuietFailure) {
     const test::WorkFolder folder;
-    EXPECT_EQ(ReadGraphicsInput("none.ven").Status, Status::ReadFailed);
-    EXPECT_EQ(FindingText(ReadGraphicsInput("none.ven").Failure), "file: File not found");
-    EXPECT_EQ(FindingText(ReadGraphicsInput(folder.Path()).Failure), "file: Path/File access error");
+    EXPECT_EQ(ReadGraphicsInput("none.ven").Failure().Error, Error::ReadFailed);
+    EXPECT_EQ(FindingText(ReadGraphicsInput("none.ven").Failure().First), "file: File not found");
+    EXPECT_EQ(FindingText(ReadGraphicsInput(folder.Path()).Failure().First), "file: Path/File access error");
     EXPECT_EQ(CheckGraphicsInput("none.ven").size(), 1u);
     test::PutFile("empty.ven", "");
-    EXPECT_EQ(ReadGraphicsInput("empty.ven").Status, Status::ReadFailed);
+    EXPECT_EQ(ReadGraphicsInput("empty.ven").Failure().Error, Error::ReadFailed);
 }
 
 TEST(ReadGraphicsInput, ARowBrokenOverLinesReadsAsIfItStoodOnOne) {
-    EXPECT_EQ(Read(FileOf("2\r\n\r\n1", "35000\r\n0.35\r\n5 0 1000\r\n0.4\r\n", "5000 15\r\n0 0\r\n0 0\r\n")).Data,
+    EXPECT_EQ(*Read(FileOf("2\r\n\r\n1", "35000\r\n0.35\r\n5 0 1000\r\n0.4\r\n", "5000 15\r\n0 0\r\n0 0\r\n")),
               ExampleData());
 }
 
@@ -110,32 +109,32 @@ TEST(ReadGraphicsInput, HeadingsMayBeAnythingThatIsOneLineWithoutAComma) {
 }
 
 TEST(ReadGraphicsInput, ACommaInAHeadingShiftsTheRestOfTheRead) {
-    ExpectRefused(Replaced(ExampleVen(), "LOAD POINT", "LOAD, POINT"), Status::ReadFailed,
+    ExpectRefused(Replaced(ExampleVen(), "LOAD POINT", "LOAD, POINT"), Error::ReadFailed,
                   "load 1, VerticalLoad: " + NoNumber);
-    ExpectRefused(Replaced(ExampleVen(), "LAYERS", "LAYERS,"), Status::ReadFailed, "counts, LayerCount: " + NoNumber);
+    ExpectRefused(Replaced(ExampleVen(), "LAYERS", "LAYERS,"), Error::ReadFailed, "counts, LayerCount: " + NoNumber);
 }
 
 TEST(ReadGraphicsInput, WhatStandsBehindTheLastLoadDoesNotMatter) {
-    EXPECT_EQ(Read(ExampleVen() + "anything, \"at all").Data, ExampleData());
+    EXPECT_EQ(*Read(ExampleVen() + "anything, \"at all"), ExampleData());
 }
 
 TEST(ReadGraphicsInput, ACountOfZeroIsInvalid) {
-    ExpectRefused(FileOf("0 1", "", Load), Status::CountsInvalid, "counts, LayerCount 0: is 0");
-    ExpectRefused(FileOf("1 0", LastLayer, ""), Status::CountsInvalid, "counts, LoadCount 0: is 0");
+    ExpectRefused(FileOf("0 1", "", Load), Error::CountsInvalid, "counts, LayerCount 0: is 0");
+    ExpectRefused(FileOf("1 0", LastLayer, ""), Error::CountsInvalid, "counts, LoadCount 0: is 0");
 }
 
 TEST(ReadGraphicsInput, TheThreeTextsBehindTheCountsAreReadBeforeTheCountsAreJudged) {
-    EXPECT_EQ(Read("heading\r\n0 0\r\n\r\nheading\r\nheading\r\n").Status, Status::CountsInvalid);
-    EXPECT_EQ(Read("heading\r\n0 0\r\n\r\nheading\r\n").Status, Status::ReadFailed);
-    EXPECT_EQ(Read("heading\r\n0 0\r\n").Status, Status::ReadFailed);
+    EXPECT_EQ(Read("heading\r\n0 0\r\n\r\nheading\r\nheading\r\n").Failure().Error, Error::CountsInvalid);
+    EXPECT_EQ(Read("heading\r\n0 0\r\n\r\nheading\r\n").Failure().Error, Error::ReadFailed);
+    EXPECT_EQ(Read("heading\r\n0 0\r\n").Failure().Error, Error::ReadFailed);
 }
 
 TEST(ReadGraphicsInput, NegativeCountsAndThoseBeyondSixteenBitsFailQuietly) {
-    ExpectRefused(FileOf("-1 1", LastLayer, Load), Status::ReadFailed, "counts, LayerCount -1: is below 0");
-    ExpectRefused(FileOf("0 -1", LastLayer, Load), Status::ReadFailed, "counts, LoadCount -1: is below 0");
-    ExpectRefused(FileOf("40000 1", LastLayer, Load), Status::ReadFailed,
+    ExpectRefused(FileOf("-1 1", LastLayer, Load), Error::ReadFailed, "counts, LayerCount -1: is below 0");
+    ExpectRefused(FileOf("0 -1", LastLayer, Load), Error::ReadFailed, "counts, LoadCount -1: is below 0");
+    ExpectRefused(FileOf("40000 1", LastLayer, Load), Error::ReadFailed,
                   "counts, LayerCount: is outside -32768 to 32767");
-    ExpectRefused(FileOf("1.0 1", LastLayer, Load), Status::ReadFailed, "counts, LayerCount: " + NoNumber);
+    ExpectRefused(FileOf("1.0 1", LastLayer, Load), Error::ReadFailed, "counts, LayerCount: " + NoNumber);
 }
 
 TEST(ReadGraphicsInput, LimitsThemselvesPassAndBeyondThemTheLayerFails) {
@@ -153,43 +152,43 @@ TEST(ReadGraphicsInput, LimitsThemselvesPassAndBeyondThemTheLayerFails) {
                            Row{"1 0.4 0 0\r\n1 0.4", "layer 1, Thickness 0: is not above 0"},
                            Row{"1 0.4 10 0\r\n1 0.51", "layer 2, PoissonRatio 0.51: is above 0.5"},
                            Row{"1 0.4 10 0\r\n-1 0.4", "layer 2, Modulus -1: is not above 0"}}) {
-        ExpectRefused(FileOf("2 1", row.Layers + std::string("\r\n"), Load), Status::LayerInvalid, row.Finding);
+        ExpectRefused(FileOf("2 1", row.Layers + std::string("\r\n"), Load), Error::LayerInvalid, row.Finding);
     }
 }
 
 TEST(ReadGraphicsInput, ALoadNeedsARadiusAndOneOfItsTwoForces) {
     EXPECT_TRUE(Read(FileOf("1 1", LastLayer, "0 15 0 0 10 0\r\n")).Passed());
     EXPECT_TRUE(Read(FileOf("1 1", LastLayer, "-5 15 -1E9 1E9 0 -720\r\n")).Passed());
-    ExpectRefused(FileOf("1 1", LastLayer, "0 15 0 0 0 0\r\n"), Status::LoadInvalid,
+    ExpectRefused(FileOf("1 1", LastLayer, "0 15 0 0 0 0\r\n"), Error::LoadInvalid,
                   "load 1, VerticalLoad 0: is 0, and so is HorizontalLoad: the load does nothing");
-    ExpectRefused(FileOf("1 1", LastLayer, "5 0 0 0 5 0\r\n"), Status::LoadInvalid, "load 1, Radius 0: is not above 0");
-    ExpectRefused(FileOf("1 1", LastLayer, "5 -15 0 0 5 0\r\n"), Status::LoadInvalid,
+    ExpectRefused(FileOf("1 1", LastLayer, "5 0 0 0 5 0\r\n"), Error::LoadInvalid, "load 1, Radius 0: is not above 0");
+    ExpectRefused(FileOf("1 1", LastLayer, "5 -15 0 0 5 0\r\n"), Error::LoadInvalid,
                   "load 1, Radius -15: is not above 0");
 }
 
 TEST(ReadGraphicsInput, TheFirstFailureDecidesAndLaterRowsAreNotRead) {
-    ExpectRefused(FileOf("3 1", "1 0.6 10 0\r\nrubbish", ""), Status::LayerInvalid,
+    ExpectRefused(FileOf("3 1", "1 0.6 10 0\r\nrubbish", ""), Error::LayerInvalid,
                   "layer 1, PoissonRatio 0.6: is above 0.5");
-    ExpectRefused(FileOf("1 2", LastLayer, "0 0 0 0 0 0\r\nrubbish"), Status::LoadInvalid,
+    ExpectRefused(FileOf("1 2", LastLayer, "0 0 0 0 0 0\r\nrubbish"), Error::LoadInvalid,
                   "load 1, VerticalLoad 0: is 0, and so is HorizontalLoad: the load does nothing");
 }
 
 TEST(ReadGraphicsInput, AHundredRowsAreReadAndTheHundredAndFirstStopsWithoutAWord) {
     EXPECT_TRUE(Read(FileOf("100 100", Repeat(Layer, 99) + LastLayer, Repeat(Load, 100))).Passed());
-    ExpectRefused(FileOf("101 1", Repeat(Layer, 100) + LastLayer, Load), Status::ReadFailed,
+    ExpectRefused(FileOf("101 1", Repeat(Layer, 100) + LastLayer, Load), Error::ReadFailed,
                   "layer 101: more rows than an analysis can have");
-    ExpectRefused(FileOf("1 101", LastLayer, Repeat(Load, 101)), Status::ReadFailed,
+    ExpectRefused(FileOf("1 101", LastLayer, Repeat(Load, 101)), Error::ReadFailed,
                   "load 101: more rows than an analysis can have");
     // It stops at the row, not at the count: an earlier row that fails is told.
-    ExpectRefused(FileOf("101 1", "1 0.6 1 0\r\n" + Repeat(Layer, 99) + LastLayer, Load), Status::LayerInvalid,
+    ExpectRefused(FileOf("101 1", "1 0.6 1 0\r\n" + Repeat(Layer, 99) + LastLayer, Load), Error::LayerInvalid,
                   "layer 1, PoissonRatio 0.6: is above 0.5");
 }
 
 TEST(ReadGraphicsInput, WordsForNumbersFailQuietly) {
-    ExpectRefused(Replaced(ExampleVen(), "0.35", "soft"), Status::ReadFailed, "layer 1, PoissonRatio: " + NoNumber);
-    ExpectRefused(Replaced(ExampleVen(), "      5000", "     heavy"), Status::ReadFailed,
+    ExpectRefused(Replaced(ExampleVen(), "0.35", "soft"), Error::ReadFailed, "layer 1, PoissonRatio: " + NoNumber);
+    ExpectRefused(Replaced(ExampleVen(), "      5000", "     heavy"), Error::ReadFailed,
                   "load 1, VerticalLoad: " + NoNumber);
-    ExpectRefused(Replaced(ExampleVen(), "35000", "  nan"), Status::ReadFailed, "layer 1, Modulus: " + NoNumber);
+    ExpectRefused(Replaced(ExampleVen(), "35000", "  nan"), Error::ReadFailed, "layer 1, Modulus: " + NoNumber);
 }
 
 TEST(ReadGraphicsInput, AFileCutAtAnyByteReadsOrFailsQuietly) {
@@ -198,11 +197,10 @@ TEST(ReadGraphicsInput, AFileCutAtAnyByteReadsOrFailsQuietly) {
     for (std::size_t length = 0; length < whole.size(); ++length) {
         const GraphicsInputResult result = Read(whole.substr(0, length));
         if (length > lastNumber) {
-            EXPECT_EQ(result.Data, ExampleData());
+            EXPECT_EQ(*result, ExampleData());
         } else {
             // Nowhere in the example does a cut number end as a value that a rule refuses and more follows.
-            EXPECT_NE(result.Status, Status::Passed) << length;
-            EXPECT_FALSE(result.Data.has_value());
+            EXPECT_FALSE(result.Passed()) << length;
         }
         EXPECT_EQ(Check(whole.substr(0, length)).empty(), result.Passed()) << length;
     }

@@ -106,8 +106,8 @@ TEST(WriteGraphicsInput, ReadingAndWritingAgainGivesTheSameBytes) {
         for (const Int16 base : {JapaneseBase, EnglishBase}) {
             const std::string bytes = WriteGraphicsInput(data, units, base);
             const GraphicsInputResult result = ReadBytes(bytes);
-            ASSERT_TRUE(result.Passed()) << FindingText(result.Failure);
-            EXPECT_EQ(WriteGraphicsInput(*result.Data, units, base), bytes);
+            ASSERT_TRUE(result.Passed()) << FindingText(result.Failure().First);
+            EXPECT_EQ(WriteGraphicsInput(*result, units, base), bytes);
         }
     }
 }
@@ -123,8 +123,8 @@ TEST(WriteGraphicsInput, AFullDataSetIsReadBackAsItIs) {
     data.Layers[100].Thickness = 0;
     data.Layers[100].SlipRate = 0;
     const GraphicsInputResult result = ReadBytes(WriteGraphicsInput(data, UnitSystem::KnToMPa, JapaneseBase));
-    ASSERT_TRUE(result.Passed()) << FindingText(result.Failure);
-    EXPECT_EQ(*result.Data, data);
+    ASSERT_TRUE(result.Passed()) << FindingText(result.Failure().First);
+    EXPECT_EQ(*result, data);
 }
 
 TEST(WriteGraphicsInput, ACountBeyondTheBoundsIsFaultNine) {

@@ -26,7 +26,7 @@ public:
         plot_.PositionText = position;
         const GraphicsInputResult read = ReadGraphicsInput(ZIRVO_SAMPLES "/" + sample);
         EXPECT_TRUE(read.Passed());
-        EXPECT_EQ(StartSection(plot_, *read.Data), SectionInputStatus::Written);
+        EXPECT_EQ(StartSection(plot_, *read), SectionInputStatus::Written);
         EXPECT_EQ(SolveSection(plot_, ZIRVO_BIN, *MakeProcessService(), {}), GraphicsRunResult::Finished);
         Convert(false);
     }
