@@ -43,12 +43,6 @@ void SetFont(PlotSurface& surface, const TextFont& font) {
     surface.FontBold = font.Bold;
 }
 
-void PrintAt(PlotSurface& surface, double x, double y, std::string_view text) {
-    surface.CurrentX = static_cast<float>(x);
-    surface.CurrentY = static_cast<float>(y);
-    surface.Print(text);
-}
-
 /// Calls `visit` at first, first + a quarter, ... by repeated addition, up to last.
 template <class Visit>
 void AtQuarters(double first, double last, Visit visit) {

@@ -57,4 +57,10 @@ void PlotSurface::Scale(float x1, float y1, float x2, float y2) {
     picture_.Y2 = y2;
 }
 
+void PrintAt(PlotSurface& surface, double x, double y, std::string_view text) {
+    surface.CurrentX = static_cast<float>(x);
+    surface.CurrentY = static_cast<float>(y);
+    surface.Print(text);
+}
+
 }  // namespace zirvo

@@ -90,4 +90,7 @@ private:
     PictureScale picture_;
 };
 
+/// Prints the text with its top left corner at the point.
+void PrintAt(PlotSurface& surface, double x, double y, std::string_view text);
+
 }  // namespace zirvo

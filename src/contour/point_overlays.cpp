@@ -1,21 +1,16 @@
 // Overlays of a map. Callers: DrawContourMap, the click on the picture.
 //
 // Notation        x(i), y(j) the fine axes, d(i, j) the matrix; TW, TH the signed size of the text about to be printed.
-// Steps           on an X-Z section the fine rows are not evenly spread, so the walk goes by the gaps between the depth
-//                 levels, as the rows were laid out: eleven for the first gap of a layer, ten for each further one.
 #include "contour/point_overlays.h"
 
 #include <cmath>
 #include <vector>
 
-#include "base/runtime_fault.h"
+#include "contour/depth_bands.h"
 #include "contour/number_format.h"
 
 namespace zirvo {
 namespace {
-
-/// Levels closer than this have no rows between them [cm].
-constexpr double LeastGap = 0.001;
 
 struct DepthRow {
     int Row = 0;
@@ -25,32 +20,22 @@ struct DepthRow {
 /// The rows that hold results of the solver, from the top down.
 std::vector<DepthRow> ResultRows(const CoarseGrid& grid) {
     std::vector<DepthRow> rows;
-    int n = 0;
-    for (int layer = 1; layer <= grid.LayerCount; ++layer) {
-        for (int gap = 1; gap <= SubDivisionsY; ++gap) {
-            const auto [top, bottom] = DepthGapOf(grid, layer, gap);
-            if (std::fabs(bottom - top) <= LeastGap) {
-                continue;
-            }
-            const double step = (bottom - top) / RefineFactor;
-            n += gap == 1 ? RefineFactor + 1 : RefineFactor;
-            if (gap == 1) {
-                rows.push_back({n - RefineFactor, top});
-            }
-            rows.push_back({n, top + step * RefineFactor});
+    VisitDepthBands(grid, HasRoomForRows, [&rows](const DepthBand& band) {
+        if (!band.HasRows) {
+            return;
         }
-    }
+        const auto [top, bottom] = band.Depths;
+        const double step = (bottom - top) / RefineFactor;
+        if (band.OpensLayer) {
+            rows.push_back({band.FirstRow, top});
+        }
+        rows.push_back({band.LastRow, top + step * RefineFactor});
+    });
     return rows;
 }
 
 double At(const std::vector<double>& axis, int index) {
     return axis[static_cast<std::size_t>(index)];
-}
-
-void PrintAt(PlotSurface& surface, double x, double y, std::string_view text) {
-    surface.CurrentX = static_cast<float>(x);
-    surface.CurrentY = static_cast<float>(y);
-    surface.Print(text);
 }
 
 /// `share` of the text's height is added to y: -0.5 centres it, 0.5 puts it under the point.

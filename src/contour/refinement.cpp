@@ -13,6 +13,7 @@
 #include "contour/refinement.h"
 
 #include "base/runtime_fault.h"
+#include "contour/depth_bands.h"
 
 namespace zirvo {
 namespace {
@@ -91,24 +92,16 @@ void RefineMatrixXY(ContourField& field, const CoarseGrid& grid) {
 }
 
 void RefineMatrixXZ(ContourField& field, const CoarseGrid& grid) {
-    int rows = 0;  // used so far
-    int first = 0;
-    int last = 0;
     Interval height(0);
-    for (int layer = 1; layer <= grid.LayerCount; ++layer) {
-        for (int gap = 1; gap <= SubDivisionsY; ++gap) {
-            const DepthGap depths = DepthGapOf(grid, layer, gap);
-            if (depths.Bottom > depths.Top) {
-                rows += gap == 1 ? RefineFactor + 1 : RefineFactor;  // all but the first share a row with the one above
-                first = rows - RefineFactor;
-                last = rows;
-                height = Interval(depths.Bottom - depths.Top);
-            }
-            if (last > 0) {
-                RefineRows(field, grid.GridCountX(), first, last, height);
-            }
+    const auto hasHeight = [](const DepthGap& depths) { return depths.Bottom > depths.Top; };  // however small
+    VisitDepthBands(grid, hasHeight, [&](const DepthBand& band) {
+        if (band.HasRows) {
+            height = Interval(band.Depths.Bottom - band.Depths.Top);
         }
-    }
+        if (band.LastRow > 0) {
+            RefineRows(field, grid.GridCountX(), band.FirstRow, band.LastRow, height);
+        }
+    });
 }
 
 }  // namespace zirvo

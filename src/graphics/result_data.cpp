@@ -2,12 +2,12 @@
 #include "graphics/result_data.h"
 
 #include <array>
-#include <cmath>
 #include <fstream>
 #include <span>
 #include <string_view>
 
 #include "base/runtime_fault.h"
+#include "contour/depth_bands.h"
 #include "contour/number_format.h"
 #include "contour/numeric_helpers.h"
 #include "contour/refinement.h"
@@ -21,9 +21,6 @@ namespace zirvo {
 namespace {
 
 constexpr std::size_t LineFields = 4;
-
-/// Levels this close have no gap between them [cm].
-constexpr double LeastDepthGap = 0.001;
 
 /// X, Y, Z and the value of a data line.
 std::array<double, LineFields> SplitLine(std::string_view line) {
@@ -114,26 +111,21 @@ void PlaceXY(PointValues points, const CoarseGrid& grid, ContourField& field) {
     }
 }
 
-/// Each layer has its own rows, so that the two rows at an interface keep the values of either side.
 void PlaceXZ(PointValues points, const CoarseGrid& grid, ContourField& field) {
     std::vector<double>& axis = field.FineAxis2;
-    for (int layer = 1; layer <= grid.LayerCount; ++layer) {
-        for (int gap = 1; gap <= SubDivisionsY; ++gap) {
-            const DepthGap depths = DepthGapOf(grid, layer, gap);
-            if (!(std::fabs(depths.Bottom - depths.Top) > LeastDepthGap)) {
-                continue;
-            }
-            const double step = (depths.Bottom - depths.Top) / RefineFactor;
-            for (int k = gap == 1 ? 0 : 1; k <= RefineFactor; ++k) {
-                axis.push_back(k * step + depths.Top);
-            }
-            const int last = static_cast<int>(axis.size()) - 1;
-            if (gap == 1) {  // top and first level below it are taken in together
-                TakeRow(points, grid, last - RefineFactor, field.Values);
-            }
-            TakeRow(points, grid, last, field.Values);
+    VisitDepthBands(grid, HasRoomForRows, [&](const DepthBand& band) {
+        if (!band.HasRows) {
+            return;
         }
-    }
+        const double step = (band.Depths.Bottom - band.Depths.Top) / RefineFactor;
+        for (int k = band.OpensLayer ? 0 : 1; k <= RefineFactor; ++k) {
+            axis.push_back(k * step + band.Depths.Top);
+        }
+        if (band.OpensLayer) {  // top and first level below it are taken in together
+            TakeRow(points, grid, band.FirstRow, field.Values);
+        }
+        TakeRow(points, grid, band.LastRow, field.Values);
+    });
 }
 
 /// Axes and matrix. A Y-Z section has its columns in the file, but no grid.

@@ -201,6 +201,18 @@ TEST(RefineMatrixXZ, AFirstGapWithoutHeightLeavesTheNextOneToBeginAtRowZero) {
     EXPECT_NEAR(map.Field.Values.At(11, 15), 160, 1e-12);
 }
 
+// Unlike where rows are laid out, any height counts here: 0.0005 cm between the second and the third level.
+TEST(RefineMatrixXZ, AGapOfAnyHeightHasRows) {
+    ContourMap map = SectionXZ({0, 1, 1.0005, 2, 3, 4, 5});
+    for (int level = 0; level <= 6; ++level) {
+        SetRow(map, 1 + 10 * level, level);
+    }
+    RefineMatrixXZ(map.Field, map.Grid);
+    for (int row = 1; row <= 61; ++row) {
+        EXPECT_NEAR(map.Field.Values.At(1, row), (row - 1) / 10.0, 1e-9) << row;
+    }
+}
+
 TEST(RefineMatrixXZ, LevelsThatAreNotThereAreAFault) {
     ContourMap map = SectionXZ({0, 1, 2, 3, 4, 5, 6});
     map.Grid.LayerCount = 2;
