@@ -18,12 +18,4 @@ Int16 AddInt16(Int16 a, Int16 b) {
     return ToInt16(static_cast<long long>(a) + b);
 }
 
-Int16 SubtractInt16(Int16 a, Int16 b) {
-    return ToInt16(static_cast<long long>(a) - b);
-}
-
-Int16 MultiplyInt16(Int16 a, Int16 b) {
-    return ToInt16(static_cast<long long>(a) * b);
-}
-
 }  // namespace zirvo

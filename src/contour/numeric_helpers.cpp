@@ -8,11 +8,12 @@
 namespace zirvo {
 
 ValueRange ArrayRange(std::span<const double> values, int count) {
-    if (count < 1 || static_cast<std::size_t>(count) >= values.size()) {
+    const auto last = static_cast<std::size_t>(count < 1 ? 1 : count);
+    if (last >= values.size()) {
         throw RuntimeFault(fault::SubscriptOutOfRange);
     }
     ValueRange range{values[1], values[1]};
-    for (const double value : values.subspan(1, static_cast<std::size_t>(count))) {
+    for (const double value : values.subspan(1, last)) {
         if (range.Smallest > value) {
             range.Smallest = value;
         }

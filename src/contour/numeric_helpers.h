@@ -26,7 +26,7 @@ struct ValueRange {
     bool operator==(const ValueRange&) const = default;
 };
 
-/// The range of entries 1 to `count`.
+/// The range of entries 1 to `count`; entry 1 counts also where `count` is less than 1.
 /// @param values  1-based: entry 0 is unused. Fault 9 if there is no entry 1, or none of the number `count`.
 ValueRange ArrayRange(std::span<const double> values, int count);
 

@@ -1,4 +1,5 @@
-// Decimal rounding of numbers with four decimals. Callers: the point grid of a section (Round).
+// Decimal rounding of numbers with four decimals. Callers: the point grid of a section (Round); none of RoundUp and
+// RoundDown, which complete the family.
 #pragma once
 #include "base/int16.h"
 #include "contour/fixed_point4.h"

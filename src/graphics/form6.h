@@ -20,8 +20,8 @@ class Form6 : public forms::Form {
 public:
     static constexpr const char* FormName = "Form6";
     static constexpr int DisplayItemCount = 5;
-    /// Data lines of a comma file above which the reader would stop with a message. The bound of its arrays comes long
-    /// before.
+    /// Data lines of a comma file above which the reader would stop with a message. It never does: the bound of its
+    /// arrays (PointLimit) is a fault long before.
     static constexpr int DataLineLimit = 9000000;
 
     /// @param makePicture    makes what Picture1 shows

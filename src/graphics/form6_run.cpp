@@ -5,7 +5,6 @@
 #include "graphics/form6.h"
 #include "shell/form2.h"
 #include "text/number_text.h"
-#include "text/version_stamp.h"
 
 namespace zirvo {
 namespace {
@@ -14,7 +13,6 @@ using forms::Answer;
 using forms::Buttons;
 using forms::Icon;
 
-constexpr Int16 BoxStamp = 3;
 constexpr forms::ScreenColor White = 0xFFFFFF;
 
 }  // namespace

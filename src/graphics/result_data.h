@@ -14,7 +14,7 @@ struct ResultDataSet {
     std::vector<double> PointValue{0.0};  ///< of the data lines in file order [micro], 1-based: entry 0 is unused
     ContourMap Map;                       ///< field, grid, extent and value range
     double ContourMin = 0;                ///< the value range to which an invalid entry returns; set by TakeReadOuts
-    double ContourMax = 0;
+    double ContourMax = 0;  ///< its other end, which no entry asks for: an invalid one returns to ContourMin
 
     /// Number of data lines.
     int Count() const { return static_cast<int>(PointValue.size()) - 1; }

@@ -3,7 +3,6 @@
 
 #include "pavement/pavement_blocks.h"
 #include "platform/code_page.h"
-#include "text/number_text.h"
 
 namespace zirvo {
 

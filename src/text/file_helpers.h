@@ -9,6 +9,7 @@ namespace zirvo {
 bool FileExists(const std::string& path);
 
 /// True if the path is a folder without the read-only attribute. A path without attributes is the caller's fault 53/76.
+/// Has no caller: a folder of the settings is good whether it can be written or not.
 bool IsWritableFolder(const std::string& path);
 
 /// The file's text, decoded from code page 932; on any failure the fault's number as text ("53").

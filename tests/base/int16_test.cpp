@@ -26,17 +26,5 @@ TEST(Int16, SumsOverflowInsteadOfWrappingAround) {
     EXPECT_EQ(FaultOf([] { AddInt16(-32768, -1); }), 6);
 }
 
-TEST(Int16, DifferencesOverflowInsteadOfWrappingAround) {
-    EXPECT_EQ(SubtractInt16(-1, -32768), 32767);
-    EXPECT_EQ(FaultOf([] { SubtractInt16(0, -32768); }), 6);
-    EXPECT_EQ(FaultOf([] { SubtractInt16(-32768, 1); }), 6);
-}
-
-TEST(Int16, ProductsOverflowInsteadOfWrappingAround) {
-    EXPECT_EQ(MultiplyInt16(-128, 256), -32768);
-    EXPECT_EQ(FaultOf([] { MultiplyInt16(128, 256); }), 6);
-    EXPECT_EQ(FaultOf([] { MultiplyInt16(-32768, -32768); }), 6);
-}
-
 }  // namespace
 }  // namespace zirvo
