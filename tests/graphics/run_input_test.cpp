@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "base/fault_of.h"
+#include "pavement/analysis_input.h"
 #include "pavement/graphics_example.h"
 #include "platform/in_child.h"
 #include "text/catalogue.h"
