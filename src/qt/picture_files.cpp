@@ -7,10 +7,12 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSvgGenerator>
+
+#include <memory>
 
 #include "base/runtime_fault.h"
 #include "platform/files.h"
+#include "qt/svg_sink.h"
 #include "qt/vector_surface.h"
 
 namespace zirvo {
@@ -43,15 +45,6 @@ bool DrawOn(QPaintDevice& device, QSizeF page, int pixelsWide, int pixelsHigh, c
     return painter.end();
 }
 
-/// The title without the marks of XML: QSvgGenerator writes it as it is.
-QString PlainTitle(const std::string& title) {
-    QString text = QString::fromStdString(title);
-    for (const char mark : {'<', '>', '&'}) {
-        text.remove(QLatin1Char(mark));
-    }
-    return text;
-}
-
 /// Writes blanks over the date, which keeps every offset in the file.
 void TakeOutDate(std::string& pdf) {
     const std::size_t from = pdf.find("/CreationDate");
@@ -73,15 +66,11 @@ std::string PngBytes(const QImage& image) {
 
 std::string SvgBytes(int pixelsWide, int pixelsHigh, const std::string& title, const DrawPicture& draw) {
     return BytesFrom([&](QIODevice& out) {
-        const QSize size(pixelsWide, pixelsHigh);
-        QSvgGenerator generator;
-        generator.setOutputDevice(&out);
-        generator.setResolution(DotsPerInch);
-        generator.setSize(size);
-        generator.setViewBox(QRect(QPoint(0, 0), size));
-        generator.setTitle(PlainTitle(title));
-        generator.setDescription(QString());
-        return DrawOn(generator, size, pixelsWide, pixelsHigh, draw);
+        VectorSurface surface(
+            std::make_unique<SvgSink>(out, QSize(pixelsWide, pixelsHigh), QString::fromStdString(title)), pixelsWide,
+            pixelsHigh);
+        draw(surface);
+        return true;
     });
 }
 

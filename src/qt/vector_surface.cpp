@@ -1,8 +1,10 @@
 // The map as vectors, see vector_surface.h.
 #include "qt/vector_surface.h"
 
-#include <QPen>
 #include <algorithm>
+#include <utility>
+
+#include "qt/painter_sink.h"
 
 namespace zirvo {
 namespace {
@@ -19,12 +21,12 @@ double Share(float p, float first, float last) {
 }  // namespace
 
 VectorSurface::VectorSurface(QPainter& painter, int pixelsWide, int pixelsHigh)
+    : VectorSurface(std::make_unique<PainterSink>(painter), pixelsWide, pixelsHigh) {}
+
+VectorSurface::VectorSurface(std::unique_ptr<VectorSink> sink, int pixelsWide, int pixelsHigh)
     : TextSurface(pixelsWide, pixelsHigh),
-      painter_(painter),
-      fill_(std::make_unique<ImageSurface>(pixelsWide, pixelsHigh)) {
-    painter_.setRenderHint(QPainter::Antialiasing);
-    painter_.setRenderHint(QPainter::LosslessImageRendering);
-}
+      sink_(std::move(sink)),
+      fill_(std::make_unique<ImageSurface>(pixelsWide, pixelsHigh)) {}
 
 VectorSurface::~VectorSurface() {
     Flush();
@@ -37,16 +39,14 @@ void VectorSurface::Flush() {
 
 void VectorSurface::FlushFill() {
     if (!filled_.isEmpty()) {
-        painter_.drawImage(filled_.topLeft(), fill_->Image().copy(filled_));
+        sink_->Image(filled_.topLeft(), fill_->Image().copy(filled_));
         filled_ = QRect();
     }
 }
 
 void VectorSurface::FlushStrokes() {
-    painter_.setBrush(Qt::NoBrush);
     for (const Strokes& strokes : strokes_) {
-        painter_.setPen(PenOf(strokes.Ink, strokes.Width));
-        painter_.drawPath(strokes.Path);
+        sink_->Stroke(strokes.Path, QColorOf(strokes.Ink), strokes.Width, VectorSink::Corners::Round);
     }
     strokes_.clear();
 }
@@ -55,14 +55,6 @@ QPointF VectorSurface::PointAt(float x, float y) const {
     const PictureScale& picture = Picture();
     return {Share(x, picture.X1, picture.X2) * picture.PixelsWide,
             Share(y, picture.Y1, picture.Y2) * picture.PixelsHigh};
-}
-
-QPen VectorSurface::PenOf(Color color, int width) const {
-    QPen pen(QColorOf(color));
-    pen.setWidth(width);
-    pen.setCapStyle(Qt::RoundCap);  // the end points are drawn too
-    pen.setJoinStyle(Qt::RoundJoin);
-    return pen;
 }
 
 QPainterPath& VectorSurface::PathOf(Color color) {
@@ -79,7 +71,7 @@ QPainterPath& VectorSurface::PathOf(Color color) {
 void VectorSurface::Cls() {
     filled_ = QRect();
     strokes_.clear();
-    painter_.fillRect(0, 0, Picture().PixelsWide, Picture().PixelsHigh, QColorOf(BackColor));
+    sink_->Background({Picture().PixelsWide, Picture().PixelsHigh}, QColorOf(BackColor));
 }
 
 void VectorSurface::Scale(float x1, float y1, float x2, float y2) {
@@ -100,11 +92,9 @@ void VectorSurface::Line(float x1, float y1, float x2, float y2, Color color) {
 
 void VectorSurface::Box(float x1, float y1, float x2, float y2, Color color) {
     Flush();
-    QPen pen = PenOf(color, DrawWidth);
-    pen.setJoinStyle(Qt::MiterJoin);
-    painter_.setPen(pen);
-    painter_.setBrush(Qt::NoBrush);
-    painter_.drawRect(QRectF(PointAt(x1, y1), PointAt(x2, y2)).normalized());
+    QPainterPath path;
+    path.addRect(QRectF(PointAt(x1, y1), PointAt(x2, y2)).normalized());
+    sink_->Stroke(path, QColorOf(color), DrawWidth, VectorSink::Corners::Sharp);
 }
 
 void VectorSurface::FilledBox(float x1, float y1, float x2, float y2, Color color) {
@@ -123,10 +113,9 @@ void VectorSurface::FilledBox(float x1, float y1, float x2, float y2, Color colo
 void VectorSurface::Print(std::string_view text) {
     Flush();
     const Face& face = CurrentFace();
-    painter_.setFont(face.Font);
-    painter_.setPen(QColorOf(ForeColor));
-    painter_.drawText(PointAt(CurrentX, CurrentY) + QPointF(0, face.Metrics.ascent()),
-                      QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    const QString shown = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    sink_->Text(PointAt(CurrentX, CurrentY) + QPointF(0, face.Metrics.ascent()), shown, face.Font,
+                face.Metrics.horizontalAdvance(shown), QColorOf(ForeColor));
 }
 
 }  // namespace zirvo

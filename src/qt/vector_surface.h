@@ -1,5 +1,5 @@
-// The map on any paint device: lines and texts as vectors, the fill as one image of the picture's pixels. For SVG, PDF
-// and printers; a picture of pixels is an ImageSurface, which can be painted on the screen.
+// The map as vectors: lines and texts are such, the fill is one image of the picture's pixels. For SVG, PDF and
+// printers; a picture of pixels is an ImageSurface, which can be painted on the screen.
 #pragma once
 #include <QPainter>
 #include <QPainterPath>
@@ -10,6 +10,7 @@
 
 #include "qt/image_surface.h"
 #include "qt/text_surface.h"
+#include "qt/vector_sink.h"
 
 namespace zirvo {
 
@@ -21,6 +22,8 @@ public:
     /// The painter must be active and outlive this object; the picture covers its logical rectangle from 0, 0 to
     /// pixelsWide, pixelsHigh.
     VectorSurface(QPainter& painter, int pixelsWide, int pixelsHigh);
+    /// The same into any sink.
+    VectorSurface(std::unique_ptr<VectorSink> sink, int pixelsWide, int pixelsHigh);
     /// Finishes the drawing.
     ~VectorSurface() override;
     VectorSurface(const VectorSurface&) = delete;
@@ -33,7 +36,7 @@ public:
     void FilledBox(float x1, float y1, float x2, float y2, Color color) override;
     void Print(std::string_view text) override;
 
-    /// Gives the painter what is still held back.
+    /// Gives the sink what is still held back.
     void Flush();
 
 private:
@@ -43,14 +46,13 @@ private:
         QPainterPath Path;
     };
 
-    QPainter& painter_;
+    std::unique_ptr<VectorSink> sink_;
     std::unique_ptr<ImageSurface> fill_;  // of the boxes held back
     QRect filled_;                        // the pixels that they cover; empty if there are none
     std::vector<Strokes> strokes_;        // lines held back
 
     QPointF PointAt(float x, float y) const;
     QPainterPath& PathOf(Color color);
-    QPen PenOf(Color color, int width) const;
     void FlushFill();
     void FlushStrokes();
 };

@@ -15,11 +15,10 @@ void PictureWidget::SetDrawing(const QString& name) {
         return;
     }
     drawing_ = name;
-    renderer_.reset();
-    const QString file = QStringLiteral(":/pictures/%1.svg").arg(name);
-    if (!name.isEmpty() && QFile::exists(file)) {
-        renderer_ = std::make_unique<QSvgRenderer>(file);
-        renderer_->setAspectRatioMode(Qt::KeepAspectRatio);
+    shapes_.reset();
+    QFile file(QStringLiteral(":/pictures/%1.svg").arg(name));
+    if (!name.isEmpty() && file.open(QIODevice::ReadOnly)) {
+        shapes_ = std::make_unique<Drawing>(file.readAll());
     }
     update();
 }
@@ -57,8 +56,8 @@ void PictureWidget::paintEvent(QPaintEvent* event) {
     if (autoFillBackground()) {
         painter.fillRect(inside, palette().color(QPalette::Window));
     }
-    if (renderer_ != nullptr) {
-        renderer_->render(&painter, QRectF(inside));
+    if (shapes_ != nullptr) {
+        shapes_->Paint(painter, inside);
     }
     if (!text_.isEmpty()) {
         constexpr int margin = 6;

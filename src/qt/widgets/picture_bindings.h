@@ -3,11 +3,11 @@
 #include <QImage>
 #include <QMouseEvent>
 #include <QPaintEvent>
-#include <QSvgRenderer>
 #include <functional>
 #include <memory>
 
 #include "forms/simple_controls.h"
+#include "qt/drawing.h"
 #include "qt/widgets/control_binding.h"
 #include "qt/widgets/map_pictures.h"
 
@@ -31,7 +31,7 @@ protected:
 
 private:
     QString drawing_;
-    std::unique_ptr<QSvgRenderer> renderer_;
+    std::unique_ptr<Drawing> shapes_;
     QString text_;
     QImage image_;
     bool border_ = false;
