@@ -11,6 +11,7 @@
 #include "graphics/form6.h"
 #include "platform/files.h"
 #include "platform/process.h"
+#include "qt/program_fonts.h"
 #include "qt/widgets/qt_desktop.h"
 #include "qt/widgets/screen_fonts.h"
 #include "shell/form1.h"
@@ -63,11 +64,18 @@ int main(int /*argc*/, char** argv) {
     // One look on every desktop: the layouts are made for it. It also saves reading the desktop's own settings.
     QApplication::setDesktopSettingsAware(false);
     QApplication::setStyle(QStringLiteral("Fusion"));
+#ifdef Q_OS_WIN
+    // Letters drawn by the same engine as everywhere, so that screens and maps have the same pixels.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "windows:fontengine=freetype");
+    }
+#endif
     int nameOnly = 1;  // whatever else is written behind the name counts for nothing
     const QApplication program(nameOnly, argv);
     QApplication::setApplicationName(QStringLiteral("zirvo"));
     QApplication::setApplicationDisplayName(QString());
     QApplication::setQuitOnLastWindowClosed(false);  // between two screens there is none
+    zirvo::RegisterFonts(zirvo::JoinPath(zirvo::ProgramFolder(), zirvo::FontsFolderName));
     QApplication::setFont(zirvo::widgets::ScreenFont({}));
     QApplication::setPalette(zirvo::ReadablePalette());
     return zirvo::Run();

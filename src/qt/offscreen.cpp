@@ -8,6 +8,9 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "platform/files.h"
+#include "qt/program_fonts.h"
+
 namespace zirvo {
 namespace {
 
@@ -58,6 +61,7 @@ OffscreenQt::OffscreenQt() : earlier_(qInstallMessageHandler(KeepQuiet)) {
     static int count = 3;
     const RuntimeFolder runtime;
     application_ = std::make_unique<QGuiApplication>(count, arguments.data());
+    RegisterFonts(JoinPath(ProgramFolder(), FontsFolderName));
 }
 
 OffscreenQt::~OffscreenQt() {

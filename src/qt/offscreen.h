@@ -7,7 +7,7 @@ namespace zirvo {
 
 /// Starts Qt without a display, whatever the environment asks for; ends it when it is destroyed. Qt says nothing of its
 /// own on standard error meanwhile, except why it cannot go on at all, and its hashes have the same order in every run,
-/// so that drawings have the same bytes.
+/// so that drawings have the same bytes. The program's own fonts are registered.
 class OffscreenQt {
 public:
     OffscreenQt();

@@ -22,15 +22,17 @@ bool IsInstalled(const QString& family) {
     return QFontDatabase::hasFamily(family) && QFontDatabase::isSmoothlyScalable(family);
 }
 
+/// The names that the program asks for never mean what a machine has installed under them: pictures would have other
+/// pixels there.
 QStringList FamiliesOf(const std::string& name) {
     QStringList families;
-    if (const QString asked = QString::fromStdString(name); IsInstalled(asked)) {
-        families.append(asked);
-    }
     for (const StandIn& standIn : StandIns) {
         if (name == standIn.Name) {
             families.append(QString::fromUtf8(standIn.Family));
         }
+    }
+    if (const QString asked = QString::fromStdString(name); families.isEmpty() && IsInstalled(asked)) {
+        families.append(asked);
     }
     if (!families.contains(QString::fromUtf8(JapaneseFamily))) {
         families.append(QString::fromUtf8(JapaneseFamily));

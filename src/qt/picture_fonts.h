@@ -1,5 +1,5 @@
-// The fonts of pictures: asked for by name, with stand-ins of the same measures where the name is not installed.
-// Callers: the surfaces, the batch tool.
+// The fonts of pictures: asked for by name; for the names that the program knows, fonts of the same measures that it
+// has with it. Callers: the surfaces, the batch tool.
 #pragma once
 #include <QFont>
 #include <string>
@@ -10,8 +10,9 @@ namespace zirvo {
 /// The pixels of a font of "7", "8", "10" or "20" points at 96 to the inch: 9, 11, 13, 27.
 int FontPixels(std::string_view points);
 
-/// The font, unhinted, to be drawn in greys. Stand-ins: Liberation Sans for "arial", Liberation Mono for "Courier",
-/// IPAGothic for "ＭＳ ゴシック"; characters that a font lacks come from IPAGothic.
+/// The font, unhinted, to be drawn in greys. In place of the name, whether it is installed or not: Liberation Sans for
+/// "arial", Liberation Mono for "Courier", IPAGothic for "ＭＳ ゴシック"; characters that a font lacks come from
+/// IPAGothic.
 QFont PictureFont(const std::string& name, std::string_view points, bool bold, bool italic);
 
 /// True if the font or its stand-in is installed; pictures look different elsewhere if not.

@@ -1,25 +1,75 @@
-// Fonts asked for by name, and what stands in where a name is not installed.
+// Fonts asked for by name, and the programs' own that stand for them.
 #include "qt/picture_fonts.h"
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
 
+#include "qt/program_fonts.h"
+
 namespace zirvo {
 namespace {
 
-TEST(PictureFont, HasAStandInForEachNameThatIsNotInstalled) {
-    const std::vector<std::pair<std::string, std::string>> rows{
-        {"arial", "Liberation Sans"}, {"Courier", "Liberation Mono"}, {"ＭＳ ゴシック", "IPAGothic"}};
-    for (const auto& [name, standIn] : rows) {
-        EXPECT_TRUE(HasPictureFont(name));
-        const QString asked = QString::fromStdString(name);
-        if (!QFontDatabase::isSmoothlyScalable(asked)) {
-            EXPECT_EQ(QFontInfo(PictureFont(name, "10", false, false)).family().toStdString(), standIn);
+const std::vector<std::pair<std::string, std::string>> StandIns{
+    {"arial", "Liberation Sans"}, {"Courier", "Liberation Mono"}, {"ＭＳ ゴシック", "IPAGothic"}};
+
+int NumberAt(const QByteArray& bytes, qsizetype place) {
+    return static_cast<unsigned char>(bytes[place]) << 8 | static_cast<unsigned char>(bytes[place + 1]);
+}
+
+/// A font file whose family bears another name of at most ten characters: the records of the name table (platform,
+/// encoding, language, name, length, place; 6 numbers of 16 bits from the 7th byte on) are written over where they name
+/// the family, the face or the file.
+QByteArray Renamed(QByteArray font, const QString& family) {
+    const qsizetype entry = font.indexOf("name", 12);
+    const qsizetype table = NumberAt(font, entry + 8) << 16 | NumberAt(font, entry + 10);
+    const qsizetype texts = table + NumberAt(font, table + 4);
+    for (qsizetype record = table + 6; record < table + 6 + 12 * NumberAt(font, table + 2); record += 12) {
+        const int name = NumberAt(font, record + 6);
+        if (name != 1 && name != 4 && name != 6 && name != 16) {
+            continue;
         }
+        QByteArray text;
+        for (const QChar c : family) {
+            if (NumberAt(font, record) != 1) {  // all but the oldest platform have two bytes a character
+                text.append(static_cast<char>(c.row()));
+            }
+            text.append(static_cast<char>(c.cell()));
+        }
+        font[record + 8] = 0;
+        font[record + 9] = static_cast<char>(text.size());
+        font.replace(texts + NumberAt(font, record + 10), text.size(), text);
     }
+    return font;
+}
+
+TEST(PictureFont, IsTheProgramsOwnForEachNameThatTheProgramAsksFor) {
+    for (const auto& [name, standIn] : StandIns) {
+        EXPECT_TRUE(HasPictureFont(name));
+        EXPECT_EQ(QFontInfo(PictureFont(name, "10", false, false)).family().toStdString(), standIn);
+    }
+}
+
+TEST(PictureFont, IsTheProgramsOwnAlsoWhereAFontOfThatNameIsInstalled) {
+    QFile file(ZIRVO_BIN "/fonts/LiberationMono-Bold.ttf");
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    for (const auto& [name, standIn] : StandIns) {
+        const QString asked = QString::fromStdString(name);
+        const int installed = QFontDatabase::addApplicationFontFromData(Renamed(bytes, asked));
+        ASSERT_GE(installed, 0);
+        ASSERT_TRUE(QFontDatabase::isSmoothlyScalable(asked)) << name << " is there now";
+        EXPECT_EQ(QFontInfo(PictureFont(name, "10", false, false)).family().toStdString(), standIn);
+        QFontDatabase::removeApplicationFont(installed);
+    }
+}
+
+TEST(RegisterFonts, TakesEveryFontOfTheFolder) {
+    EXPECT_EQ(RegisterFonts(ZIRVO_BIN "/fonts"), 10);
+    EXPECT_EQ(RegisterFonts(ZIRVO_BIN "/none"), 0);
 }
 
 TEST(PictureFont, IsMeasuredInPixelsAt96DotsPerInch) {

@@ -1,0 +1,15 @@
+// The fonts that travel with the programs. Callers: main of the desktop program, the batch tool, tests of pictures.
+#pragma once
+#include <string>
+
+namespace zirvo {
+
+/// The fonts of pictures and screens lie here, in the programs' folder.
+inline constexpr const char* FontsFolderName = "fonts";
+
+/// Registers every font file of the folder with Qt, which must have been started; a font of the same name that is
+/// installed does not count from then on.
+/// @return  how many there were; 0 where the folder is missing
+int RegisterFonts(const std::string& folder);
+
+}  // namespace zirvo
