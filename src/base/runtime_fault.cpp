@@ -40,9 +40,21 @@ std::string_view FaultDescription(int number) {
     return "Application-defined error";
 }
 
-RuntimeFault::RuntimeFault(int number) : std::runtime_error(std::string(FaultDescription(number))), number_(number) {}
+RuntimeFault::RuntimeFault(int number, FaultSubject about)
+    : std::runtime_error(std::string(FaultDescription(number))), number_(number), about_(std::move(about)) {}
 
 RuntimeFault::RuntimeFault(int number, const std::string& description)
     : std::runtime_error(description), number_(number) {}
+
+void RuntimeFault::SayAbout(FaultMatter matter, std::string name) {
+    if (about_.Matter == FaultMatter::None) {
+        SayInstead(matter, std::move(name));
+    }
+}
+
+void RuntimeFault::SayInstead(FaultMatter matter, std::string name) {
+    about_.Matter = matter;
+    about_.Name = std::move(name);
+}
 
 }  // namespace zirvo

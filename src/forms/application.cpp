@@ -81,18 +81,31 @@ void Application::RunOutermost(const std::function<void()>& handler) {
     try {
         handler();
     } catch (const RuntimeFault& fault) {
-        ShowFault("Run-time error '" + std::to_string(fault.Number()) + "':", fault.what());
+        ShowFault({.Heading = "Run-time error '" + std::to_string(fault.Number()) + "':",
+                   .Description = fault.what(),
+                   .Caught = &fault});
     } catch (const std::exception& error) {
-        ShowFault("Internal error:", error.what());  // a mistake of our own, which the toolkit must not see
+        // A mistake of our own, which the toolkit must not see.
+        ShowFault({.Heading = "Internal error:", .Description = error.what()});
     }
     --depth_;
 }
 
-void Application::ShowFault(const std::string& heading, const std::string& description) {
-    if (!ended_) {
-        desktop_.Show({.Text = heading + "\n\n" + description, .Title = "ZIRVO Ver2.3", .Picture = Icon::Stop});
-        End(1);
+void Application::ShowFault(FaultBox box) {
+    if (ended_) {
+        return;
     }
+    box.Words = language_;
+    try {
+        box.Kept = KeepTypedData ? KeepTypedData() : std::nullopt;
+    } catch (const std::exception&) {  // the error that is being told is the one to be told
+        box.Kept = false;
+    }
+    desktop_.Show({.Text = FaultBoxText(box),
+                   .Title = "ZIRVO Ver2.3",
+                   .Picture = Icon::Stop,
+                   .Words = language_.value_or(Language::English)});
+    End(1);
 }
 
 void Application::RaiseFocusEvents() {

@@ -3,10 +3,12 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "forms/desktop.h"
+#include "forms/fault_box.h"
 #include "forms/form.h"
 
 namespace zirvo::forms {
@@ -45,6 +47,12 @@ public:
     /// Whether a handler is running: a view drops what the user does meanwhile.
     bool InHandler() const { return depth_ > 0; }
 
+    /// The language of the program's own boxes; none before the user has chosen one, and then they speak both.
+    void Speak(Language language) { language_ = language; }
+    /// Called when an uncaught fault is about to end the program, before its box: keeps what the user typed, and tells
+    /// whether that is kept now. Nothing where there is nothing to be kept; without this function no line tells of it.
+    std::function<std::optional<bool>()> KeepTypedData;
+
     /// Ends the program at once: no unloading, no question.
     void End(int status = 0);
     bool HasEnded() const { return ended_; }
@@ -59,13 +67,14 @@ private:
     void BuryForm(Form& form);
     void BuryControl(std::unique_ptr<Control> control);
     void DestroyGone();
-    void ShowFault(const std::string& heading, const std::string& description);
+    void ShowFault(FaultBox box);
 
     Desktop& desktop_;
     std::map<std::string, Factory> factories_;
     std::vector<std::unique_ptr<Form>> loaded_;
     std::vector<std::unique_ptr<Form>> goneForms_;
     std::vector<std::unique_ptr<Control>> goneControls_;
+    std::optional<Language> language_;
     int depth_ = 0;
     bool ended_ = false;
 };

@@ -9,6 +9,7 @@
 #include <cstdio>
 
 #include "base/runtime_fault.h"
+#include "platform/fault_subject.h"
 #include "platform/files.h"
 #include "platform/posix_support.h"
 
@@ -29,9 +30,9 @@ bool SomethingIsAt(const std::string& path) {
     return lstat(path.c_str(), &status) == 0;
 }
 
-void RequireReadableLength(std::uint64_t length) {
+void RequireReadableLength(std::uint64_t length, const std::string& path) {
     if (length > LongestFile) {
-        throw RuntimeFault(fault::InvalidCall);
+        RaiseFileFault(fault::InvalidCall, path);
     }
 }
 
@@ -95,16 +96,16 @@ std::string ReadFileBytes(const std::string& path) {
         RaiseSystemFault(errno, path);
     }
     if (!S_ISREG(status.st_mode)) {  // a folder, or a device without an end
-        throw RuntimeFault(fault::PathAccess);
+        RaiseFileFault(fault::PathAccess, path);
     }
     constexpr std::size_t Step = 1 << 16;
     std::string bytes;
     std::size_t length = 0;
-    RequireReadableLength(static_cast<std::uint64_t>(status.st_size));
+    RequireReadableLength(static_cast<std::uint64_t>(status.st_size), path);
     bytes.resize(static_cast<std::size_t>(status.st_size) + 1);
     for (;;) {
         if (length == bytes.size()) {  // it has grown since
-            RequireReadableLength(length);
+            RequireReadableLength(length, path);
             bytes.resize(length + Step);
         }
         const ssize_t got = read(file.Number(), bytes.data() + length, bytes.size() - length);
@@ -139,7 +140,7 @@ void RemoveFile(const std::string& path) {
         RaiseSystemFault(errno, path);
     }
     if (S_ISDIR(status.st_mode)) {
-        throw RuntimeFault(fault::PathAccess);
+        RaiseFileFault(fault::PathAccess, path);
     }
     if (unlink(path.c_str()) != 0) {
         RaiseSystemFault(errno, path);
@@ -155,7 +156,8 @@ void ChangeFolder(const std::string& path) {
     const bool absolute = !path.empty() && path.front() == '/';
     const std::string text = absolute ? path : JoinPath(CurrentFolder(), path);
     if (chdir(path.c_str()) != 0) {
-        RaiseSystemFault(errno == ENOENT ? ENOTDIR : errno, path);
+        const int number = SystemFaultOf(errno == ENOENT ? ENOTDIR : errno, path);
+        throw RuntimeFault(number, AboutPath(FaultMatter::Folder, path));
     }
     FolderLastSet() = absolute || !HasParentStep(path) ? text : FolderOfTheSystem();
 }

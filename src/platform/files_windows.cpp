@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/runtime_fault.h"
+#include "platform/fault_subject.h"
 #include "platform/files.h"
 #include "platform/windows_handle.h"
 #include "platform/windows_text.h"
@@ -15,7 +16,7 @@ namespace {
 WIN32_FILE_ATTRIBUTE_DATA DataOf(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (GetFileAttributesExW(ToWide(path).c_str(), GetFileExInfoStandard, &data) == 0) {
-        RaiseSystemFault(GetLastError());
+        RaiseSystemFault(GetLastError(), path);
     }
     return data;
 }
@@ -28,7 +29,7 @@ std::string FolderOfTheSystem() {
     std::vector<wchar_t> folder(GetCurrentDirectoryW(0, nullptr));
     const DWORD length = GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data());
     if (length == 0 || length >= folder.size()) {
-        RaiseSystemFault(GetLastError());
+        RaiseSystemFault(GetLastError(), "");
     }
     return FromWide({folder.data(), length});
 }
@@ -61,26 +62,26 @@ std::string ReadFileBytes(const std::string& path) {
     const std::wstring name = ToWide(path);
     const DWORD attributes = GetFileAttributesW(name.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && IsFolder(attributes)) {
-        throw RuntimeFault(fault::PathAccess);
+        RaiseFileFault(fault::PathAccess, path);
     }
     const OwnedHandle file(CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file.IsOpen()) {
-        RaiseSystemFault(GetLastError());
+        RaiseSystemFault(GetLastError(), path);
     }
     if (GetFileType(file.Get()) != FILE_TYPE_DISK) {  // "CON" and its like have no end
-        throw RuntimeFault(fault::PathAccess);
+        RaiseFileFault(fault::PathAccess, path);
     }
     constexpr std::size_t Step = 1 << 20;
     std::string bytes;
     for (DWORD got = 1; got != 0;) {
         const std::size_t length = bytes.size();
         if (length > LongestFile) {
-            throw RuntimeFault(fault::InvalidCall);
+            RaiseFileFault(fault::InvalidCall, path);
         }
         bytes.resize(length + Step);
         if (ReadFile(file.Get(), bytes.data() + length, static_cast<DWORD>(Step), &got, nullptr) == 0) {
-            RaiseSystemFault(GetLastError());
+            RaiseSystemFault(GetLastError(), path);
         }
         bytes.resize(length + got);
     }
@@ -91,19 +92,19 @@ void RenameFile(const std::string& from, const std::string& to) {
     DataOf(from);
     const std::wstring target = ToWide(to);
     if (GetFileAttributesW(target.c_str()) != INVALID_FILE_ATTRIBUTES) {
-        throw RuntimeFault(fault::FileAlreadyExists);
+        RaiseFileFault(fault::FileAlreadyExists, to);
     }
     if (MoveFileExW(ToWide(from).c_str(), target.c_str(), 0) == 0) {  // without the flag that would replace
-        RaiseSystemFault(GetLastError());
+        RaiseSystemFault(GetLastError(), to);
     }
 }
 
 void RemoveFile(const std::string& path) {
     if (IsFolder(DataOf(path).dwFileAttributes)) {
-        throw RuntimeFault(fault::PathAccess);
+        RaiseFileFault(fault::PathAccess, path);
     }
     if (DeleteFileW(ToWide(path).c_str()) == 0) {
-        RaiseSystemFault(GetLastError());
+        RaiseSystemFault(GetLastError(), path);
     }
 }
 
@@ -114,7 +115,8 @@ std::string CurrentFolder() {
 void ChangeFolder(const std::string& path) {
     if (SetCurrentDirectoryW(ToWide(path).c_str()) == 0) {
         const DWORD error = GetLastError();
-        RaiseSystemFault(error == ERROR_FILE_NOT_FOUND || error == ERROR_DIRECTORY ? ERROR_PATH_NOT_FOUND : error);
+        const bool missing = error == ERROR_FILE_NOT_FOUND || error == ERROR_DIRECTORY;
+        throw RuntimeFault(missing ? fault::PathNotFound : SystemFaultOf(error), AboutPath(FaultMatter::Folder, path));
     }
     FolderLastSet() = IsFullPath(path) ? path : FolderOfTheSystem();
 }
@@ -124,7 +126,7 @@ std::string ProgramFolder() {
     for (;;) {
         const DWORD length = GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size()));
         if (length == 0) {
-            RaiseSystemFault(GetLastError());
+            RaiseSystemFault(GetLastError(), "");
         }
         if (length < program.size()) {
             return FolderOf(FromWide({program.data(), length}));

@@ -5,27 +5,28 @@
 #include <system_error>
 
 #include "base/runtime_fault.h"
+#include "platform/fault_subject.h"
 #include "platform/files.h"
 
 namespace zirvo {
 
 std::ifstream OpenForReading(const std::string& path) {
     if (AttributesOf(path).Directory) {
-        throw RuntimeFault(fault::PathAccess);
+        RaiseFileFault(fault::PathAccess, path);
     }
     std::ifstream file;
     try {
         const std::filesystem::path name(std::u8string(path.begin(), path.end()));
         std::error_code ignored;
         if (std::filesystem::is_fifo(name, ignored)) {
-            throw RuntimeFault(fault::PathAccess);
+            RaiseFileFault(fault::PathAccess, path);
         }
         file.open(name, std::ios::binary);
     } catch (const std::system_error&) {
-        throw RuntimeFault(fault::BadFileName);
+        RaiseFileFault(fault::BadFileName, path);
     }
     if (!file.is_open()) {
-        throw RuntimeFault(fault::PermissionDenied);
+        RaiseFileFault(fault::PermissionDenied, path);
     }
     return file;
 }

@@ -7,6 +7,7 @@
 #include <cerrno>
 
 #include "base/runtime_fault.h"
+#include "platform/fault_subject.h"
 #include "platform/files.h"
 
 namespace zirvo {
@@ -22,23 +23,23 @@ int MissingFault(const std::string& path) {
 
 }  // namespace
 
-void RaiseSystemFault(int error, const std::string& path) {
+int SystemFaultOf(int error, const std::string& path) {
     switch (error) {
         case ENOENT:
-            throw RuntimeFault(MissingFault(path));
+            return MissingFault(path);
         case ENOTDIR:
-            throw RuntimeFault(fault::PathNotFound);
+            return fault::PathNotFound;
         case ENAMETOOLONG:
-            throw RuntimeFault(fault::BadFileName);
+            return fault::BadFileName;
         case EEXIST:
-            throw RuntimeFault(fault::FileAlreadyExists);
+            return fault::FileAlreadyExists;
         case ENOSPC:
         case EDQUOT:
         case EFBIG:
-            throw RuntimeFault(fault::DiskFull);
+            return fault::DiskFull;
         case EBUSY:
         case ETXTBSY:
-            throw RuntimeFault(fault::PermissionDenied);
+            return fault::PermissionDenied;
         case EACCES:
         case EPERM:
         case EROFS:
@@ -47,15 +48,19 @@ void RaiseSystemFault(int error, const std::string& path) {
         case ELOOP:
         case EXDEV:
         case ENXIO:
-            throw RuntimeFault(fault::PathAccess);
+            return fault::PathAccess;
         default:
-            throw RuntimeFault(fault::DeviceError);
+            return fault::DeviceError;
     }
+}
+
+void RaiseSystemFault(int error, const std::string& path) {
+    RaiseFileFault(SystemFaultOf(error, path), path);
 }
 
 void RequireUsablePath(const std::string& path) {
     if (path.find('\0') != std::string::npos) {
-        throw RuntimeFault(fault::BadFileName);
+        RaiseFileFault(fault::BadFileName, path);
     }
 }
 

@@ -4,8 +4,12 @@
 
 namespace zirvo {
 
-/// Raises the fault that fits errno's number.
-/// @param path  for a missing file: 76 if its folder is missing too, else 53; "" for 53.
+/// The fault that fits errno's number.
+/// @param path  of the file that the fault is about. A missing one is 76 if its folder is missing too, else 53. "" for
+///              53, and for a fault that is about no file.
+int SystemFaultOf(int error, const std::string& path);
+
+/// Raises it, about the file.
 [[noreturn]] void RaiseSystemFault(int error, const std::string& path);
 
 /// Fault 52 for a path that holds a NUL: the system would cut it there and take another file.

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "base/runtime_fault.h"
+#include "platform/fault_subject.h"
 #include "platform/posix_support.h"
 #include "platform/process.h"
 
@@ -69,22 +70,22 @@ private:
 };
 
 /// The fault of a program that could not be started.
-[[noreturn]] void RaiseStartFault(int error) {
+int StartFaultOf(int error) {
     switch (error) {
         case ENOENT:
         case ENOTDIR:
-            throw RuntimeFault(fault::FileNotFound);
+            return fault::FileNotFound;
         case EACCES:
         case EPERM:
         case ETXTBSY:
-            throw RuntimeFault(fault::PermissionDenied);
+            return fault::PermissionDenied;
         case ENOEXEC:  // a file, but no program
         case EISDIR:
         case ELOOP:
         case EINVAL:
-            throw RuntimeFault(fault::PathAccess);
+            return fault::PathAccess;
         default:
-            RaiseSystemFault(error, "");
+            return SystemFaultOf(error, "");
     }
 }
 
@@ -96,20 +97,7 @@ public:
     }
 
     int StartHidden(const std::string& program) override {
-        RequireUsablePath(program);
-        Reap(abandoned_);
-        children_.reserve(children_.size() + 1);  // a child that runs must not be forgotten for want of memory
-        const NullStreams streams;
-        const DefaultSignals signals;
-        std::string name = program;
-        char* const arguments[] = {name.data(), nullptr};
-        pid_t child = 0;
-        const int error = posix_spawn(&child, program.c_str(), streams.Get(), signals.Get(), arguments, environ);
-        if (error != 0) {
-            RaiseStartFault(error);
-        }
-        children_.push_back(child);
-        return child;
+        return Naming(FaultMatter::Program, program, [&] { return Start(program); });
     }
 
     std::intptr_t Open(int identifier) override { return IsOurs(identifier) ? identifier : 0; }
@@ -133,6 +121,23 @@ public:
     }
 
 private:
+    pid_t Start(const std::string& program) {
+        RequireUsablePath(program);
+        Reap(abandoned_);
+        children_.reserve(children_.size() + 1);  // a child that runs must not be forgotten for want of memory
+        const NullStreams streams;
+        const DefaultSignals signals;
+        std::string name = program;
+        char* const arguments[] = {name.data(), nullptr};
+        pid_t child = 0;
+        const int error = posix_spawn(&child, program.c_str(), streams.Get(), signals.Get(), arguments, environ);
+        if (error != 0) {
+            throw RuntimeFault(StartFaultOf(error));
+        }
+        children_.push_back(child);
+        return child;
+    }
+
     bool IsOurs(std::intptr_t identifier) const {
         return std::find(children_.begin(), children_.end(), identifier) != children_.end();
     }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/runtime_fault.h"
+#include "platform/fault_subject.h"
 #include "platform/process.h"
 #include "platform/windows_handle.h"
 #include "platform/windows_text.h"
@@ -21,7 +22,7 @@ HANDLE OpenNullDevice() {
     const HANDLE device = CreateFileW(L"NUL", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                       &inheritable, OPEN_EXISTING, 0, nullptr);
     if (device == INVALID_HANDLE_VALUE) {
-        RaiseSystemFault(GetLastError());
+        RaiseSystemFault(GetLastError(), "");
     }
     return device;
 }
@@ -34,13 +35,13 @@ public:
         InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
         memory_.resize(size);
         if (InitializeProcThreadAttributeList(List(), 1, 0, &size) == 0) {
-            RaiseSystemFault(GetLastError());
+            RaiseSystemFault(GetLastError(), "");
         }
         if (UpdateProcThreadAttribute(List(), 0, PROC_THREAD_ATTRIBUTE_HANDLE_LIST, &handle_, sizeof handle_, nullptr,
                                       nullptr) == 0) {
             const DWORD error = GetLastError();
             DeleteProcThreadAttributeList(List());
-            RaiseSystemFault(error);
+            RaiseSystemFault(error, "");
         }
     }
     ~InheritedHandle() { DeleteProcThreadAttributeList(List()); }
@@ -53,20 +54,21 @@ private:
     HANDLE handle_;
 };
 
-[[noreturn]] void RaiseStartFault(DWORD error) {
+/// The fault of a program that could not be started.
+int StartFaultOf(DWORD error) {
     switch (error) {
         case ERROR_FILE_NOT_FOUND:
         case ERROR_PATH_NOT_FOUND:
-            throw RuntimeFault(fault::FileNotFound);
+            return fault::FileNotFound;
         case ERROR_ACCESS_DENIED:
         case ERROR_SHARING_VIOLATION:
-            throw RuntimeFault(fault::PermissionDenied);
+            return fault::PermissionDenied;
         case ERROR_BAD_EXE_FORMAT:
         case ERROR_EXE_MACHINE_TYPE_MISMATCH:
         case ERROR_DIRECTORY:
-            throw RuntimeFault(fault::PathAccess);
+            return fault::PathAccess;
         default:
-            RaiseSystemFault(error);
+            return SystemFaultOf(error);
     }
 }
 
@@ -79,28 +81,7 @@ public:
     }
 
     int StartHidden(const std::string& program) override {
-        const std::wstring name = ToWide(program);
-        std::wstring commandLine = L"\"" + name + L"\"";
-        const OwnedHandle device(OpenNullDevice());
-        InheritedHandle inherited(device.Get());
-        STARTUPINFOEXW startup{};
-        startup.StartupInfo.cb = sizeof startup;
-        startup.StartupInfo.dwFlags = STARTF_USESTDHANDLES | STARTF_USESHOWWINDOW;
-        startup.StartupInfo.wShowWindow = SW_HIDE;
-        startup.StartupInfo.hStdInput = device.Get();
-        startup.StartupInfo.hStdOutput = device.Get();
-        startup.StartupInfo.hStdError = device.Get();
-        startup.lpAttributeList = inherited.List();
-        PROCESS_INFORMATION information{};
-        if (CreateProcessW(name.c_str(), commandLine.data(), nullptr, nullptr, TRUE,
-                           CREATE_NO_WINDOW | EXTENDED_STARTUPINFO_PRESENT, nullptr, nullptr, &startup.StartupInfo,
-                           &information) == 0) {
-            RaiseStartFault(GetLastError());
-        }
-        CloseHandle(information.hThread);
-        const int identifier = static_cast<int>(information.dwProcessId);
-        started_[identifier] = information.hProcess;
-        return identifier;
+        return Naming(FaultMatter::Program, program, [&] { return Start(program); });
     }
 
     std::intptr_t Open(int identifier) override {
@@ -120,6 +101,32 @@ public:
     }
 
 private:
+    int Start(const std::string& program) {
+        const std::wstring name = ToWide(program);
+        std::wstring commandLine = L"\"" + name + L"\"";
+        const OwnedHandle device(OpenNullDevice());
+        InheritedHandle inherited(device.Get());
+        STARTUPINFOEXW startup{};
+        startup.StartupInfo.cb = sizeof startup;
+        startup.StartupInfo.dwFlags = STARTF_USESTDHANDLES | STARTF_USESHOWWINDOW;
+        startup.StartupInfo.wShowWindow = SW_HIDE;
+        startup.StartupInfo.hStdInput = device.Get();
+        startup.StartupInfo.hStdOutput = device.Get();
+        startup.StartupInfo.hStdError = device.Get();
+        startup.lpAttributeList = inherited.List();
+        PROCESS_INFORMATION information{};
+        if (CreateProcessW(name.c_str(), commandLine.data(), nullptr, nullptr, TRUE,
+                           CREATE_NO_WINDOW | EXTENDED_STARTUPINFO_PRESENT, nullptr, nullptr, &startup.StartupInfo,
+                           &information) == 0) {
+            const DWORD error = GetLastError();
+            throw RuntimeFault(StartFaultOf(error));
+        }
+        CloseHandle(information.hThread);
+        const int identifier = static_cast<int>(information.dwProcessId);
+        started_[identifier] = information.hProcess;
+        return identifier;
+    }
+
     // A process that ends at once keeps its identifier as long as a handle to it is open: so it can still be opened.
     std::map<int, HANDLE> started_;
 };

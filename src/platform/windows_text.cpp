@@ -5,15 +5,16 @@
 
 #include "base/runtime_fault.h"
 #include "base/utf8.h"
+#include "platform/fault_subject.h"
 
 namespace zirvo {
 
-std::wstring ToWide(std::string_view text) {
-    if (!IsValidUtf8(text) || text.find('\0') != std::string_view::npos) {
-        throw RuntimeFault(fault::BadFileName);
+std::wstring ToWide(const std::string& path) {
+    if (!IsValidUtf8(path) || path.find('\0') != std::string::npos) {
+        RaiseFileFault(fault::BadFileName, path);
     }
     std::wstring wide;
-    for (const char32_t c : ToCharacters(text)) {
+    for (const char32_t c : ToCharacters(path)) {
         if (c < 0x10000) {
             wide += static_cast<wchar_t>(c);
         } else {
@@ -39,37 +40,41 @@ std::string FromWide(std::wstring_view wide) {
     return FromCharacters(characters);
 }
 
-void RaiseSystemFault(unsigned long error) {
+int SystemFaultOf(unsigned long error) {
     switch (error) {
         case ERROR_FILE_NOT_FOUND:
-            throw RuntimeFault(fault::FileNotFound);
+            return fault::FileNotFound;
         case ERROR_PATH_NOT_FOUND:
         case ERROR_INVALID_DRIVE:
         case ERROR_BAD_NETPATH:
         case ERROR_BAD_NET_NAME:
-            throw RuntimeFault(fault::PathNotFound);
+            return fault::PathNotFound;
         case ERROR_INVALID_NAME:
         case ERROR_BAD_PATHNAME:
         case ERROR_FILENAME_EXCED_RANGE:
-            throw RuntimeFault(fault::BadFileName);
+            return fault::BadFileName;
         case ERROR_FILE_EXISTS:
         case ERROR_ALREADY_EXISTS:
-            throw RuntimeFault(fault::FileAlreadyExists);
+            return fault::FileAlreadyExists;
         case ERROR_DISK_FULL:
         case ERROR_HANDLE_DISK_FULL:
         case ERROR_FILE_TOO_LARGE:
-            throw RuntimeFault(fault::DiskFull);
+            return fault::DiskFull;
         case ERROR_SHARING_VIOLATION:
         case ERROR_LOCK_VIOLATION:
-            throw RuntimeFault(fault::PermissionDenied);
+            return fault::PermissionDenied;
         case ERROR_ACCESS_DENIED:
         case ERROR_WRITE_PROTECT:
         case ERROR_DIRECTORY:
         case ERROR_NOT_SAME_DEVICE:
-            throw RuntimeFault(fault::PathAccess);
+            return fault::PathAccess;
         default:
-            throw RuntimeFault(fault::DeviceError);
+            return fault::DeviceError;
     }
+}
+
+void RaiseSystemFault(unsigned long error, const std::string& path) {
+    RaiseFileFault(SystemFaultOf(error), path);
 }
 
 }  // namespace zirvo

@@ -19,6 +19,7 @@
 #include <cstdio>
 
 #include "base/runtime_fault.h"
+#include "platform/fault_subject.h"
 #include "platform/files.h"
 #include "platform/posix_support.h"
 
@@ -59,12 +60,13 @@ int WriteAll(int file, std::string_view bytes) {
 /// A file that lies under a temporary name until it is put into place, and vanishes if it never is.
 class TemporaryFile {
 public:
-    explicit TemporaryFile(const std::string& folder) {
+    /// @param target  whose name a fault shall tell, since the user knows no other
+    explicit TemporaryFile(const std::string& target) : target_(target) {
         static std::atomic<unsigned> counter = 0;
         for (int attempt = 0; attempt < MostAttempts; ++attempt) {
             // A name of its own, not one made from the target's: that may be as long as a name can be.
             const std::string name = ".zirvo-" + std::to_string(getpid()) + "-" + std::to_string(++counter) + ".tmp";
-            path_ = JoinPath(folder, name);
+            path_ = JoinPath(FolderOf(target), name);
             const int number = open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
             if (number >= 0) {
                 file_.Reset(number);
@@ -74,7 +76,7 @@ public:
                 break;
             }
         }
-        RaiseSystemFault(errno == ENOENT ? ENOTDIR : errno, path_);
+        RaiseSystemFault(errno == ENOENT ? ENOTDIR : errno, target_);
     }
     ~TemporaryFile() {
         if (!placed_) {
@@ -90,30 +92,31 @@ public:
             errno = 0;
         }
         if (fchmod(file_.Number(), status.st_mode & PermissionBits) != 0) {
-            RaiseSystemFault(errno, path_);
+            RaiseSystemFault(errno, target_);
         }
     }
 
     void Write(std::string_view bytes, Flush flush) {
         if (const int error = WriteAll(file_.Number(), bytes); error != 0) {
-            RaiseSystemFault(error, path_);
+            RaiseSystemFault(error, target_);
         }
         if (flush == Flush::ToDisk && fsync(file_.Number()) != 0 && errno != EINVAL && errno != ENOTSUP) {
-            RaiseSystemFault(errno, path_);
+            RaiseSystemFault(errno, target_);
         }
         if (!file_.Close()) {
-            RaiseSystemFault(errno, path_);
+            RaiseSystemFault(errno, target_);
         }
     }
 
-    void PutInPlaceOf(const std::string& target) {
-        if (rename(path_.c_str(), target.c_str()) != 0) {
-            RaiseSystemFault(errno, target);
+    void PutInPlace() {
+        if (rename(path_.c_str(), target_.c_str()) != 0) {
+            RaiseSystemFault(errno, target_);
         }
         placed_ = true;
     }
 
 private:
+    std::string target_;
     std::string path_;
     Descriptor file_;
     bool placed_ = false;
@@ -123,7 +126,7 @@ private:
 void WriteStraight(const std::string& path, std::string_view bytes) {
     Descriptor device(open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK));
     if (!device.IsOpen()) {
-        throw RuntimeFault(fault::PathAccess);
+        RaiseFileFault(fault::PathAccess, path);
     }
     fcntl(device.Number(), F_SETFL, fcntl(device.Number(), F_GETFL) & ~O_NONBLOCK);
     if (const int error = WriteAll(device.Number(), bytes); error != 0) {
@@ -139,12 +142,12 @@ void WriteStraight(const std::string& path, std::string_view bytes) {
 void WriteWholeFile(const std::string& path, std::string_view bytes, Flush flush) {
     RequireUsablePath(path);
     if (FileNameOf(path).empty()) {
-        throw RuntimeFault(fault::PathAccess);
+        RaiseFileFault(fault::PathAccess, path);
     }
     struct stat status {};
     const bool exists = stat(path.c_str(), &status) == 0;
     if (exists && S_ISDIR(status.st_mode)) {
-        throw RuntimeFault(fault::PathAccess);
+        RaiseFileFault(fault::PathAccess, path);
     }
     if (exists && !S_ISREG(status.st_mode)) {
         WriteStraight(path, bytes);
@@ -157,15 +160,15 @@ void WriteWholeFile(const std::string& path, std::string_view bytes, Flush flush
     if (exists) {
         const Descriptor probe(open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK));
         if (!probe.IsOpen()) {
-            throw RuntimeFault(fault::PathAccess);
+            RaiseFileFault(fault::PathAccess, path);
         }
     }
-    TemporaryFile file(FolderOf(target));
+    TemporaryFile file(target);
     if (exists) {
         file.TakeOwnerAndPermissions(status);
     }
     file.Write(bytes, flush);
-    file.PutInPlaceOf(target);
+    file.PutInPlace();
 }
 
 }  // namespace zirvo

@@ -9,9 +9,11 @@
 
 #include <algorithm>
 #include <atomic>
+#include <utility>
 #include <vector>
 
 #include "base/runtime_fault.h"
+#include "platform/fault_subject.h"
 #include "platform/files.h"
 #include "platform/windows_handle.h"
 #include "platform/windows_text.h"
@@ -30,12 +32,13 @@ std::wstring FinalPath(HANDLE file, const std::wstring& path) {
     return length == 0 || length >= name.size() ? path : std::wstring(name.data(), length);
 }
 
-void WriteAll(HANDLE file, std::string_view bytes) {
+/// @param path  what a fault tells
+void WriteAll(HANDLE file, std::string_view bytes, const std::string& path) {
     while (!bytes.empty()) {
         DWORD written = 0;
         const DWORD length = static_cast<DWORD>(std::min(bytes.size(), LargestWrite));
         if (WriteFile(file, bytes.data(), length, &written, nullptr) == 0) {
-            RaiseSystemFault(GetLastError());
+            RaiseSystemFault(GetLastError(), path);
         }
         bytes.remove_prefix(written);
     }
@@ -44,7 +47,8 @@ void WriteAll(HANDLE file, std::string_view bytes) {
 /// A file that lies under a temporary name until it is put into place, and vanishes if it never is.
 class TemporaryFile {
 public:
-    explicit TemporaryFile(const std::wstring& folder) : file_(INVALID_HANDLE_VALUE) {
+    /// @param name  of the target as the user knows it, for a fault to tell
+    TemporaryFile(const std::wstring& folder, std::string name) : name_(std::move(name)), file_(INVALID_HANDLE_VALUE) {
         static std::atomic<unsigned> counter = 0;
         for (int attempt = 0; attempt < MostAttempts && !file_.IsOpen(); ++attempt) {
             path_ = folder + L".zirvo-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++counter) +
@@ -52,11 +56,11 @@ public:
             file_.Reset(
                 CreateFileW(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
             if (!file_.IsOpen() && GetLastError() != ERROR_FILE_EXISTS) {
-                RaiseSystemFault(GetLastError());
+                RaiseSystemFault(GetLastError(), name_);
             }
         }
         if (!file_.IsOpen()) {
-            throw RuntimeFault(fault::PathAccess);
+            RaiseFileFault(fault::PathAccess, name_);
         }
     }
     ~TemporaryFile() {
@@ -69,9 +73,9 @@ public:
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
     void Write(std::string_view bytes, Flush flush) {
-        WriteAll(file_.Get(), bytes);
+        WriteAll(file_.Get(), bytes, name_);
         if ((flush == Flush::ToDisk && FlushFileBuffers(file_.Get()) == 0) || !file_.Close()) {
-            RaiseSystemFault(GetLastError());
+            RaiseSystemFault(GetLastError(), name_);
         }
     }
 
@@ -82,11 +86,12 @@ public:
                   MoveFileExW(path_.c_str(), target.c_str(),
                               MOVEFILE_REPLACE_EXISTING | (flush == Flush::ToDisk ? MOVEFILE_WRITE_THROUGH : 0)) != 0;
         if (!placed_) {
-            RaiseSystemFault(GetLastError());
+            RaiseSystemFault(GetLastError(), name_);
         }
     }
 
 private:
+    std::string name_;
     std::wstring path_;
     OwnedHandle file_;
     bool placed_ = false;
@@ -99,22 +104,22 @@ void WriteWholeFile(const std::string& path, std::string_view bytes, Flush flush
     const DWORD attributes = GetFileAttributesW(target.c_str());
     const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
     if (FileNameOf(path).empty() || (exists && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)) {
-        throw RuntimeFault(fault::PathAccess);
+        RaiseFileFault(fault::PathAccess, path);
     }
     if (exists) {
         OwnedHandle probe(CreateFileW(target.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
         if (!probe.IsOpen()) {
-            throw RuntimeFault(fault::PathAccess);
+            RaiseFileFault(fault::PathAccess, path);
         }
         if (GetFileType(probe.Get()) != FILE_TYPE_DISK) {
-            WriteAll(probe.Get(), bytes);
+            WriteAll(probe.Get(), bytes, path);
             return;
         }
         target = FinalPath(probe.Get(), target);
     }
     const std::size_t name = target.find_last_of(L"/\\:");
-    TemporaryFile file(name == std::wstring::npos ? std::wstring() : target.substr(0, name + 1));
+    TemporaryFile file(name == std::wstring::npos ? std::wstring() : target.substr(0, name + 1), path);
     file.Write(bytes, flush);
     file.PutInPlaceOf(target, exists, flush);
 }

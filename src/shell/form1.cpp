@@ -90,6 +90,7 @@ void Form1::ShowChoice(Int16 languageBase, forms::PictureBox& notes) {
     Command3.Caption = std::string(GetMessage(languageBase, 155));
     Command2.SetFocus();
     LanguageBase = languageBase;
+    App().Speak(languageBase == JapaneseBase ? forms::Language::Japanese : forms::Language::English);
 }
 
 void Form1::Command1_Click() {  // QUIT

@@ -21,7 +21,7 @@ protected:
     AnalysisScreens Screens;
     Form3& Form = Screens.Data();
 
-    Texts Boxes() const { return Screens.Desktop.BoxTexts(); }
+    Texts Boxes() const { return Screens.Desktop.BoxHeads(); }
     void ExpectNothingShown() {
         EXPECT_EQ(Form.Label7.Caption, "0");
         EXPECT_EQ(Form.Text7.Text, "");

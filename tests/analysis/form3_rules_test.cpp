@@ -20,7 +20,7 @@ protected:
     AnalysisScreens Screens;
     Form3& Form = Screens.Data();
 
-    Texts Boxes() const { return Screens.Desktop.BoxTexts(); }
+    Texts Boxes() const { return Screens.Desktop.BoxHeads(); }
     Form3Rules() {
         Screens.ImportAndAnswer(Answer::Yes);
         Screens.Desktop.Forget();

@@ -30,7 +30,7 @@ protected:
         Screens.ProcessLog.clear();
     }
     void Analyze() { Form().Command7.UserClick(); }
-    Texts Boxes() const { return Screens.Desktop.BoxTexts(); }
+    Texts Boxes() const { return Screens.Desktop.BoxHeads(); }
     void ExpectFault(const char* text) {
         EXPECT_EQ(Boxes(), Texts{text});
         EXPECT_EQ(Screens.Desktop.Boxes[0].Title, "ZIRVO Ver2.3");

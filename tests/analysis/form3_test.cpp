@@ -23,7 +23,7 @@ protected:
     AnalysisScreens Screens;
     Form3& Form = Screens.Data();
 
-    std::vector<std::string> Boxes() const { return Screens.Desktop.BoxTexts(); }
+    std::vector<std::string> Boxes() const { return Screens.Desktop.BoxHeads(); }
     /// The rows 1 to the last of a grid, cells with "|" between them.
     static std::vector<std::string> Rows(const forms::MSFlexGrid& grid, int firstCol = 1) {
         std::vector<std::string> rows;

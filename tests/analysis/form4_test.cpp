@@ -175,14 +175,14 @@ TEST_F(Form4Test, AReportThatIsGoneShowsItsFaultNumberInTheWholeView) {
 TEST_F(Form4Test, AReportThatIsGoneEndsTheProgramInTheDividedView) {
     std::filesystem::remove("Untitled.bre");
     Form().Option2.UserClick();
-    EXPECT_EQ(Screens.Desktop.BoxTexts(), Texts{"Run-time error '53':\n\nFile not found"});
+    EXPECT_EQ(Screens.Desktop.BoxHeads(), Texts{"Run-time error '53':\n\nFile not found"});
     EXPECT_EQ(Screens.Desktop.EndStatus, 1);
 }
 
 TEST_F(Form4Test, ATableWithMoreRowsThanPointsEndsTheProgram) {
     PutFile("Untitled.bre", Report.substr(0, Report.find("   === end")) + TableLine("2") + "\r\n");
     Form().Option2.UserClick();
-    EXPECT_EQ(Screens.Desktop.BoxTexts(), Texts{"Run-time error '9':\n\nSubscript out of range"});
+    EXPECT_EQ(Screens.Desktop.BoxHeads(), Texts{"Run-time error '9':\n\nSubscript out of range"});
     EXPECT_EQ(Screens.Desktop.EndStatus, 1);
     EXPECT_EQ(GetFile("Untitled.eva"), test::ExampleFile());
 }

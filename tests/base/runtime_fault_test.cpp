@@ -41,6 +41,18 @@ TEST(RuntimeFault, CarriesItsNumberAndTheWordsOfTheTable) {
     EXPECT_STREQ(fault.what(), "Overflow");
 }
 
+TEST(RuntimeFault, IsAboutNothingUntilItIsSaidAndTheNearestPlaceKnowsBest) {
+    RuntimeFault fault(fault::FileNotFound);
+    EXPECT_EQ(fault.About(), FaultSubject());
+    fault.SayAbout(FaultMatter::File, "/a");
+    fault.SayAbout(FaultMatter::Folder, "/b");
+    EXPECT_EQ(fault.About(), (FaultSubject{FaultMatter::File, "/a", ""}));
+    fault.SayInstead(FaultMatter::Program, "/c");
+    fault.GiveReason("why");
+    EXPECT_EQ(fault.About(), (FaultSubject{FaultMatter::Program, "/c", "why"}));
+    EXPECT_EQ(fault.Number(), 53);
+}
+
 TEST(RuntimeFault, CarriesWordsOfItsOwn) {
     const RuntimeFault fault(20001, "dialog failed");
     EXPECT_EQ(fault.Number(), 20001);

@@ -64,20 +64,22 @@ using Dispatch = Forms;
 TEST_F(Dispatch, AFaultEndsTheProgramWithItsBoxAndStatus1) {
     app.Dispatch(Overflow);
     ASSERT_EQ(desktop.Boxes.size(), 1U);
-    EXPECT_EQ(desktop.Boxes[0],
-              (Message{.Text = "Run-time error '6':\n\nOverflow", .Title = "ZIRVO Ver2.3", .Picture = Icon::Stop}));
+    EXPECT_EQ(desktop.BoxHeads(), Lines{"Run-time error '6':\n\nOverflow"});
+    EXPECT_EQ(desktop.Boxes[0].Title, "ZIRVO Ver2.3");
+    EXPECT_EQ(desktop.Boxes[0].Picture, Icon::Stop);
+    EXPECT_EQ(desktop.Boxes[0].Choice, Buttons::Ok);
     EXPECT_EQ(desktop.EndStatus, 1);
     EXPECT_TRUE(app.HasEnded());
 }
 
 TEST_F(Dispatch, AFaultWithWordsOfItsOwnShowsThem) {
     app.Dispatch([] { throw RuntimeFault(20001, "User selected cancel."); });
-    EXPECT_EQ(desktop.BoxTexts(), Lines{"Run-time error '20001':\n\nUser selected cancel."});
+    EXPECT_EQ(desktop.BoxHeads(), Lines{"Run-time error '20001':\n\nUser selected cancel."});
 }
 
 TEST_F(Dispatch, AMistakeOfOurOwnIsShownTooAndDoesNotReachTheToolkit) {
     app.Dispatch([] { throw std::length_error("too long"); });
-    EXPECT_EQ(desktop.BoxTexts(), Lines{"Internal error:\n\ntoo long"});
+    EXPECT_EQ(desktop.BoxHeads(), Lines{"Internal error:\n\ntoo long"});
     EXPECT_EQ(desktop.EndStatus, 1);
 }
 
@@ -167,7 +169,7 @@ TEST_F(Dispatch, AFaultInAnEventThatWaitedIsCaughtToo) {
     auto& form = dynamic_cast<ButtonForm&>(app.Load("Buttons"));
     form.Text1.GotFocus = Overflow;
     app.Dispatch([&] { form.Text1.SetFocus(); });
-    EXPECT_EQ(desktop.BoxTexts(), Lines{"Run-time error '6':\n\nOverflow"});
+    EXPECT_EQ(desktop.BoxHeads(), Lines{"Run-time error '6':\n\nOverflow"});
 }
 
 using Load = Forms;

@@ -56,6 +56,19 @@ public:
         }
         return texts;
     }
+    /// The same, of the box of an error its two lines alone: not what it was about, which tests of its words look at.
+    std::vector<std::string> BoxHeads() const {
+        std::vector<std::string> texts = BoxTexts();
+        for (std::string& text : texts) {
+            text = HeadOf(text);
+        }
+        return texts;
+    }
+    static std::string HeadOf(const std::string& box) {
+        const bool ofAnError = box.starts_with("Run-time error") || box.starts_with("Internal error");
+        const std::size_t first = box.find("\n\n");
+        return ofAnError && first != std::string::npos ? box.substr(0, box.find("\n\n", first + 2)) : box;
+    }
     /// Forgets what it has seen; the answers stay.
     void Forget() {
         Boxes.clear();

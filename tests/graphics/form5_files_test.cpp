@@ -109,7 +109,7 @@ TEST(Form5Import, AFileOfAnotherFolderIsNotTaken) {
     screens.Desktop.Forget();
     screens.App.Dispatch([&] { screens.Settings().Label2.Caption = elsewhere.Path() + "/"; });
     screens.Open(elsewhere.Path("example.ven"));
-    EXPECT_EQ(screens.Desktop.BoxTexts(), Texts{"USE DATA FROM DESIGNATED FOLDER"});
+    EXPECT_EQ(screens.Desktop.BoxHeads(), Texts{"USE DATA FROM DESIGNATED FOLDER"});
 }
 
 TEST(Form5Import, AMissingFileIsToldAndTheReadThatFollowsFailsQuietly) {
@@ -203,7 +203,7 @@ TEST(Form5Save, AFileThatCannotBeWrittenEndsTheProgram) {
     screens.Data().Command5.UserClick();
     screens.Desktop.Answers = {Answer::Yes};  // a folder counts as an existing file
     screens.Data().Command6.UserClick();
-    EXPECT_EQ(screens.Desktop.BoxTexts().back(), "Run-time error '75':\n\nPath/File access error");
+    EXPECT_EQ(screens.Desktop.BoxHeads().back(), "Run-time error '75':\n\nPath/File access error");
     EXPECT_EQ(screens.Desktop.EndStatus, 1);
 }
 

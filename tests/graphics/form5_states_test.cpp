@@ -263,7 +263,7 @@ TEST(Form5, NewDataMovesToTheFolderOfTheUser) {
     // A folder that is gone ends the program.
     screens.App.Dispatch([&] { screens.Settings().Label2.Caption = elsewhere.Path("gone"); });
     screens.Data().Option1.UserClick();
-    EXPECT_EQ(screens.Desktop.BoxTexts(), Texts{"Run-time error '76':\n\nPath not found"});
+    EXPECT_EQ(screens.Desktop.BoxHeads(), Texts{"Run-time error '76':\n\nPath not found"});
 }
 
 TEST(Form5, ABarCountsWithinItsEndsAndASecondNewDataLeavesItWhereItStands) {

@@ -150,7 +150,7 @@ TEST(Redraw, ARebuildBehindASectionClickTakesTheStampedReportAsFresh) {
     EXPECT_TRUE(form.Option4.Value) << "the first way: a map counts as standing";
     ASSERT_TRUE(form.Command5.Enabled);
     form.Command5.UserClick();
-    EXPECT_EQ(screens.Desktop.BoxTexts(), Texts{"Run-time error '13':\n\nType mismatch"});
+    EXPECT_EQ(screens.Desktop.BoxHeads(), Texts{"Run-time error '13':\n\nType mismatch"});
     EXPECT_EQ(screens.Desktop.EndStatus, 1);
 }
 

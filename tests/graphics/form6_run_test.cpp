@@ -388,7 +388,7 @@ TEST(Form6Run, TheOpenInputStopsTheOtherSectionTooButTooManyPointsComeFirst) {
     screens.Desktop.Forget();
     screens.Choose(1, SectionKind::XY, "0");
     screens.Start();
-    EXPECT_EQ(screens.Desktop.BoxTexts(), (Texts{"ERROR! TOO MUCH POINTS", "POINTS SHOULD BE < 100000"}));
+    EXPECT_EQ(screens.Desktop.BoxHeads(), (Texts{"ERROR! TOO MUCH POINTS", "POINTS SHOULD BE < 100000"}));
     EXPECT_EQ(FaultOf(screens), 0);
 
     Screens few;

@@ -130,7 +130,7 @@ void Screens::Start() {
 std::vector<std::string> Screens::Boxes() const {
     std::vector<std::string> boxes;
     for (const forms::Message& box : Desktop.Boxes) {
-        boxes.push_back(box.Title + "|" + box.Text);
+        boxes.push_back(box.Title + "|" + forms::ScriptedDesktop::HeadOf(box.Text));
     }
     return boxes;
 }

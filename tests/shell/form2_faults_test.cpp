@@ -18,7 +18,7 @@ protected:
         }
         EXPECT_EQ(Desktop.Boxes[0].Title, "ZIRVO Ver2.3");
         EXPECT_EQ(Desktop.Boxes[0].Choice, forms::Buttons::Ok);
-        return Desktop.Boxes[0].Text;
+        return forms::ScriptedDesktop::HeadOf(Desktop.Boxes[0].Text);
     }
     /// The same, where the settings file holds these bytes.
     std::string FaultTextOf(const std::string& bytes) {

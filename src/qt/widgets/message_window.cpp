@@ -54,6 +54,28 @@ QMessageBox::Icon ToQt(forms::Icon icon) {
     return QMessageBox::NoIcon;
 }
 
+/// The text with places where a long path may be broken: it has no blanks, and would stand out of the box. Other texts
+/// stay as they are.
+QString Breakable(const QString& text) {
+    constexpr int longestWord = 40;  // characters
+    const QChar zeroWidthSpace(0x200B);
+    QString broken;
+    int inWord = 0;
+    for (const QChar c : text) {
+        inWord = c.isSpace() ? 0 : inWord + 1;
+        if (inWord > longestWord && !c.isLowSurrogate()) {
+            broken += zeroWidthSpace;
+            inWord = 1;
+        }
+        broken += c;
+        if (c == '/' || c == '\\') {
+            broken += zeroWidthSpace;
+            inWord = 0;
+        }
+    }
+    return broken;
+}
+
 }  // namespace
 
 Answer AskUser(const forms::Message& message, QWidget* owner) {
@@ -63,7 +85,7 @@ Answer AskUser(const forms::Message& message, QWidget* owner) {
     box.setWindowModality(Qt::ApplicationModal);
     box.setWindowTitle(message.Title.empty() ? QStringLiteral("ZIRVO") : ToQt(message.Title));
     box.setTextFormat(Qt::PlainText);
-    box.setText(ToQt(message.Text));
+    box.setText(Breakable(ToQt(message.Text)));
     box.setIcon(ToQt(message.Picture));
     box.setFont(ScreenFont({}));
     const std::vector<Choice> choices = ChoicesOf(message.Choice);
