@@ -22,15 +22,16 @@ struct Settings {
 };
 
 /// What the settings file holds; nothing where there is none. A file that is too short is fault 62, one whose second or
-/// third field is no integer is fault 13 (a folder with a comma makes it so: its field ends there), one that cannot be
-/// opened is fault 70 or 75.
+/// third field is no integer is fault 13 (a folder with a comma and no quotes makes it so: its field ends there), one
+/// that cannot be opened is fault 70 or 75.
 std::optional<Settings> LoadSettings(const std::string& programFolder = ProgramFolder());
 
 /// Whether a remembered folder is taken up: it ends in "\" or "/", which is taken for a root and not looked at, or
 /// something is there. A folder that may not be written, and a file in its place, are as good.
 bool IsGoodFolder(const std::string& folder);
 
-/// Writes the file, replacing an earlier one whole; the folder stands as it is, without quotes. Fault 61, 70, 75 or 76
+/// Writes the file, replacing an earlier one whole; the folder stands as it is, and in quotes where
+/// it holds a comma. Fault 61, 70, 75 or 76
 /// where it cannot be written, and then the earlier file is as it was.
 void SaveSettings(const std::string& folder, Int16 unitSystem, Int16 objective,
                   const std::string& programFolder = ProgramFolder());

@@ -42,8 +42,10 @@ TEST(SaveSettings, WritesAChoiceThatWasNotMadeAsZero) {
     EXPECT_EQ(Saved("/d", 0, 0), "/d\r\n 0 \r\n 0 \r\n");
 }
 
-TEST(SaveSettings, WritesTheFolderAsItStandsWithoutQuotes) {
-    EXPECT_EQ(Saved("/a, b \"c\"", 1, 1), "/a, b \"c\"\r\n 1 \r\n 1 \r\n");
+TEST(SaveSettings, WritesTheFolderAsItStandsAndInQuotesWhereItHoldsAComma) {
+    EXPECT_EQ(Saved("/a b \"c\"", 1, 1), "/a b \"c\"\r\n 1 \r\n 1 \r\n");
+    EXPECT_EQ(Saved("C:\\roads, old", 1, 1), "\"C:\\roads, old\"\r\n 1 \r\n 1 \r\n");
+    EXPECT_EQ(Saved("/a, b \"c\"", 1, 1), "\"/a, b \"c\"\"\r\n 1 \r\n 1 \r\n");
     EXPECT_EQ(Saved("", 1, 1), "\r\n 1 \r\n 1 \r\n");
 }
 
@@ -128,10 +130,37 @@ TEST(LoadSettings, GivesNumbersThatStandForNoChoiceAsTheyAre) {
 }
 
 // The folder's field ends at the comma, and the rest of the line is no number.
-TEST(LoadSettings, FolderWithACommaIsTheFaultOfTheNextField) {
+TEST(LoadSettings, FolderWithACommaAndNoQuotesIsTheFaultOfTheNextField) {
+    EXPECT_EQ(LoadFault("/roads, old\r\n 1 \r\n 2 \r\n"), 13);
+}
+
+TEST(LoadSettings, FolderWithCommasReadsBack) {
+    for (const std::string folder : {"/roads, old", "C:\\a,b,c", "/,", "/a,b\"c\",d", "/道路,旧",
+                                     "/Stra\xC3\x9F"
+                                     "e, Nord"}) {
+        const TemporaryFolder program;
+        SaveSettings(folder, 1, 2, program.Path());
+        EXPECT_EQ(LoadSettings(program.Path()), (Settings{folder, 1, 2}));
+    }
+}
+
+TEST(LoadSettings, AQuotedFolderOfAnotherWriterReadsAsAField) {
+    EXPECT_EQ(Loaded("\"/roads, old\", 3 , 1"), (Settings{"/roads, old", 3, 1}));
+    EXPECT_EQ(Loaded("  \"/roads, old\"\r\n 3 \r\n 1 \r\n"), (Settings{"/roads, old", 3, 1}));
+    EXPECT_EQ(Loaded("\"/roads\" \r\n 3 \r\n 1 \r\n"), (Settings{"/roads", 3, 1}));
+    EXPECT_EQ(Loaded("\"/roads, old\r\n 3 \r\n 1 \r\n"), (Settings{"/roads, old", 3, 1})) << "ends with its line";
+    EXPECT_EQ(Loaded("\"\r\n 3 \r\n 1 \r\n"), (Settings{"", 3, 1}));
+}
+
+TEST(LoadSettings, AFaultTellsWhichFileAndThatItIsThatOfTheSettings) {
     const TemporaryFolder program;
-    SaveSettings("/roads, old", 1, 2, program.Path());
-    EXPECT_EQ(FaultOf([&] { LoadSettings(program.Path()); }), 13);
+    const std::string file = program.Put("zirvo_sv.ini", "/d\r\n 3 \r\n");
+    try {
+        LoadSettings(program.Path());
+        FAIL();
+    } catch (const RuntimeFault& caught) {
+        EXPECT_EQ(caught.About(), (FaultSubject{FaultMatter::Settings, file, ""}));
+    }
 }
 
 // Deliberate: "2026" behind the comma is a number, and is taken as the unit system.
