@@ -1,0 +1,88 @@
+// Locks and the folder for the state of programs on POSIX systems, see file_lock.h and folders.h.
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+
+#include "platform/file_lock.h"
+#include "platform/files.h"
+#include "platform/folders.h"
+
+namespace zirvo {
+namespace {
+
+constexpr std::intptr_t None = -1;
+
+/// Whether the path still leads to the open file: another program may have removed it before it was locked.
+bool IsAt(const std::string& path, int file) {
+    struct stat open {};
+    struct stat named {};
+    return fstat(file, &open) == 0 && stat(path.c_str(), &named) == 0 && open.st_dev == named.st_dev &&
+           open.st_ino == named.st_ino;
+}
+
+/// The descriptor of the locked file, or None.
+std::intptr_t LockedFile(const std::string& path, int flags) {
+    const int file = open(path.c_str(), flags | O_RDWR | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (file < 0) {
+        return None;
+    }
+    int locked = 0;
+    do {
+        locked = flock(file, LOCK_EX | LOCK_NB);
+    } while (locked != 0 && errno == EINTR);
+    if (locked != 0 || !IsAt(path, file)) {
+        close(file);
+        return None;
+    }
+    return file;
+}
+
+std::string Variable(const char* name) {
+    const char* value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): nothing here changes the environment
+    return value == nullptr ? "" : value;
+}
+
+}  // namespace
+
+std::string UserStateFolder() {
+    const std::string folder = Variable("XDG_STATE_HOME");
+    if (!folder.empty() && folder.front() == '/') {
+        return folder;
+    }
+    const std::string home = Variable("HOME");
+    return home.empty() || home.front() != '/' ? "" : JoinPath(home, ".local/state");
+}
+
+FileLock::FileLock(std::string path, std::intptr_t handle) : path_(std::move(path)), handle_(handle) {}
+
+FileLock::~FileLock() {
+    Release();
+}
+
+std::unique_ptr<FileLock> FileLock::OfNewFile(const std::string& path) {
+    const std::intptr_t file = LockedFile(path, O_CREAT | O_EXCL);
+    return std::unique_ptr<FileLock>(file == None ? nullptr : new FileLock(path, file));
+}
+
+std::unique_ptr<FileLock> FileLock::OfFile(const std::string& path) {
+    const std::intptr_t file = LockedFile(path, 0);
+    return std::unique_ptr<FileLock>(file == None ? nullptr : new FileLock(path, file));
+}
+
+void FileLock::RemoveFile() {
+    unlink(path_.c_str());
+    Release();
+}
+
+void FileLock::Release() {
+    if (handle_ != None) {
+        close(static_cast<int>(handle_));
+        handle_ = None;
+    }
+}
+
+}  // namespace zirvo
