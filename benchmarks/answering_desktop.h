@@ -1,6 +1,7 @@
 // The desktop of the benchmarks of the screens: the real windows, and nobody who answers.
 #pragma once
 #include <cstdlib>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,6 +37,9 @@ public:
     void FormGone(forms::Form& form) override { windows_.FormGone(form); }
     void PaintNow(forms::Form& form) override { windows_.PaintNow(form); }
     void DiscardInput() override { windows_.DiscardInput(); }
+    void CallLater(int milliseconds, std::function<void()> call) override {
+        windows_.CallLater(milliseconds, std::move(call));
+    }
     void EndProgram(int status) override { std::exit(status); }  // a fault: nothing to measure any more
     MapPictureFactory MapPictureMaker() { return windows_.MapPictureMaker(); }
     void Release() { windows_.ReleaseForms(); }

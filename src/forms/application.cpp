@@ -73,7 +73,25 @@ void Application::Dispatch(const std::function<void()>& handler) {
     }
     RunOutermost(handler);
     RaiseFocusEvents();
+    RunThoseBehind();
     DestroyGone();
+}
+
+void Application::DispatchBehind(std::function<void()> handler) {
+    if (!InHandler()) {
+        Dispatch(handler);
+        return;
+    }
+    behind_.push_back(std::move(handler));
+}
+
+void Application::RunThoseBehind() {
+    while (!behind_.empty() && !ended_) {
+        const std::function<void()> handler = std::move(behind_.front());
+        behind_.pop_front();
+        RunOutermost(handler);
+        RaiseFocusEvents();
+    }
 }
 
 void Application::RunOutermost(const std::function<void()>& handler) {
@@ -95,6 +113,7 @@ void Application::ShowFault(FaultBox box) {
     if (ended_) {
         return;
     }
+    TellTheEnd();  // before the box: whoever sees it may switch the machine off
     box.Words = language_;
     try {
         box.Kept = KeepTypedData ? KeepTypedData() : std::nullopt;
@@ -135,8 +154,15 @@ Form* Application::FormWithFocusEvent() {
 
 void Application::End(int status) {
     if (!ended_) {
+        TellTheEnd();
         ended_ = true;
         desktop_.EndProgram(status);
+    }
+}
+
+void Application::TellTheEnd() {
+    for (const std::unique_ptr<Form>& form : loaded_) {
+        form->Form_ProgramEnds();
     }
 }
 

@@ -1,5 +1,6 @@
 // The one application: it owns the forms, makes them by name, and runs every handler that the outside starts.
 #pragma once
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -44,6 +45,9 @@ public:
     /// and what has been unloaded or removed is destroyed. An inner one is a plain call. Nothing runs once the program
     /// has ended.
     void Dispatch(const std::function<void()>& handler);
+    /// Runs a handler behind the outermost one that is running, and behind its focus events, as an outermost handler of
+    /// its own; at once where none is running.
+    void DispatchBehind(std::function<void()> handler);
     /// Whether a handler is running: a view drops what the user does meanwhile.
     bool InHandler() const { return depth_ > 0; }
 
@@ -53,7 +57,7 @@ public:
     /// whether that is kept now. Nothing where there is nothing to be kept; without this function no line tells of it.
     std::function<std::optional<bool>()> KeepTypedData;
 
-    /// Ends the program at once: no unloading, no question.
+    /// Ends the program at once: no unloading, no question. Each loaded form has its Form_ProgramEnds before.
     void End(int status = 0);
     bool HasEnded() const { return ended_; }
 
@@ -63,6 +67,8 @@ private:
 
     void RunOutermost(const std::function<void()>& handler);
     void RaiseFocusEvents();
+    void RunThoseBehind();
+    void TellTheEnd();
     Form* FormWithFocusEvent();
     void BuryForm(Form& form);
     void BuryControl(std::unique_ptr<Control> control);
@@ -75,6 +81,7 @@ private:
     std::vector<std::unique_ptr<Form>> goneForms_;
     std::vector<std::unique_ptr<Control>> goneControls_;
     std::optional<Language> language_;
+    std::deque<std::function<void()>> behind_;  ///< handlers of DispatchBehind that wait
     int depth_ = 0;
     bool ended_ = false;
 };

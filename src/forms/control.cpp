@@ -33,6 +33,12 @@ Application& Control::App() const {
     return form_.App();
 }
 
+void Control::TellForm() const {
+    if (form_.ControlsChanged) {
+        form_.ControlsChanged();
+    }
+}
+
 void Control::Move(double left, double top, double width, double height) {
     Left = left;
     Top = top;

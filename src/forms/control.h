@@ -107,12 +107,15 @@ protected:
     Control(Form& form, ControlId id, Control* container);
 
     Application& App() const;
-    /// Tells the view that something has changed.
+    /// Tells the view and the form that something has changed.
     void TellView() const {
         if (view_ != nullptr) {
             view_->Refresh();
         }
+        TellForm();
     }
+    /// Tells the form alone: for a change that the view is told in a way of its own.
+    void TellForm() const;
     /// What the control does with a stroke behind KeyDown and KeyPress (arrows of a grid, Space of a button). True if
     /// it used it.
     virtual bool KeyDefault(const KeyStroke& stroke);

@@ -1,6 +1,7 @@
 // All that the forms may ask of the world. Shown to people by the toolkit; tests have a scripted one that answers from
 // a list and records every box.
 #pragma once
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -77,6 +78,9 @@ public:
     virtual void PaintNow(Form& form) = 0;
     /// Throws away what the user typed and clicked while the program did not listen.
     virtual void DiscardInput() = 0;
+    /// Calls back once, so many milliseconds from now, while the program listens to the user: also while a box stands
+    /// open, within the handler that waits for it. Never once the program has ended. The call must not throw.
+    virtual void CallLater(int milliseconds, std::function<void()> call) = 0;
     /// The program ends with this exit status; the call returns, and nothing of the user's is listened to any more.
     virtual void EndProgram(int status) = 0;
 };

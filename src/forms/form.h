@@ -1,6 +1,7 @@
 // A screen: a window with its controls, its active control and default button, and the life of a form from load to
 // unload.
 #pragma once
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -94,6 +95,13 @@ public:
     virtual void Form_QueryUnload(bool& cancel, UnloadMode mode);
     /// The last step before it goes.
     virtual void Form_Unload() {}
+    /// The program ends, without unloading: the last moment to keep what stands here. At a fault it comes before the
+    /// fault's box, and once more behind it. Must not throw.
+    virtual void Form_ProgramEnds() {}
+
+    /// Called behind every change of a property, a cell or a count of rows of its controls, whoever made it. Must be
+    /// quick, and must not change a control.
+    std::function<void()> ControlsChanged;
 
 protected:
     Form(forms::Application& application, std::string name);

@@ -89,6 +89,7 @@ void MSFlexGrid::SetTextMatrix(int row, int col, std::string text) {
         if (gridView_ != nullptr) {
             gridView_->CellChanged(row, col);
         }
+        TellForm();
     }
 }
 
@@ -134,6 +135,7 @@ void MSFlexGrid::Resize(int rows, int cols) {
     if (gridView_ != nullptr) {
         gridView_->RowsChanged();
     }
+    TellForm();
     if (currentGoes && HasDataRows()) {
         Raise(EnterCell);
     }

@@ -39,6 +39,21 @@ public:
     /// Called within PaintNow.
     std::function<void(Form&)> OnPaint;
 
+    /// A call that waits for its time, which comes when the test says so.
+    struct WaitingCall {
+        int Milliseconds = 0;
+        std::function<void()> Call;
+    };
+    std::vector<WaitingCall> Waiting;
+    /// The time of all that wait has come; what they ask for in turn waits for the next call.
+    void RunWaiting() {
+        const std::vector<WaitingCall> calls = std::move(Waiting);
+        Waiting.clear();
+        for (const WaitingCall& waiting : calls) {
+            waiting.Call();
+        }
+    }
+
     // What it has seen.
     std::vector<Message> Boxes;
     std::vector<Dialog> Dialogs;
@@ -125,6 +140,9 @@ public:
         }
     }
     void DiscardInput() override { Log.emplace_back("discard"); }
+    void CallLater(int milliseconds, std::function<void()> call) override {
+        Waiting.push_back({.Milliseconds = milliseconds, .Call = std::move(call)});
+    }
     void EndProgram(int status) override {
         Log.push_back("end " + std::to_string(status));
         EndStatus = status;

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 
 #include "qt/widgets/file_dialogs.h"
@@ -106,6 +107,14 @@ void QtDesktop::PaintNow(forms::Form& form) {
 
 void QtDesktop::DiscardInput() {
     DrainInput();
+}
+
+void QtDesktop::CallLater(int milliseconds, std::function<void()> call) {
+    QTimer::singleShot(milliseconds, &timers_, [this, call = std::move(call)] {
+        if (!ended_) {
+            call();
+        }
+    });
 }
 
 void QtDesktop::EndProgram(int status) {

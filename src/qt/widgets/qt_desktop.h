@@ -1,6 +1,7 @@
 // The desktop as people have it: a window for each form, message boxes, dialogs, the help, and the end of the program.
 // Caller: main, and through the interface every form.
 #pragma once
+#include <QObject>
 #include <QPointer>
 #include <memory>
 #include <unordered_map>
@@ -37,6 +38,7 @@ public:
     void FormGone(forms::Form& form) override;
     void PaintNow(forms::Form& form) override;
     void DiscardInput() override;
+    void CallLater(int milliseconds, std::function<void()> call) override;
     void EndProgram(int status) override;
 
     /// Listens to the user until the program ends. Gives the exit status.
@@ -53,6 +55,7 @@ private:
     QWidget* Front() const;
 
     MapPictures maps_;
+    QObject timers_;  ///< calls that wait go with it
     std::unordered_map<const forms::Form*, FormWindow*> windows_;
     QPointer<FormWindow> front_;
     std::unique_ptr<HelpWindow> help_;

@@ -392,6 +392,32 @@ TEST_F(Boxes, NothingOfAnErrorIsCutOffHoweverLongThePathAndTheReason) {
     }
 }
 
+TEST_F(Boxes, ACallComesInItsTimeAlsoWhileABoxStandsOpen) {
+    std::vector<std::string> order;
+    QTimer::singleShot(0, &Window(), [&] {
+        desktop_.CallLater(20, [&] { order.emplace_back("late"); });
+        desktop_.CallLater(0, [&] {
+            order.emplace_back("early");
+            desktop_.CallLater(30, [this] { desktop_.EndProgram(1); });
+        });
+        desktop_.Show({.Text = "x", .Choice = forms::Buttons::YesNo});
+        order.emplace_back("box gone");
+    });
+    EXPECT_EQ(desktop_.WaitForEnd(), 1);
+    EXPECT_EQ(order, (std::vector<std::string>{"early", "late", "box gone"}));
+}
+
+TEST_F(Boxes, NoCallComesBehindTheEnd) {
+    bool called = false;
+    QTimer::singleShot(0, &Window(), [&] {
+        desktop_.CallLater(0, [&] { called = true; });
+        desktop_.EndProgram(0);
+    });
+    EXPECT_EQ(desktop_.WaitForEnd(), 0);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(called);
+}
+
 TEST_F(Boxes, AFaultIsShownAndEndsWithStatusOne) {
     Form().Command1.Click = [this] { Form().MSFlexGrid1.SetTextMatrix(99, 1, "x"); };
     Meanwhile<QMessageBox>([](QMessageBox& box) {
