@@ -17,3 +17,11 @@ if(NOT DEFINED Boost_INCLUDE_DIR AND EXISTS /usr/include/boost)
   set(Boost_INCLUDE_DIR ${boost_folder} CACHE PATH "Folder of the Boost headers")
   set(Boost_NO_BOOST_CMAKE ON CACHE BOOL "The host's package of Boost is not for this target")
 endif()
+
+# The same for nlohmann_json, headers only too.
+if(NOT DEFINED NLOHMANN_JSON_FOLDER AND EXISTS /usr/include/nlohmann)
+  set(json_folder ${CMAKE_BINARY_DIR}/json-include)
+  file(MAKE_DIRECTORY ${json_folder})
+  file(CREATE_LINK /usr/include/nlohmann ${json_folder}/nlohmann SYMBOLIC)
+  set(NLOHMANN_JSON_FOLDER ${json_folder} CACHE PATH "Folder of the headers of nlohmann_json")
+endif()

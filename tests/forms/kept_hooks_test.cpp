@@ -23,7 +23,7 @@ struct ChangesOfAForm : testing::Test, Screen<DataForm> {
     using Screen<DataForm>::Run;
     int changes = 0;
     ChangesOfAForm() {
-        form.VScroll1.Min = 100;
+        form.VScroll1.Max = 100;
         form.ControlsChanged = [this] { ++changes; };
     }
     /// Whether the form heard of what the work changed.

@@ -1,0 +1,143 @@
+// The store: its thread brings to the disk what it is handed, in order, and fails without a word.
+#include "kept/kept_store.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "kept/some_screens.h"
+#include "platform/temporary_folder.h"
+
+namespace zirvo::test {
+namespace {
+
+bool FitsAll(const KeptScreen& /*screen*/) {
+    return true;
+}
+
+KeptStore::Snapshot Snapshot(const std::string& mark) {
+    return std::make_shared<KeptScreen>(SomeScreen(mark));
+}
+
+class KeptStores : public testing::Test {
+protected:
+    const TemporaryFolder Home;
+    const std::string Folder = Home.Path("kept");
+
+    /// What the next program is offered: the mark; "" for nothing.
+    std::string Next() const {
+        KeptStore store(Folder);
+        const auto offer = store.Newest("Form3", FitsAll);
+        return offer ? MarkOf(offer->Data) : "";
+    }
+    std::size_t Files() const {
+        std::size_t count = 0;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(Folder)) {
+            count += entry.path().extension() == ".json" ? 1U : 0U;
+        }
+        return count;
+    }
+};
+
+TEST_F(KeptStores, WritesAllBeforeItGoes) {
+    {
+        KeptStore store(Folder);
+        store.Keep(Snapshot("1"), nullptr);
+        store.Keep(Snapshot("2"), nullptr);
+        store.Keep(Snapshot("3"), nullptr);
+    }
+    EXPECT_EQ(Next(), "3");
+    EXPECT_EQ(Files(), 1U);
+}
+
+TEST_F(KeptStores, KeepsTheOrderOfWhatItIsAsked) {
+    {
+        KeptStore store(Folder);
+        store.Keep(Snapshot("1"), nullptr);
+        store.StartAnother("Form3");
+        store.Keep(Snapshot("2"), nullptr);
+        store.Forget("Form3");
+    }
+    EXPECT_EQ(Next(), "1");
+}
+
+TEST_F(KeptStores, TheSameDataAreNotWrittenAgain) {
+    KeptStore store(Folder);
+    store.Keep(Snapshot("1"), nullptr);
+    store.Wait();
+    std::filesystem::remove_all(Folder);
+    store.Keep(Snapshot("1"), nullptr);
+    store.Wait();
+    EXPECT_FALSE(Home.Has("kept"));
+    store.Keep(Snapshot("2"), nullptr);
+    store.Wait();
+    EXPECT_TRUE(Home.Has("kept"));
+}
+
+TEST_F(KeptStores, TheSameDataAfterOthersAreWrittenAgain) {
+    {
+        KeptStore store(Folder);
+        store.Keep(Snapshot("1"), nullptr);
+        store.StartAnother("Form3");
+        store.Keep(Snapshot("1"), nullptr);
+    }
+    EXPECT_EQ(Files(), 2U);
+}
+
+TEST_F(KeptStores, WhatStandsInAFileOfTheUsersIsForgotten) {
+    {
+        KeptStore store(Folder);
+        store.Keep(Snapshot("1"), nullptr);
+        store.Keep(Snapshot("2"), Snapshot("2"));
+    }
+    EXPECT_EQ(Next(), "");
+    {
+        KeptStore store(Folder);
+        store.Keep(Snapshot("3"), Snapshot("2"));
+    }
+    EXPECT_EQ(Next(), "3");
+}
+
+TEST_F(KeptStores, OffersTakesAndDeclines) {
+    {
+        KeptStore store(Folder);
+        store.Keep(Snapshot("1"), nullptr);
+    }
+    {
+        KeptStore store(Folder);
+        store.Decline(*store.Newest("Form3", FitsAll));
+        const auto again = store.Newest("Form3", FitsAll);
+        ASSERT_TRUE(again.has_value());
+        EXPECT_TRUE(again->Declined);
+        store.Take(*again);
+        EXPECT_FALSE(store.Newest("Form3", FitsAll).has_value());
+    }
+    EXPECT_EQ(Next(), "1");
+}
+
+TEST_F(KeptStores, TellsWhetherTheLastIsOnTheDisk) {
+    KeptStore good(Folder);
+    good.Keep(Snapshot("1"), nullptr);
+    EXPECT_TRUE(good.IsKept());
+    KeptStore bad(Home.Put("file", "x") + "/kept");
+    EXPECT_TRUE(bad.IsKept());
+    bad.Keep(Snapshot("1"), nullptr);
+    EXPECT_FALSE(bad.IsKept());
+    KeptStore none("");
+    none.Keep(Snapshot("1"), nullptr);
+    EXPECT_FALSE(none.IsKept());
+    EXPECT_FALSE(none.Newest("Form3", FitsAll).has_value());
+}
+
+TEST_F(KeptStores, AFailedWriteIsTriedAgain) {
+    KeptStore store(Home.Path("file/kept"));
+    Home.Put("file", "x");
+    store.Keep(Snapshot("1"), nullptr);
+    EXPECT_FALSE(store.IsKept());
+    std::filesystem::remove(Home.Path("file"));
+    store.Keep(Snapshot("1"), nullptr);
+    EXPECT_TRUE(store.IsKept());
+}
+
+}  // namespace
+}  // namespace zirvo::test
