@@ -54,26 +54,44 @@ QMessageBox::Icon ToQt(forms::Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-/// The text with places where a long path may be broken: it has no blanks, and would stand out of the box. Other texts
-/// stay as they are.
-QString Breakable(const QString& text) {
-    constexpr int longestWord = 40;  // characters
+constexpr qsizetype LongestWord = 32;  // characters: of the widest ones no line of a box holds more than 38
+
+/// A word with places where it may be broken: behind each separator of folders, else often enough to fill the lines.
+QString BreakableWord(const QString& word) {
+    constexpr qsizetype piece = 4;
     const QChar zeroWidthSpace(0x200B);
     QString broken;
-    int inWord = 0;
-    for (const QChar c : text) {
-        inWord = c.isSpace() ? 0 : inWord + 1;
-        if (inWord > longestWord && !c.isLowSurrogate()) {
+    qsizetype unbroken = 0;
+    for (const QChar c : word) {
+        if (++unbroken > piece && !c.isLowSurrogate()) {
             broken += zeroWidthSpace;
-            inWord = 1;
+            unbroken = 1;
         }
         broken += c;
         if (c == '/' || c == '\\') {
             broken += zeroWidthSpace;
-            inWord = 0;
+            unbroken = 0;
         }
     }
     return broken;
+}
+
+/// The text with places where a long path may be broken: it has no blanks, and would stand out of the box. All other
+/// words stay as they are.
+QString Breakable(const QString& text) {
+    QString out;
+    qsizetype begin = 0;
+    for (qsizetype i = 0; i <= text.size(); ++i) {
+        if (i == text.size() || text[i].isSpace()) {
+            const QString word = text.mid(begin, i - begin);
+            out += word.size() > LongestWord ? BreakableWord(word) : word;
+            if (i < text.size()) {
+                out += text[i];
+            }
+            begin = i + 1;
+        }
+    }
+    return out;
 }
 
 }  // namespace
