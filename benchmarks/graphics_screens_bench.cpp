@@ -3,8 +3,7 @@
 //   - StartToMap: the start button to the finished map, the motorway's axle of 4 wheels, X-Y (at most 0.3 s)
 //   - OtherComponent: RE-DRAW that takes the other strain out of the report
 //   - RedrawLargest: RE-DRAW of the largest matrix that a section gives (17 loads, 97969 points, 3121 by 3121 nodes)
-//   with
-//     fill, 20 levels of lines and legend on 1000 by 1000 pixels (at most 0.6 s)
+//     with fill, 20 levels of lines and legend on 1000 by 1000 pixels (at most 0.6 s)
 #include <benchmark/benchmark.h>
 
 #include <QApplication>

@@ -5,8 +5,7 @@
 // Steps           two divisions give the levels that a cell can hold; per level the crossings of its four edges are
 //                 joined.
 // Special cases   an edge that lies on the level gives its first corner. A corner on the level is met by two edges:
-// with
-//                 three crossings one line joins the two that are farthest apart; with four it is a saddle.
+//                 with three crossings one line joins the two that are farthest apart; with four it is a saddle.
 #include "contour/cell_contour_tracer.h"
 
 #include <array>

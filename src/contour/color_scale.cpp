@@ -2,9 +2,8 @@
 //
 // Notation        a, b the ends of the range (low, high); C its middle, D and B the quarters.
 // Steps           the fill first finds the last cell on each pixel. A cell covers the columns of its x range and the
-// rows
-//                 of its y range, so on the pixel (c, r) the last one drawn is the last row of cells on r, and in it
-//                 the last column of cells on c: two short lists, and no cell outside of their product is ever seen.
+//                 rows of its y range, so on the pixel (c, r) the last one drawn is the last row of cells on r, and in
+//                 it the last column of cells on c: two short lists, and no cell outside of their product is ever seen.
 // Special cases   axes that turn back by a hundredth at an interface (the levels of two layers are rounded apart) are
 //                 covered, since the lists are painted and not searched. A picture without pixels gets every cell.
 #include "contour/color_scale.h"

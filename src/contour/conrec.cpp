@@ -3,16 +3,13 @@
 // Notation        z(k) the levels; d(i, j) the values at the nodes x(i), y(j). Corners 1 to 4 of a cell are (i, j),
 //                 (i+1, j), (i+1, j+1), (i, j+1); corner 0 is its centre. h the heights above a level, sh their signs.
 // What is stored  nothing but the smallest and largest value of stretches of two rows of nodes. No allocation takes
-// place
-//                 once the first row has begun.
+//                 place once the first row has begun.
 // Steps           a stretch of cells whose values reach no level is passed over at once: a cell holds the level z only
-// if
-//                 its smallest value <= z < its largest, so it cannot if the stretch does not. In the others each cell
-//                 and each level goes the long way: triangles (corner m, centre, corner m + 1), their case by three
-//                 signs, their segment by the case.
+//                 if its smallest value <= z < its largest, so it cannot if the stretch does not. In the others each
+//                 cell and each level goes the long way: triangles (corner m, centre, corner m + 1), their case by
+//                 three signs, their segment by the case.
 // Special cases   levels that descend (a range given the wrong way round) leave no order to search: every level is
-// tried
-//                 in every cell.
+//                 tried in every cell.
 // Source          the classical conversion of a regular grid by four triangles with the mean value at the centre.
 #include "contour/conrec.h"
 

@@ -1,12 +1,11 @@
 // Scale, frame, title and legend of a map.
 //
-// Notation        x0, x1, y0, y1 the extent [cm]; TW, TH width and height of the text about to be printed, signed like
-// the
-//                 axes: TH is negative on an X-Y section, so that one formula moves a text the same way on the screen
-//                 on both kinds of section.
+// Notation        x0, x1, y0, y1 the extent [cm]; TW, TH width and height of the text about to be printed, signed
+//                 like the axes: TH is negative on an X-Y section, so that one formula moves a text the same way on
+//                 the screen on both kinds of section.
 // Special cases   the legend's anchor goes by the whole picture and not by the margins, without the picture's top on
-// X-Y
-//                 sections; its middle number stands a little apart from the middle on X-Z sections. Both are meant so.
+//                 X-Y sections; its middle number stands a little apart from the middle on X-Z sections. Both are
+//                 meant so.
 #include "contour/plot_layout.h"
 
 #include <algorithm>
@@ -34,7 +33,7 @@ constexpr double LegendStep = 0.01;
 constexpr double MostLegendLines = 1e7;  // beyond a kilometre of bar the step grows, so that it comes to an end
 
 struct TextFont {
-    const char* Size;
+    FontPoints Size;
     bool Bold;
 };
 
@@ -62,13 +61,13 @@ void DrawFirstAxis(PlotSurface& surface, SectionKind kind, const MapExtent& exte
     const bool isXY = kind == SectionKind::XY;
     AtQuarters(x0, x1, [&, x0 = x0, x1 = x1, y0 = y0, y1 = y1](double t) {
         if (x0 < t && t < x1) {
-            SetFont(surface, {"10", true});
+            SetFont(surface, {FontPoints::Ten, true});
             const double tw = surface.TextWidth("I");
             const double th = surface.TextHeight("I");
             PrintAt(surface, t - 0.5 * tw, y0 - (isXY ? 0.75 : 0.25) * th, "I");
             PrintAt(surface, t - 0.5 * tw, y1 - (isXY ? 0.25 : 0.75) * th, "I");
         }
-        SetFont(surface, {"10", false});
+        SetFont(surface, {FontPoints::Ten, false});
         const std::string text = FormatNumber(t, NumberFormat::Fixed1);
         PrintAt(surface, t - 0.5 * surface.TextWidth(text), (isXY ? y0 : y1) + 0.5 * surface.TextHeight(text), text);
     });
@@ -78,12 +77,12 @@ void DrawSecondAxis(PlotSurface& surface, const MapExtent& extent) {
     const auto [x0, x1, y0, y1] = extent;
     AtQuarters(y0, y1, [&, x0 = x0, x1 = x1, y0 = y0, y1 = y1](double t) {
         if (y0 < t && t < y1) {
-            SetFont(surface, {"20", false});
+            SetFont(surface, {FontPoints::Twenty, false});
             const double y = t - 0.6 * surface.TextHeight("-");
             PrintAt(surface, x0, y, "-");
             PrintAt(surface, x1 - surface.TextWidth("-"), y, "-");
         }
-        SetFont(surface, {"10", false});
+        SetFont(surface, {FontPoints::Ten, false});
         const std::string text = FormatNumber(t, NumberFormat::Fixed1);
         PrintAt(surface, x0 - 1.25 * surface.TextWidth(text), t - 0.5 * surface.TextHeight(text), text);
     });
@@ -189,7 +188,7 @@ void DrawPlotFrame(PlotSurface& surface, SectionKind kind, const MapExtent& exte
 void DrawPlotTitle(PlotSurface& surface, std::string_view title, double right, double top, Color color) {
     surface.ForeColor = color;
     surface.FontItalic = false;
-    SetFont(surface, {"10", true});
+    SetFont(surface, {FontPoints::Ten, true});
     PrintAt(surface, right - surface.TextWidth(title), top - 1.1 * surface.TextHeight(title), title);
 }
 
@@ -212,7 +211,7 @@ void DrawLegend(PlotSurface& surface, SectionKind kind, const PlotGeometry& plot
     }
     surface.ForeColor = {255, 255, 255};
     surface.FontItalic = true;
-    SetFont(surface, {"10", true});
+    SetFont(surface, {FontPoints::Ten, true});
     const double x = xa + lw + gap;
     PrintLegendNumber(surface, high, x, ya, 0.4);
     PrintLegendNumber(surface, low, x, isXY ? ya - lh : ya + lh, 0.8);

@@ -10,6 +10,14 @@ namespace zirvo {
 /// The font of all texts on a map, set once and for all.
 inline constexpr const char* MapFont = "arial";
 
+/// The sizes of those texts [points].
+enum class FontPoints : std::uint8_t { Seven = 7, Eight = 8, Ten = 10, Twenty = 20 };
+
+/// The pixels of a size at 96 to the inch, rounded: 9, 11, 13, 27.
+constexpr int FontPixels(FontPoints points) {
+    return (8 * static_cast<int>(points) + 3) / 6;
+}
+
 /// A colour of 24 bits.
 struct Color {
     std::uint8_t Red = 0;
@@ -73,7 +81,7 @@ public:
     Color BackColor{0, 0, 0};
     Color ForeColor{255, 255, 255};
     std::string FontName = MapFont;
-    std::string_view FontSize = "10";  ///< points, as text: one of the literals "7", "8", "10" and "20"
+    FontPoints FontSize = FontPoints::Ten;
     bool FontBold = false;
     bool FontItalic = false;
     int DrawWidth = 1;  ///< pixels, 1 or 2
@@ -81,9 +89,7 @@ public:
     float CurrentY = 0;
 
 protected:
-    /// @param pixelsWide, pixelsHigh  size of the picture; 0 by 0 for one without pixels of its own, on which nothing
-    /// may
-    ///                                be left out.
+    /// The size of the picture; 0 by 0 for one without pixels of its own, on which nothing may be left out.
     PlotSurface(int pixelsWide, int pixelsHigh);
 
 private:

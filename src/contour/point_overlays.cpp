@@ -68,7 +68,7 @@ public:
     MarkStyle(PlotSurface& surface, Color color) : surface_(surface), drawWidth_(surface.DrawWidth) {
         surface.FontItalic = false;
         surface.ForeColor = color;
-        surface.FontSize = "10";
+        surface.FontSize = FontPoints::Ten;
         surface.FontBold = true;
         surface.DrawWidth = 2;
     }
@@ -83,7 +83,7 @@ private:
 
 void SetValueStyle(PlotSurface& surface, Color color) {
     surface.ForeColor = color;
-    surface.FontSize = "7";
+    surface.FontSize = FontPoints::Seven;
     surface.FontBold = false;
     surface.FontItalic = false;
 }
@@ -153,9 +153,9 @@ void DrawProbeMark(PlotSurface& surface, double x, double y, double value) {
     surface.ForeColor = {250, 250, 250};
     surface.FontItalic = false;
     surface.FontBold = false;
-    surface.FontSize = "10";
+    surface.FontSize = FontPoints::Ten;
     PrintAround(surface, x, y, -0.5, "+");
-    surface.FontSize = "8";
+    surface.FontSize = FontPoints::Eight;
     PrintAround(surface, x, y, 0.5, FormatNumber(value, NumberFormat::Scientific1));
 }
 

@@ -10,17 +10,6 @@
 namespace zirvo {
 namespace {
 
-/// The font's height at 96 dots per inch.
-int FontPixels(std::string_view points) {
-    if (points == "7") {
-        return 9;
-    }
-    if (points == "8") {
-        return 11;
-    }
-    return points == "20" ? 27 : 13;
-}
-
 constexpr std::array<const char*, 6> KindNames{"Cls", "Scale", "Line", "Box", "FilledBox", "Print"};
 
 }  // namespace
@@ -28,7 +17,7 @@ constexpr std::array<const char*, 6> KindNames{"Cls", "Scale", "Line", "Box", "F
 std::ostream& operator<<(std::ostream& out, const PlotCommand& command) {
     out << KindNames[static_cast<std::size_t>(command.What)] << ' ' << command.X1 << ' ' << command.Y1;
     if (command.What == PlotCommand::Kind::Print) {
-        out << " \"" << command.Text << "\" " << command.FontSize << (command.FontBold ? " bold" : "")
+        out << " \"" << command.Text << "\" " << static_cast<int>(command.FontSize) << (command.FontBold ? " bold" : "")
             << (command.FontItalic ? " italic" : "");
     } else {
         out << ' ' << command.X2 << ' ' << command.Y2;

@@ -21,7 +21,7 @@ struct PlotCommand {
     Color Ink;  ///< Print: ForeColor
     int DrawWidth = 1;
     std::string Text;
-    std::string FontSize;  ///< Print only, as the two that follow
+    FontPoints FontSize = FontPoints::Ten;  ///< Print only, as the two that follow
     bool FontBold = false;
     bool FontItalic = false;
 

@@ -1,13 +1,11 @@
 // Bilinear refinement of the value matrix.
 //
 // Notation        F = RefineFactor. A coarse cell has the columns Ia to Ib = Ia + F and the rows Ja to Jb; c1 to c4 are
-// its
-//                 corners (Ia, Ja), (Ib, Ja), (Ib, Jb), (Ia, Jb); DX, DY its size, sx = DX / F, sy = DY / F.
+//                 its corners (Ia, Ja), (Ib, Ja), (Ib, Jb), (Ia, Jb); DX, DY its size, sx = DX / F, sy = DY / F.
 // Steps           per row the values at the left and right edge, then the nodes between them. Corners and edges are
 //                 written again by the cells that share them, and the next cell takes its corners as they then are.
 // Special cases   a cell without width or height (no valid input makes one) goes by the index alone. On an X-Z section
-// a
-//                 gap without height adds no rows; the rows of the last gap that had a height are worked over again.
+//                 a gap without height adds no rows; the rows of the last gap that had a height are worked over again.
 //                 Where the first gap of the first layer has none, the rows of the next begin at row 0, which holds
 //                 zeros.
 #include "contour/refinement.h"

@@ -102,7 +102,7 @@ void Form6::MakePicture() {
     surface.BackColor = {0, 0, 0};
     surface.ForeColor = {255, 255, 255};
     surface.FontName = "arial";
-    surface.FontSize = "10";
+    surface.FontSize = FontPoints::Ten;
     ClearPicture();
 }
 

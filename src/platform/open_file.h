@@ -7,8 +7,8 @@
 namespace zirvo {
 
 /// Opens a file in binary mode. Says why where it cannot: fault 53 or 76 where nothing is there, 75 for a folder or a
-/// pipe (which might never end), 52
-/// for a path that the system's own encoding cannot hold, 70 without the right to read.
+/// pipe (which might never end), 52 for a path that the system's own encoding cannot hold, 70 without the right to
+/// read.
 std::ifstream OpenForReading(const std::string& path);
 
 }  // namespace zirvo

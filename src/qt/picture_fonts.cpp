@@ -42,17 +42,7 @@ QStringList FamiliesOf(const std::string& name) {
 
 }  // namespace
 
-int FontPixels(std::string_view points) {
-    if (points == "7") {
-        return 9;
-    }
-    if (points == "8") {
-        return 11;
-    }
-    return points == "20" ? 27 : 13;
-}
-
-QFont PictureFont(const std::string& name, std::string_view points, bool bold, bool italic) {
+QFont PictureFont(const std::string& name, FontPoints points, bool bold, bool italic) {
     QFont font;
     font.setFamilies(FamiliesOf(name));
     font.setPixelSize(FontPixels(points));

@@ -3,17 +3,15 @@
 #pragma once
 #include <QFont>
 #include <string>
-#include <string_view>
+
+#include "contour/plot_surface.h"
 
 namespace zirvo {
-
-/// The pixels of a font of "7", "8", "10" or "20" points at 96 to the inch: 9, 11, 13, 27.
-int FontPixels(std::string_view points);
 
 /// The font, unhinted, to be drawn in greys. In place of the name, whether it is installed or not: Liberation Sans for
 /// "arial", Liberation Mono for "Courier", IPAGothic for "ＭＳ ゴシック"; characters that a font lacks come from
 /// IPAGothic.
-QFont PictureFont(const std::string& name, std::string_view points, bool bold, bool italic);
+QFont PictureFont(const std::string& name, FontPoints points, bool bold, bool italic);
 
 /// True if the font or its stand-in is installed; pictures look different elsewhere if not.
 bool HasPictureFont(const std::string& name);

@@ -6,10 +6,18 @@
 namespace zirvo {
 namespace {
 
-/// 0 to 3 for the four sizes.
-std::size_t SizeIndex(std::string_view points) {
-    const int pixels = FontPixels(points);
-    return pixels == 9 ? 0 : pixels == 11 ? 1 : pixels == 13 ? 2 : 3;
+std::size_t SizeIndex(FontPoints points) {
+    switch (points) {
+        case FontPoints::Seven:
+            return 0;
+        case FontPoints::Eight:
+            return 1;
+        case FontPoints::Ten:
+            return 2;
+        case FontPoints::Twenty:
+            break;
+    }
+    return 3;
 }
 
 }  // namespace

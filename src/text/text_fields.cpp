@@ -1,5 +1,4 @@
-// Fields of text files, byte by byte. Called by the readers of ".eva", ".ven", the settings file and the solvers'
-// input.
+// Fields of text files, byte by byte. Callers: the readers of ".eva", ".ven", the settings file and the solvers' input.
 //
 // Splitting bytes is safe in code page 932: no second byte of a character is below 0x40, so none is a blank, a comma, a
 // quote or a line end.

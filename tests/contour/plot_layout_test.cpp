@@ -26,7 +26,7 @@ struct Printed {
     const char* Text;
     double X;
     double Y;
-    const char* Size;
+    FontPoints Size;
     bool Bold;
 };
 
@@ -107,28 +107,28 @@ TEST(DrawPlotFrame, OnAnXYSectionTextsAreMovedWithNegativeHeights) {
     const double low = 10 + 0.75 * High10;
     const double high = 70 + 0.25 * High10;
     ExpectPrints(surface.Only(PlotCommand::Kind::Print),
-                 {{"0.0", 0 - 1.4625, under, "10", false},
-                  {"I", 15 - 0.4875, low, "10", true},
-                  {"I", 15 - 0.4875, high, "10", true},
-                  {"15.0", 15 - 1.95, under, "10", false},
-                  {"I", 30 - 0.4875, low, "10", true},
-                  {"I", 30 - 0.4875, high, "10", true},
-                  {"30.0", 30 - 1.95, under, "10", false},
-                  {"I", 45 - 0.4875, low, "10", true},
-                  {"I", 45 - 0.4875, high, "10", true},
-                  {"45.0", 45 - 1.95, under, "10", false},
-                  {"60.0", 60 - 1.95, under, "10", false},
-                  {"10.0", -1.25 * 3.9, 10 + 0.5 * High10, "10", false},
-                  {"-", 0, 25 + 0.6 * High20, "20", false},
-                  {"-", 60 - 2.025, 25 + 0.6 * High20, "20", false},
-                  {"25.0", -1.25 * 3.9, 25 + 0.5 * High10, "10", false},
-                  {"-", 0, 40 + 0.6 * High20, "20", false},
-                  {"-", 60 - 2.025, 40 + 0.6 * High20, "20", false},
-                  {"40.0", -1.25 * 3.9, 40 + 0.5 * High10, "10", false},
-                  {"-", 0, 55 + 0.6 * High20, "20", false},
-                  {"-", 60 - 2.025, 55 + 0.6 * High20, "20", false},
-                  {"55.0", -1.25 * 3.9, 55 + 0.5 * High10, "10", false},
-                  {"70.0", -1.25 * 3.9, 70 + 0.5 * High10, "10", false}},
+                 {{"0.0", 0 - 1.4625, under, FontPoints::Ten, false},
+                  {"I", 15 - 0.4875, low, FontPoints::Ten, true},
+                  {"I", 15 - 0.4875, high, FontPoints::Ten, true},
+                  {"15.0", 15 - 1.95, under, FontPoints::Ten, false},
+                  {"I", 30 - 0.4875, low, FontPoints::Ten, true},
+                  {"I", 30 - 0.4875, high, FontPoints::Ten, true},
+                  {"30.0", 30 - 1.95, under, FontPoints::Ten, false},
+                  {"I", 45 - 0.4875, low, FontPoints::Ten, true},
+                  {"I", 45 - 0.4875, high, FontPoints::Ten, true},
+                  {"45.0", 45 - 1.95, under, FontPoints::Ten, false},
+                  {"60.0", 60 - 1.95, under, FontPoints::Ten, false},
+                  {"10.0", -1.25 * 3.9, 10 + 0.5 * High10, FontPoints::Ten, false},
+                  {"-", 0, 25 + 0.6 * High20, FontPoints::Twenty, false},
+                  {"-", 60 - 2.025, 25 + 0.6 * High20, FontPoints::Twenty, false},
+                  {"25.0", -1.25 * 3.9, 25 + 0.5 * High10, FontPoints::Ten, false},
+                  {"-", 0, 40 + 0.6 * High20, FontPoints::Twenty, false},
+                  {"-", 60 - 2.025, 40 + 0.6 * High20, FontPoints::Twenty, false},
+                  {"40.0", -1.25 * 3.9, 40 + 0.5 * High10, FontPoints::Ten, false},
+                  {"-", 0, 55 + 0.6 * High20, FontPoints::Twenty, false},
+                  {"-", 60 - 2.025, 55 + 0.6 * High20, FontPoints::Twenty, false},
+                  {"55.0", -1.25 * 3.9, 55 + 0.5 * High10, FontPoints::Ten, false},
+                  {"70.0", -1.25 * 3.9, 70 + 0.5 * High10, FontPoints::Ten, false}},
                  false);
     EXPECT_EQ(surface.DrawWidth, 1);
     EXPECT_EQ(surface.ForeColor, Grey);
@@ -145,14 +145,14 @@ TEST(DrawPlotFrame, OnAnXZSectionTheNumbersStandUnderTheOtherEdge) {
     prints.erase(prints.begin() + 4, prints.begin() + 11);
     prints.resize(8);
     ExpectPrints(prints,
-                 {{"0.0", 0 - 1.4625, 70 + 0.5 * High10, "10", false},
-                  {"I", 15 - 0.4875, 10 - 0.25 * High10, "10", true},
-                  {"I", 15 - 0.4875, 70 - 0.75 * High10, "10", true},
-                  {"15.0", 15 - 1.95, 70 + 0.5 * High10, "10", false},
-                  {"10.0", -1.25 * 3.9, 10 - 0.5 * High10, "10", false},
-                  {"-", 0, 25 - 0.6 * High20, "20", false},
-                  {"-", 60 - 2.025, 25 - 0.6 * High20, "20", false},
-                  {"25.0", -1.25 * 3.9, 25 - 0.5 * High10, "10", false}},
+                 {{"0.0", 0 - 1.4625, 70 + 0.5 * High10, FontPoints::Ten, false},
+                  {"I", 15 - 0.4875, 10 - 0.25 * High10, FontPoints::Ten, true},
+                  {"I", 15 - 0.4875, 70 - 0.75 * High10, FontPoints::Ten, true},
+                  {"15.0", 15 - 1.95, 70 + 0.5 * High10, FontPoints::Ten, false},
+                  {"10.0", -1.25 * 3.9, 10 - 0.5 * High10, FontPoints::Ten, false},
+                  {"-", 0, 25 - 0.6 * High20, FontPoints::Twenty, false},
+                  {"-", 60 - 2.025, 25 - 0.6 * High20, FontPoints::Twenty, false},
+                  {"25.0", -1.25 * 3.9, 25 - 0.5 * High10, FontPoints::Ten, false}},
                  false);
 }
 
@@ -195,10 +195,10 @@ TEST(DrawPlotTitle, EndsAtTheRightAboveTheTopEdge) {
     ScaleTo(surface, SectionKind::XZ);
     DrawPlotTitle(surface, "0123456789", 60, 10, {1, 2, 3});
     const auto prints = surface.Only(PlotCommand::Kind::Print);
-    ExpectPrints(
-        prints,
-        {{"0123456789", 50.25, 70 + 1.1 * High10, "10", true}, {"0123456789", 50.25, 10 - 1.1 * High10, "10", true}},
-        false);
+    ExpectPrints(prints,
+                 {{"0123456789", 50.25, 70 + 1.1 * High10, FontPoints::Ten, true},
+                  {"0123456789", 50.25, 10 - 1.1 * High10, FontPoints::Ten, true}},
+                 false);
     EXPECT_EQ(prints[0].Ink, (Color{1, 2, 3}));
 }
 
@@ -248,18 +248,18 @@ TEST(DrawLegend, NumbersStandBesideTheBar) {
     Legend(SectionKind::XY, xy);
     const double top = 70 - Anchor;
     ExpectPrints(xy.Only(PlotCommand::Kind::Print),
-                 {{"3.00E-4", NumberX, top + 0.4 * High10, "10", true},
-                  {"-1.00E-4", NumberX, top - BarHeight + 0.8 * High10, "10", true},
-                  {"1.00E-4", NumberX, top - 0.5 * BarHeight + 0.4 * High10, "10", true}},
+                 {{"3.00E-4", NumberX, top + 0.4 * High10, FontPoints::Ten, true},
+                  {"-1.00E-4", NumberX, top - BarHeight + 0.8 * High10, FontPoints::Ten, true},
+                  {"1.00E-4", NumberX, top - 0.5 * BarHeight + 0.4 * High10, FontPoints::Ten, true}},
                  true);
     EXPECT_EQ(xy.ForeColor, (Color{255, 255, 255}));
     RecordingSurface xz(480, 480);
     Legend(SectionKind::XZ, xz);
     const double edge = 10 + Anchor;
     ExpectPrints(xz.Only(PlotCommand::Kind::Print),
-                 {{"3.00E-4", NumberX, edge - 0.4 * High10, "10", true},
-                  {"-1.00E-4", NumberX, edge + BarHeight - 0.8 * High10, "10", true},
-                  {"1.00E-4", NumberX, 0.5 * (edge + BarHeight) - 0.4 * High10, "10", true}},
+                 {{"3.00E-4", NumberX, edge - 0.4 * High10, FontPoints::Ten, true},
+                  {"-1.00E-4", NumberX, edge + BarHeight - 0.8 * High10, FontPoints::Ten, true},
+                  {"1.00E-4", NumberX, 0.5 * (edge + BarHeight) - 0.4 * High10, FontPoints::Ten, true}},
                  true);
 }
 

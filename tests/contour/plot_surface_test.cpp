@@ -56,7 +56,7 @@ TEST(PlotSurface, StartsBlackWithWhiteTextOfTenPoints) {
     EXPECT_EQ(surface.BackColor, (Color{0, 0, 0}));
     EXPECT_EQ(surface.ForeColor, (Color{255, 255, 255}));
     EXPECT_EQ(surface.FontName, "arial");
-    EXPECT_EQ(surface.FontSize, "10");
+    EXPECT_EQ(surface.FontSize, FontPoints::Ten);
     EXPECT_EQ(surface.DrawWidth, 1);
 }
 

@@ -78,7 +78,7 @@ TEST(DrawPointMarksXY, MarksOneNodeInTenWithTheSecondAxisOuter) {
         EXPECT_EQ(mark.Text, "X");
         EXPECT_NEAR(mark.X1, x[n] - 0.325, 1e-5) << n;
         EXPECT_NEAR(mark.Y1, y[n] + 2.6, 1e-5) << n;
-        EXPECT_EQ(mark.FontSize, "10");
+        EXPECT_EQ(mark.FontSize, FontPoints::Ten);
         EXPECT_TRUE(mark.FontBold);
         EXPECT_FALSE(mark.FontItalic);
         EXPECT_EQ(mark.DrawWidth, 2);
@@ -95,7 +95,7 @@ TEST(DrawPointValuesXY, StandUnderTheirPoints) {
     const char* const texts[6] = {"0.00E0", "1.00E3", "2.00E3", "4.00E1", "1.04E3", "2.04E3"};
     for (std::size_t n = 0; n < 6; ++n) {
         EXPECT_EQ(surface.Commands[n].Text, texts[n]);
-        EXPECT_EQ(surface.Commands[n].FontSize, "7");
+        EXPECT_EQ(surface.Commands[n].FontSize, FontPoints::Seven);
         EXPECT_FALSE(surface.Commands[n].FontBold);
         EXPECT_EQ(surface.Commands[n].DrawWidth, 1);
     }
@@ -194,11 +194,11 @@ TEST(DrawProbeMark, PutsTheValueUnderAPlus) {
     DrawProbeMark(surface, 5, 6, 1.26e-4);
     ASSERT_EQ(surface.Commands.size(), 2u);
     EXPECT_EQ(surface.Commands[0].Text, "+");
-    EXPECT_EQ(surface.Commands[0].FontSize, "10");
+    EXPECT_EQ(surface.Commands[0].FontSize, FontPoints::Ten);
     EXPECT_NEAR(surface.Commands[0].X1, 5 - 0.325, 1e-5);
     EXPECT_NEAR(surface.Commands[0].Y1, 6 - 0.78, 1e-5);
     EXPECT_EQ(surface.Commands[1].Text, "1.3E-4");
-    EXPECT_EQ(surface.Commands[1].FontSize, "8");  // 11 pixels, 5.5 wide: 3.3 cm
+    EXPECT_EQ(surface.Commands[1].FontSize, FontPoints::Eight);  // 11 pixels, 5.5 wide: 3.3 cm
     EXPECT_NEAR(surface.Commands[1].X1, 5 - 1.65, 1e-5);
     EXPECT_NEAR(surface.Commands[1].Y1, 6 + 0.66, 1e-5);
     EXPECT_EQ(surface.Commands[1].Ink, (Color{250, 250, 250}));

@@ -3,9 +3,14 @@
 //     ScriptedDesktop desktop;
 //     Application app(desktop);
 //     app.Register("Form3", [](Application& a) { return std::make_unique<Form3>(a); });
-//     app.Show("Form3");                                // load and show as one handler, with the focus events behind
-//     it Form3& form = app.Get<Form3>(); form.Option1.UserClick(); Type(form, "12.5\r"); As a program: app.Dispatch([&]
-//     { form.Text7.Text = "a"; form.Command5.SetFocus(); });
+//     app.Show("Form3");  // load and show as one handler, with the focus events behind it
+//     Form3& form = app.Get<Form3>();
+//     form.Option1.UserClick();
+//     Type(form, "12.5\r");
+//
+// As a program:
+//
+//     app.Dispatch([&] { form.Text7.Text = "a"; form.Command5.SetFocus(); });
 #pragma once
 #include <string_view>
 

@@ -153,4 +153,12 @@ std::string NamesOf(const forms::Form& form, const std::function<bool(const form
     return names;
 }
 
+std::string EnabledOf(const Form5& form) {
+    return NamesOf(form, [](const forms::Control& control) {
+        const std::string& name = control.Name();
+        return control.TakesFocus() && control.Enabled && name != "Command3" && name != "Command8" &&
+               name != "Command9" && !name.starts_with("tbFgEdit");
+    });
+}
+
 }  // namespace zirvo::test

@@ -110,4 +110,8 @@ std::string English(Int16 k);
 /// arrays count once, and must agree.
 std::string NamesOf(const forms::Form& form, const std::function<bool(const forms::Control&)>& passes);
 
+/// Names of all enabled controls of the data screen that a user can act on; PREVIOUS, HELP and QUIT are never disabled
+/// and left out.
+std::string EnabledOf(const Form5& form);
+
 }  // namespace zirvo::test

@@ -150,11 +150,12 @@ TEST(ImageSurface, ClearsToItsBackgroundAndKeepsItsScale) {
 // Liberation Sans: ascent 0.905 and descent 0.212 of its size; "0" is 0.556 wide, "I" 0.278.
 TEST(ImageSurface, ATextIsAsHighAsItsFontAndAsWideAsItsAdvance) {
     ImageSurface surface(100, 100);
-    for (const auto& [points, pixels] : {std::pair{"7", 9}, {"8", 11}, {"10", 13}, {"20", 27}}) {
+    for (const auto& [points, pixels] :
+         {std::pair{FontPoints::Seven, 9}, {FontPoints::Eight, 11}, {FontPoints::Ten, 13}, {FontPoints::Twenty, 27}}) {
         surface.FontSize = points;
-        EXPECT_NEAR(surface.TextHeight("0"), 1.117 * pixels, 0.02) << points;
-        EXPECT_NEAR(surface.TextWidth("0"), 0.556 * pixels, 0.02) << points;
-        EXPECT_NEAR(surface.TextWidth("I"), 0.278 * pixels, 0.02) << points;
+        EXPECT_NEAR(surface.TextHeight("0"), 1.117 * pixels, 0.02) << pixels;
+        EXPECT_NEAR(surface.TextWidth("0"), 0.556 * pixels, 0.02) << pixels;
+        EXPECT_NEAR(surface.TextWidth("I"), 0.278 * pixels, 0.02) << pixels;
         EXPECT_NEAR(surface.TextWidth("1111"), 4 * 0.556 * pixels, 0.1) << "no digit moves closer to the next";
         EXPECT_EQ(surface.TextHeight("0"), surface.TextHeight("Ay"));
     }

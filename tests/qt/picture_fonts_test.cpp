@@ -49,7 +49,7 @@ QByteArray Renamed(QByteArray font, const QString& family) {
 TEST(PictureFont, IsTheProgramsOwnForEachNameThatTheProgramAsksFor) {
     for (const auto& [name, standIn] : StandIns) {
         EXPECT_TRUE(HasPictureFont(name));
-        EXPECT_EQ(QFontInfo(PictureFont(name, "10", false, false)).family().toStdString(), standIn);
+        EXPECT_EQ(QFontInfo(PictureFont(name, FontPoints::Ten, false, false)).family().toStdString(), standIn);
     }
 }
 
@@ -62,7 +62,7 @@ TEST(PictureFont, IsTheProgramsOwnAlsoWhereAFontOfThatNameIsInstalled) {
         const int installed = QFontDatabase::addApplicationFontFromData(Renamed(bytes, asked));
         ASSERT_GE(installed, 0);
         ASSERT_TRUE(QFontDatabase::isSmoothlyScalable(asked)) << name << " is there now";
-        EXPECT_EQ(QFontInfo(PictureFont(name, "10", false, false)).family().toStdString(), standIn);
+        EXPECT_EQ(QFontInfo(PictureFont(name, FontPoints::Ten, false, false)).family().toStdString(), standIn);
         QFontDatabase::removeApplicationFont(installed);
     }
 }
@@ -73,16 +73,17 @@ TEST(RegisterFonts, TakesEveryFontOfTheFolder) {
 }
 
 TEST(PictureFont, IsMeasuredInPixelsAt96DotsPerInch) {
-    for (const auto& [points, pixels] : {std::pair{"7", 9}, {"8", 11}, {"10", 13}, {"20", 27}}) {
+    for (const auto& [points, pixels] :
+         {std::pair{FontPoints::Seven, 9}, {FontPoints::Eight, 11}, {FontPoints::Ten, 13}, {FontPoints::Twenty, 27}}) {
         EXPECT_EQ(PictureFont("arial", points, false, false).pixelSize(), pixels);
         EXPECT_EQ(FontPixels(points), pixels);
     }
 }
 
 TEST(PictureFont, IsBoldAndItalicWhereAsked) {
-    const QFont plain = PictureFont("arial", "10", false, false);
-    const QFont bold = PictureFont("arial", "10", true, false);
-    EXPECT_TRUE(QFontInfo(PictureFont("arial", "10", false, true)).italic());
+    const QFont plain = PictureFont("arial", FontPoints::Ten, false, false);
+    const QFont bold = PictureFont("arial", FontPoints::Ten, true, false);
+    EXPECT_TRUE(QFontInfo(PictureFont("arial", FontPoints::Ten, false, true)).italic());
     EXPECT_FALSE(QFontInfo(plain).italic());
     // "EPSx" of Liberation Sans: 0.667 + 0.667 + 0.667 + 0.5, in bold 0.667 + 0.667 + 0.667 + 0.556, by 13 pixels.
     EXPECT_NEAR(QFontMetricsF(plain).horizontalAdvance("EPSx"), 2.501 * 13, 0.1);
@@ -91,10 +92,10 @@ TEST(PictureFont, IsBoldAndItalicWhereAsked) {
 
 // Full-width characters are as wide as the font is high, Latin ones of the fixed fonts 0.5 and 0.6 of it.
 TEST(PictureFont, TheFixedFontsAreFixed) {
-    const QFontMetricsF gothic(PictureFont("ＭＳ ゴシック", "20", false, false));
+    const QFontMetricsF gothic(PictureFont("ＭＳ ゴシック", FontPoints::Twenty, false, false));
     EXPECT_NEAR(gothic.horizontalAdvance(QString::fromUtf8("層厚")), 54, 0.1);
     EXPECT_NEAR(gothic.horizontalAdvance("iW"), 27, 0.1);
-    const QFontMetricsF courier(PictureFont("Courier", "20", false, false));
+    const QFontMetricsF courier(PictureFont("Courier", FontPoints::Twenty, false, false));
     EXPECT_NEAR(courier.horizontalAdvance("iW"), 2 * 0.6 * 27, 0.1);
 }
 

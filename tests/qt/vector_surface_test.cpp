@@ -80,7 +80,7 @@ TEST(VectorSurface, MeasuresTextsAsTheImageSurfaceDoes) {
     image.Scale(0, 300, 10, 0);
     Drawn([&](PlotSurface& surface) {
         surface.Scale(0, 300, 10, 0);
-        for (const char* points : {"7", "8", "10", "20"}) {
+        for (const FontPoints points : {FontPoints::Seven, FontPoints::Eight, FontPoints::Ten, FontPoints::Twenty}) {
             surface.FontSize = points;
             image.FontSize = points;
             EXPECT_EQ(surface.TextWidth("-1.23E-4"), image.TextWidth("-1.23E-4"));
@@ -92,7 +92,7 @@ TEST(VectorSurface, MeasuresTextsAsTheImageSurfaceDoes) {
 TEST(VectorSurface, TextCoversWhatWasDrawnBefore) {
     const QImage image = Drawn([](PlotSurface& surface) {
         surface.FilledBox(0, 0, 39, 29, Red);
-        surface.FontSize = "20";
+        surface.FontSize = FontPoints::Twenty;
         surface.FontBold = true;
         surface.Print("I");
     });

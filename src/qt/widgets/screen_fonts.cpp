@@ -16,7 +16,7 @@ QFont ScreenFont(const forms::FontSpec& spec) {
     if (spec.Name.empty()) {
         font.setFamilies({"Liberation Sans", "IPAPGothic", "IPAGothic"});
     } else {
-        font.setFamilies(PictureFont(spec.Name, "10", false, false).families());
+        font.setFamilies(PictureFont(spec.Name, FontPoints::Ten, false, false).families());
         // Reports stand in columns: a character of full width must be exactly as wide as two others, which whole pixels
         // would not allow at every size.
         font.setHintingPreference(QFont::PreferNoHinting);
