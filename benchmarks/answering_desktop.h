@@ -14,6 +14,7 @@ namespace zirvo::bench {
 class AnsweringDesktop : public forms::Desktop {
 public:
     std::string Path;
+    std::string Clipboard;
     /// The screen that the forms are fitted to; the platform's own where there is none.
     std::optional<forms::ScreenSize> Size;
 
@@ -35,6 +36,8 @@ public:
     void ShowForm(forms::Form& form) override { windows_.ShowForm(form); }
     void HideForm(forms::Form& form) override { windows_.HideForm(form); }
     void FormGone(forms::Form& form) override { windows_.FormGone(form); }
+    std::string ClipboardText() const override { return Clipboard; }
+    void SetClipboardText(const std::string& text) override { Clipboard = text; }
     void PaintNow(forms::Form& form) override { windows_.PaintNow(form); }
     void DiscardInput() override { windows_.DiscardInput(); }
     void CallLater(int milliseconds, std::function<void()> call) override {

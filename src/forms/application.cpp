@@ -106,6 +106,11 @@ void Application::RunOutermost(const std::function<void()>& handler) {
         // A mistake of our own, which the toolkit must not see.
         ShowFault({.Heading = "Internal error:", .Description = error.what()});
     }
+    if (!ended_) {
+        for (ActListener* listener : listeners_) {
+            listener->ActEnded();
+        }
+    }
     --depth_;
 }
 

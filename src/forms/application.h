@@ -14,6 +14,13 @@
 
 namespace zirvo::forms {
 
+/// Hears when an outermost handler has ended: what came of one act of the user is then complete. It must raise nothing.
+class ActListener {
+public:
+    virtual ~ActListener() = default;
+    virtual void ActEnded() = 0;
+};
+
 class Application {
 public:
     using Factory = std::function<std::unique_ptr<Form>(Application&)>;
@@ -48,6 +55,9 @@ public:
     /// Runs a handler behind the outermost one that is running, and behind its focus events, as an outermost handler of
     /// its own; at once where none is running.
     void DispatchBehind(std::function<void()> handler);
+    /// From now on, and no longer, the listener hears of the ends of handlers.
+    void Listen(ActListener& listener) { listeners_.push_back(&listener); }
+    void Ignore(ActListener& listener) { std::erase(listeners_, &listener); }
     /// Whether a handler is running: a view drops what the user does meanwhile.
     bool InHandler() const { return depth_ > 0; }
 
@@ -82,6 +92,7 @@ private:
     std::vector<std::unique_ptr<Control>> goneControls_;
     std::optional<Language> language_;
     std::deque<std::function<void()>> behind_;  ///< handlers of DispatchBehind that wait
+    std::vector<ActListener*> listeners_;
     int depth_ = 0;
     bool ended_ = false;
 };

@@ -127,6 +127,8 @@ protected:
     virtual bool KeepsEnter() const { return false; }
     /// Called right before GotFocus.
     virtual void ReceivesFocus() {}
+    /// Called right before LostFocus.
+    virtual void LosesFocus() {}
     /// Width or height has changed.
     virtual void Resized() {}
     /// Calls an event handler if there is one. The handler may be replaced while it runs: a copy is called.

@@ -74,6 +74,9 @@ public:
     /// The form is gone: its window goes, and all views of it let go of the model, which dies right behind this call.
     /// It may come from within an event of that very window, so that widgets must be destroyed later.
     virtual void FormGone(Form& form) = 0;
+    /// The text on the clipboard, UTF-8; "" where it holds none. Line ends as the other program wrote them.
+    virtual std::string ClipboardText() const = 0;
+    virtual void SetClipboardText(const std::string& text) = 0;
     /// Paints what has changed on the form before this returns.
     virtual void PaintNow(Form& form) = 0;
     /// Throws away what the user typed and clicked while the program did not listen.

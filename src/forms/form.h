@@ -54,6 +54,9 @@ public:
     int ScaleMode = 1;             ///< 1: twips
     ControlCollection Controls;
 
+    /// Asked first about every stroke in this window; true: it is used up, and no control hears of it.
+    std::function<bool(const KeyStroke& stroke)> Shortcut;
+
     bool IsVisible() const { return visible_; }
     /// From the beginning of its load step until it is unloaded.
     bool IsLoaded() const { return loaded_; }

@@ -45,8 +45,9 @@ void Form::SettleFocus() {
 
 void Form::RaiseFocusEvent() {
     if (reported_ != nullptr) {
-        const Control* old = reported_;
+        Control* old = reported_;
         reported_ = nullptr;
+        old->LosesFocus();
         Control::Raise(old->LostFocus);
     } else if (active_ != nullptr) {
         reported_ = active_;
@@ -105,6 +106,9 @@ CommandButton* Form::DefaultButton() const {
 
 bool Form::UserKey(const KeyStroke& stroke) {
     if (application_.HasEnded() || gone_) {
+        return true;
+    }
+    if (Shortcut && Shortcut(stroke)) {
         return true;
     }
     if (active_ != nullptr) {

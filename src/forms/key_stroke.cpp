@@ -29,6 +29,10 @@ KeyStroke StrokeOf(char32_t character) {
     return {.Code = CodeOf(character), .Character = character, .Shift = character >= U'A' && character <= U'Z'};
 }
 
+KeyStroke StrokeOfControl(char letter) {
+    return {.Code = letter, .Character = static_cast<char32_t>(letter - 'A' + 1), .Control = true};
+}
+
 KeyStroke StrokeOfKey(int code, bool shift) {
     return {.Code = code, .Character = HasCharacter(code) ? static_cast<char32_t>(code) : U'\0', .Shift = shift};
 }

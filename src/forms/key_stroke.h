@@ -9,6 +9,9 @@ namespace key {
 inline constexpr int Backspace = 8;
 inline constexpr int Tab = 9;
 inline constexpr int Enter = 13;
+inline constexpr int Shift = 16;
+inline constexpr int Control = 17;
+inline constexpr int Alt = 18;
 inline constexpr int Escape = 27;
 inline constexpr int Space = 32;
 inline constexpr int PageUp = 33;
@@ -31,10 +34,18 @@ struct KeyStroke {
     bool Shift = false;
     bool Control = false;
     bool Alt = false;
+    int HeldFor = 0;  ///< milliseconds since the key went down; 0 for a stroke that is no repetition
+
+    /// Shift, Ctrl or Alt alone.
+    bool IsModifier() const { return Code >= key::Shift && Code <= key::Alt; }
+    /// Ctrl, without Alt, and the letter, which is upper case here.
+    bool IsControl(char letter) const { return Control && !Alt && Code == letter; }
 };
 
 /// The stroke of a printable character ("5", "x", "あ") as a keyboard makes it.
 KeyStroke StrokeOf(char32_t character);
+/// The stroke of Ctrl and a letter, which is upper case here.
+KeyStroke StrokeOfControl(char letter);
 /// The stroke of a named key, with the character that it makes where it makes one (8, 13, 27, 32).
 KeyStroke StrokeOfKey(int code, bool shift = false);
 

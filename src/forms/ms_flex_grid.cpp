@@ -29,6 +29,7 @@ MSFlexGrid::MSFlexGrid(Form& form, ControlId id, Control* container)
       LeftCol(1),
       Highlight(HighlightKind::Always, [this] { TellView(); }),
       RowHeight(FirstRowHeight, [this] { TellView(); }),
+      AllSelected(false, [this] { TellView(); }),
       texts_(static_cast<std::size_t>(FirstRows) * FirstCols),
       colWidths_(FirstCols, -1.0) {
     Rows.SetBy([this](int rows) { SetRows(rows); });
@@ -85,7 +86,13 @@ const std::string& MSFlexGrid::TextMatrix(int row, int col) const {
 void MSFlexGrid::SetTextMatrix(int row, int col, std::string text) {
     std::string& cell = texts_[IndexOf(row, col)];
     if (cell != text) {
+        if (recorder_ != nullptr) {
+            recorder_->CellChanges(*this, row, col);
+        }
         cell = std::move(text);
+        if (row == marked_.Row && col == marked_.Col) {
+            Unmark();
+        }
         if (gridView_ != nullptr) {
             gridView_->CellChanged(row, col);
         }
@@ -113,6 +120,13 @@ void MSFlexGrid::Resize(int rows, int cols) {
     const bool currentGoes = Row >= rows || Col >= cols;
     if (currentGoes && HasDataRows()) {
         Raise(LeaveCell);
+    }
+    if (recorder_ != nullptr) {
+        recorder_->RowsChange(*this, rows);
+    }
+    AllSelected = false;
+    if (marked_.Row >= rows || marked_.Col >= cols) {
+        marked_ = {};
     }
     if (cols == Cols) {
         texts_.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols));
@@ -171,6 +185,7 @@ void MSFlexGrid::MoveTo(int row, int col) {
     if (HasDataRows()) {
         Raise(LeaveCell);
     }
+    AllSelected = false;
     Row.Store(std::min(row, Rows - 1));  // LeaveCell may have taken rows
     Col.Store(std::min(col, Cols - 1));
     if (gridView_ != nullptr) {
@@ -204,6 +219,23 @@ void MSFlexGrid::UserDoubleClickCell(int row, int col) {
 void MSFlexGrid::UserScrollTo(int topRow, int leftCol) {
     if (IsUsable()) {
         App().Dispatch([&] { ScrollTo(topRow, leftCol); });
+    } else if (!IsGone() && Visible && StoreScroll(topRow, leftCol) && gridView_ != nullptr) {
+        gridView_->Scrolled();
+    }
+}
+
+void MSFlexGrid::MarkCell(int row, int col) {
+    CheckRow(row);
+    CheckCol(col);
+    marked_ = {row, col};
+    BringIntoSight(row, col);
+    TellView();
+}
+
+void MSFlexGrid::Unmark() {
+    if (marked_.Row >= 0) {
+        marked_ = {};
+        TellView();
     }
 }
 
@@ -243,6 +275,9 @@ MSFlexGrid::Cell MSFlexGrid::KeyTarget(const KeyStroke& stroke) const {
 }
 
 bool MSFlexGrid::KeyDefault(const KeyStroke& stroke) {
+    if (!stroke.IsModifier()) {
+        AllSelected = false;
+    }
     if (!HasDataRows() || !IsDataCell(Row, Col)) {
         return true;
     }

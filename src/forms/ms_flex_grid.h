@@ -13,6 +13,8 @@
 
 namespace zirvo::forms {
 
+class MSFlexGrid;
+
 class GridView : public ControlView {
 public:
     virtual void CellChanged(int row, int col) = 0;
@@ -22,6 +24,16 @@ public:
     virtual void Scrolled() = 0;
     /// The current cell has moved.
     virtual void CurrentCellMoved() = 0;
+};
+
+/// Hears of every change of a cell's text and of the rows, right before it is made: so that it can be undone.
+class GridRecorder {
+public:
+    virtual ~GridRecorder() = default;
+    /// The cell is about to get another text.
+    virtual void CellChanges(const MSFlexGrid& grid, int row, int col) = 0;
+    /// The grid is about to have so many rows: those from there on go, or new ones come.
+    virtual void RowsChange(const MSFlexGrid& grid, int rows) = 0;
 };
 
 /// Which cells carry the filled marking of the current cell: 0 none, 1 the current one.
@@ -101,19 +113,36 @@ public:
     void UserClickCell(int row, int col);
     /// The user double-clicks a cell: raises DblClick on a data cell.
     void UserDoubleClickCell(int row, int col);
-    /// The user moves a bar of the grid, or turns the wheel over it.
+    /// The user moves a bar of the grid, or turns the wheel over it. A disabled grid scrolls too, so that its data can
+    /// be read, and raises nothing.
     void UserScrollTo(int topRow, int leftCol);
     /// Called on receiving the focus, before GotFocus: a current cell in a heading moves to (1, 1) if there are data
     /// rows; nothing scrolls.
     void EnterData();
     bool HasDataRows() const { return Rows > FixedRows; }
 
+    /// All data cells and their headings are selected, to be copied. Ends when the current cell moves, rows come or go,
+    /// another key is struck, or the focus comes anew.
+    Property<bool> AllSelected;
+    /// Brings a cell into sight, as far as the scroll position allows, and marks it as the one to be mended; the
+    /// current cell stays. A change of its text takes the mark away. Outside the grid: fault 9.
+    void MarkCell(int row, int col);
+    void Unmark();
+    /// Row and column -1 where no cell is marked.
+    Cell MarkedCell() const { return marked_; }
+
+    /// Who hears of every change; nobody: nullptr.
+    void RecordBy(GridRecorder* recorder) { recorder_ = recorder; }
+
     void Attach(ControlView* view) override;
 
 protected:
     bool KeyDefault(const KeyStroke& stroke) override;
     bool RaisesKeys() override;
-    void ReceivesFocus() override { EnterData(); }
+    void ReceivesFocus() override {
+        AllSelected = false;
+        EnterData();
+    }
     void Resized() override { ScrollTo(TopRow, LeftCol); }
 
 private:
@@ -125,7 +154,8 @@ private:
     bool IsDataCell(int row, int col) const;
     Cell KeyTarget(const KeyStroke& stroke) const;
     void MoveTo(int row, int col);
-    void BringIntoSight();
+    void BringIntoSight() { BringIntoSight(Row, Col); }
+    void BringIntoSight(int row, int col);
     void ScrollTo(int topRow, int leftCol);
     bool StoreScroll(int topRow, int leftCol);
     void TellScroll();
@@ -140,6 +170,8 @@ private:
     std::size_t IndexOf(int row, int col) const;
 
     GridView* gridView_ = nullptr;
+    GridRecorder* recorder_ = nullptr;
+    Cell marked_;
 
     std::vector<std::string> texts_;  ///< row by row, Rows x Cols
     std::vector<double> colWidths_;   ///< one for each column; negative: not set

@@ -162,17 +162,17 @@ MSFlexGrid::Cell MSFlexGrid::CellAt(double x, double y) const {
     return cell;
 }
 
-/// Scrolls as far as it takes to have the current cell wholly in sight.
-void MSFlexGrid::BringIntoSight() {
+/// Scrolls as far as it takes to have the cell wholly in sight.
+void MSFlexGrid::BringIntoSight(int row, int col) {
     int top = TopRow;
     int left = LeftCol;
-    if (Row >= FixedRows && !RowIsVisible(Row)) {
-        top = Row < TopRow ? Row.Get() : std::max(FixedRows.Get(), Row - PageRows() + 1);
+    if (row >= FixedRows && !RowIsVisible(row)) {
+        top = row < TopRow ? row : std::max(FixedRows.Get(), row - PageRows() + 1);
     }
-    if (Col >= FixedCols && !ColIsVisible(Col)) {
+    if (col >= FixedCols && !ColIsVisible(col)) {
         const double room = AreaWidth() - WidthOf(0, FixedCols) + Tolerance;
-        left = std::min(left, Col.Get());
-        while (left < Col && WidthOf(left, Col + 1) > room) {
+        left = std::min(left, col);
+        while (left < col && WidthOf(left, col + 1) > room) {
             ++left;
         }
     }

@@ -117,21 +117,37 @@ public:
     /// Between Min and Max; a value outside is fault 5.
     Property<int> Value;
     std::function<void()> Change;
-    /// The user's arrows, keys and clicks beside the thumb: the focus first, then one step towards Min or towards Max,
-    /// not beyond.
-    void UserStepToMin();
-    void UserStepToMax();
+    /// Digits that the user has typed while the bar has the focus: Enter makes them the value in one step, unless that
+    /// lies outside, and then they stay; Backspace takes one away; Esc, any other way to a value and the loss of the
+    /// focus drop them.
+    Property<std::string> Typed;
+    /// The number that Typed stands for lies outside Min and Max.
+    bool TypedIsOutside() const;
+    /// The user's arrows, keys and clicks beside the thumb: the focus first, then a step towards Min or towards Max,
+    /// not beyond. A step is 1; behind the first second of holding the arrow it grows, so that the value doubles its
+    /// speed every second.
+    /// @param heldFor  milliseconds since the arrow was pressed; 0 for the press itself
+    void UserStepToMin(int heldFor = 0);
+    void UserStepToMax(int heldFor = 0);
+    /// The value was last set by an arrow that went on being held: with the press, one act of the user.
+    bool IsHeld() const { return lastHeld_ > 0; }
     /// The user releases the thumb at this value.
     void UserRelease(int value);
 
 protected:
     bool KeyDefault(const KeyStroke& stroke) override;
+    void LosesFocus() override { Typed = std::string(); }
 
 private:
     void SetValue(int value);
     void SetEnds();
-    void UserSet(int value);
+    void UserSet(int value, int heldFor = 0);
     int Clamped(int value) const;
+    int StepOf(int heldFor) const;
+    bool TypesNumber(const KeyStroke& stroke);
+    void TakeTyped();
+
+    int lastHeld_ = 0;  ///< milliseconds
 };
 
 }  // namespace zirvo::forms

@@ -34,6 +34,7 @@ public:
     std::deque<std::optional<std::string>> Paths;  ///< of all three dialogs
     bool HelpCanBeShown = true;
     ScreenSize Size{.Width = 1024 * 15, .Height = 768 * 15, .TwipsPerPixel = 15};
+    std::string Clipboard;
     /// Called while a box stands, before it is answered.
     std::function<void(const Message&)> OnBox;
     /// Called within PaintNow.
@@ -133,6 +134,8 @@ public:
     void ShowForm(Form& form) override { Log.push_back("show " + form.Name()); }
     void HideForm(Form& form) override { Log.push_back("hide " + form.Name()); }
     void FormGone(Form& form) override { Log.push_back("gone " + form.Name()); }
+    std::string ClipboardText() const override { return Clipboard; }
+    void SetClipboardText(const std::string& text) override { Clipboard = text; }
     void PaintNow(Form& form) override {
         Log.push_back("paint " + form.Name());
         if (OnPaint) {

@@ -64,7 +64,7 @@ void ControlBinding::Refresh() {
     }
     widget_->setGeometry(Place());
     ShowState();
-    widget_->setEnabled(model_.Enabled);
+    widget_->setEnabled(model_.Enabled || ScrollsDisabled());
     widget_->setVisible(model_.Visible);
     if (model_.Depth() != shownDepth_) {
         shownDepth_ = model_.Depth();

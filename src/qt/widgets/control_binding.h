@@ -39,6 +39,9 @@ public:
     virtual bool EditsText() const { return false; }
     /// Whether the wheel does anything here.
     virtual bool TakesWheel() const { return false; }
+    /// Whether it can be scrolled while the control is disabled: Qt is then not told of that, and the widget draws
+    /// itself as disabled.
+    virtual bool ScrollsDisabled() const { return false; }
     /// Whether a press of the mouse gives the control the focus before the widget sees it.
     virtual bool TakesFocusOnPress() const { return model_.TakesFocus(); }
     /// An input method has committed a text here. True if that is all there is to do.

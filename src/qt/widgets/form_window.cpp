@@ -197,7 +197,13 @@ void FormWindow::Key(const QKeyEvent& event, QObject* receiver) {
     ControlBinding* active = BindingOf(before);
     const QPointer<QWidget> widget = active == nullptr ? nullptr : &active->Widget();
     const QPointer<QObject> alive = receiver;
-    const bool used = form_.UserKey(StrokeOfEvent(event));
+    forms::KeyStroke stroke = StrokeOfEvent(event);
+    if (event.isAutoRepeat() && keyDown_.isValid()) {
+        stroke.HeldFor = static_cast<int>(std::clamp<qint64>(keyDown_.elapsed(), 1, 1'000'000));
+    } else {
+        keyDown_.start();
+    }
+    const bool used = form_.UserKey(stroke);
     if (used || widget.isNull() || active != BindingOf(before) || !active->EditsText() || IsBusy()) {
         return;
     }

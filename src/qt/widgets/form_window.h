@@ -1,5 +1,6 @@
 // The window of a form: its controls as widgets, and the user's keys and clicks on their way to the models.
 #pragma once
+#include <QElapsedTimer>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -50,7 +51,8 @@ private:
     forms::Form& form_;
     const MapPictures& maps_;
     std::unordered_map<const forms::Control*, ControlBinding*> bindings_;
-    bool passing_ = false;  ///< a stroke that the form has seen is on its way to a widget
+    QElapsedTimer keyDown_;  ///< since the last stroke that was no repetition
+    bool passing_ = false;   ///< a stroke that the form has seen is on its way to a widget
     bool retired_ = false;
 };
 

@@ -47,6 +47,8 @@ private:
     void EachInSight(int count, int fixed, int first, Visit visit) const;
     void PaintRow(QPainter& painter, int row, const QRect& dirty) const;
     void PaintCell(QPainter& painter, int row, int col, const QRect& cell) const;
+    QColor Ground(bool heading, bool filled, bool marked) const;
+    QPalette::ColorGroup Colours() const;
 
     forms::MSFlexGrid& grid_;
     QScrollBar vertical_;
@@ -58,6 +60,7 @@ class GridBinding final : public ControlBinding {
 public:
     GridBinding(forms::MSFlexGrid& grid, QWidget& parent);
     bool TakesWheel() const override { return true; }
+    bool ScrollsDisabled() const override { return true; }
     /// A click on a cell gives the focus itself.
     bool TakesFocusOnPress() const override { return false; }
     bool Commit(const QString& text) override;

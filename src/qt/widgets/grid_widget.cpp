@@ -14,6 +14,10 @@ namespace {
 // Pixels between the edge of a cell and its text. A column is as wide as its heading and a "J", which is 6 pixels.
 constexpr int TextMargin = 2;
 
+// The cell that a rule has refused: a frame of two pixels, and a ground that is seen from afar.
+constexpr QRgb MarkedGround = qRgb(0xFF, 0xDD, 0xDD);
+constexpr QRgb MarkedFrame = qRgb(0xC0, 0x00, 0x00);
+
 }  // namespace
 
 GridWidget::GridWidget(forms::MSFlexGrid& grid, QWidget& parent)
@@ -79,7 +83,6 @@ void GridWidget::EachInSight(int count, int fixed, int first, Visit visit) const
 
 void GridWidget::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
     painter.fillRect(rect(), palette().color(QPalette::Active, QPalette::Dark).lighter(130));
     const QRect area = Area();
     painter.setClipRect(area);
@@ -95,7 +98,7 @@ void GridWidget::paintEvent(QPaintEvent* event) {
         return true;
     });
     painter.setClipping(false);
-    painter.setPen(palette().color(group, QPalette::Dark));
+    painter.setPen(palette().color(Colours(), QPalette::Dark));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
@@ -112,28 +115,44 @@ void GridWidget::PaintRow(QPainter& painter, int row, const QRect& dirty) const 
     });
 }
 
+/// The widget itself stays enabled, so that it scrolls.
+QPalette::ColorGroup GridWidget::Colours() const {
+    return grid_.Enabled ? QPalette::Active : QPalette::Disabled;
+}
+
+QColor GridWidget::Ground(bool heading, bool filled, bool marked) const {
+    if (marked) {
+        return MarkedGround;
+    }
+    return palette().color(Colours(), filled ? QPalette::Highlight : heading ? QPalette::Button : QPalette::Base);
+}
+
 void GridWidget::PaintCell(QPainter& painter, int row, int col, const QRect& cell) const {
-    const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
+    const QPalette::ColorGroup group = Colours();
     const bool heading = row < grid_.FixedRows || col < grid_.FixedCols;
     const bool current = row == grid_.Row.Get() && col == grid_.Col.Get();
-    const bool filled = current && !heading && grid_.Highlight.Get() == forms::HighlightKind::Always;
-    const QColor ground = palette().color(group, heading  ? QPalette::Button
-                                                 : filled ? QPalette::Highlight
-                                                          : QPalette::Base);
-    painter.fillRect(cell, ground);
+    const bool marked = row == grid_.MarkedCell().Row && col == grid_.MarkedCell().Col;
+    const bool selected = grid_.AllSelected && hasFocus();
+    const bool filled =
+        !marked && (selected || (current && !heading && grid_.Highlight.Get() == forms::HighlightKind::Always));
+    painter.fillRect(cell, Ground(heading, filled, marked));
     painter.setPen(palette().color(group, heading ? QPalette::Dark : QPalette::Mid));
     painter.drawLine(cell.topRight(), cell.bottomRight());
     painter.drawLine(cell.bottomLeft(), cell.bottomRight());
     const std::string& text = grid_.TextMatrix(row, col);
     if (!text.empty()) {
         const QRect inside = cell.adjusted(TextMargin, 0, -TextMargin, -1);
-        painter.setPen(palette().color(group, heading  ? QPalette::ButtonText
-                                              : filled ? QPalette::HighlightedText
-                                                       : QPalette::Text));
+        painter.setPen(palette().color(group, filled    ? QPalette::HighlightedText
+                                              : heading ? QPalette::ButtonText
+                                                        : QPalette::Text));
         const QString shown = fontMetrics().elidedText(ToQt(text), Qt::ElideRight, inside.width());
         painter.drawText(inside, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
     }
-    if (current && hasFocus()) {
+    if (marked) {
+        painter.setPen(MarkedFrame);
+        painter.drawRect(cell.adjusted(0, 0, -2, -2));
+        painter.drawRect(cell.adjusted(1, 1, -3, -3));
+    } else if (current && hasFocus()) {
         painter.setPen(palette().color(QPalette::Active, filled ? QPalette::Base : QPalette::Highlight));
         painter.drawRect(cell.adjusted(0, 0, -2, -2));
     }

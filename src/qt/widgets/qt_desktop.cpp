@@ -2,6 +2,7 @@
 #include "qt/widgets/qt_desktop.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QElapsedTimer>
 #include <QScreen>
 #include <QTimer>
@@ -87,6 +88,14 @@ void QtDesktop::FormGone(forms::Form& form) {
         window->Retire();
         window->deleteLater();
     }
+}
+
+std::string QtDesktop::ClipboardText() const {
+    return QGuiApplication::clipboard()->text().toStdString();
+}
+
+void QtDesktop::SetClipboardText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(ToQt(text));
 }
 
 void QtDesktop::PaintNow(forms::Form& form) {

@@ -36,6 +36,8 @@ public:
     void ShowForm(forms::Form& form) override;
     void HideForm(forms::Form& form) override;
     void FormGone(forms::Form& form) override;
+    std::string ClipboardText() const override;
+    void SetClipboardText(const std::string& text) override;
     void PaintNow(forms::Form& form) override;
     void DiscardInput() override;
     void CallLater(int milliseconds, std::function<void()> call) override;

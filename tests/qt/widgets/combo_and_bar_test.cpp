@@ -1,6 +1,7 @@
 // Combo boxes and scroll bars as widgets.
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QLabel>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionSlider>
@@ -220,6 +221,55 @@ TEST_F(Bar, KeysCountOneStepEach) {
     EXPECT_EQ(Model().Value.Get(), 2);
     Strike(Qt::Key_Down);
     EXPECT_EQ(Model().Value.Get(), 1);
+}
+
+TEST_F(Bar, ABubbleShowsTheNumberWhileTheThumbIsDragged) {
+    Model().Value = 50;
+    const QPoint thumb = Shown().mapTo(&Window(), Part(QStyle::SC_ScrollBarSlider).center());
+    QWindow* window = Window().windowHandle();
+    EXPECT_EQ(Window().findChild<QLabel*>("VScroll1Bubble"), nullptr);
+    QTest::mousePress(window, Qt::LeftButton, {}, thumb);
+    QTest::mouseMove(window, thumb - QPoint(0, 4));
+    QTest::mouseMove(window, thumb - QPoint(0, 8));
+    auto& bubble = Find<QLabel>("VScroll1Bubble");
+    EXPECT_TRUE(bubble.isVisible());
+    const int shown = bubble.text().toInt();
+    EXPECT_GT(shown, 50);
+    EXPECT_EQ(Model().Value.Get(), 50);
+    EXPECT_LE(bubble.geometry().right(), Shown().mapTo(&Window(), QPoint()).x());  // the bar stays in sight
+    QTest::mouseRelease(window, Qt::LeftButton, {}, thumb - QPoint(0, 8));
+    EXPECT_EQ(Model().Value.Get(), shown);
+    EXPECT_FALSE(bubble.isVisible());
+}
+
+TEST_F(Bar, TypedDigitsStandInTheBubbleUntilEnterSetsThem) {
+    Model().SetFocus();
+    Form().Log.clear();
+    Type("42");
+    EXPECT_EQ(Find<QLabel>("VScroll1Bubble").text(), "42");
+    EXPECT_EQ(Model().Value.Get(), 0);
+    Strike(Qt::Key_Return);
+    EXPECT_EQ(Model().Value.Get(), 42);
+    EXPECT_FALSE(Find<QLabel>("VScroll1Bubble").isVisible());
+    EXPECT_EQ(std::count(Form().Log.begin(), Form().Log.end(), "VScroll1 Change"), 1);
+    Type("101");
+    Strike(Qt::Key_Return);
+    EXPECT_EQ(Find<QLabel>("VScroll1Bubble").text(), "101 > 100");
+    EXPECT_EQ(Model().Value.Get(), 42);
+    Form().Text1.UserFocus();
+    EXPECT_FALSE(Find<QLabel>("VScroll1Bubble").isVisible());
+}
+
+TEST_F(Bar, AHeldArrowGoesFasterBehindASecond) {
+    Model().Min = 10000;
+    const QPoint arrow = Shown().mapTo(&Window(), Part(QStyle::SC_ScrollBarSubLine).center());
+    QTest::mousePress(Window().windowHandle(), Qt::LeftButton, {}, arrow);
+    // Step by step it would take 50 s at a repetition each 50 ms.
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Model().Value >= 1000; }, 20000));
+    QTest::mouseRelease(Window().windowHandle(), Qt::LeftButton, {}, arrow);
+    EXPECT_TRUE(Model().IsHeld());
+    ClickAt(Shown(), Part(QStyle::SC_ScrollBarAddLine).center());
+    EXPECT_FALSE(Model().IsHeld());
 }
 
 TEST_F(Bar, AHandlerThatMovesItBackIsWhatTheWidgetShows) {

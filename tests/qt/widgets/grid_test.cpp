@@ -147,6 +147,50 @@ TEST_F(Grid, TheWheelScrollsThreeRowsANotch) {
     EXPECT_EQ(Shown().Vertical().value(), 4);
 }
 
+TEST_F(Grid, ADisabledOneScrollsByWheelAndBarsAndRaisesNothing) {
+    Fill(100);
+    Model().Enabled = false;
+    Form().Log.clear();
+    const QPointF inside(100, 40);
+    QWheelEvent wheel(inside, Shown().mapToGlobal(inside), {}, {0, -240}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(Window().windowHandle(),
+                                &wheel);  // on its way through Qt, which skips what is disabled
+    QCoreApplication::sendEvent(&Shown(), &wheel);
+    const int turned = Model().TopRow;
+    EXPECT_GE(turned, 7);
+    QScrollBar& bar = Shown().Vertical();
+    ClickAt(bar, {bar.width() / 2, bar.height() - 12});  // below the thumb: the next page
+    EXPECT_GT(Model().TopRow.Get(), turned);
+    bar.setValue(bar.maximum());
+    EXPECT_TRUE(Model().RowIsVisible(100));
+    Shown().Horizontal().setValue(2);
+    EXPECT_EQ(Model().LeftCol.Get(), 2);
+    EXPECT_EQ(Form().Log, Events{});
+    EXPECT_FALSE(Model().HasFocus());
+}
+
+TEST_F(Grid, AMarkedCellHasAFrameAndAGroundOfItsOwn) {
+    Model().MarkCell(2, 2);
+    const QRect cell = Shown().CellRect(2, 2);
+    const QColor ground = ColourAt(cell.center());
+    EXPECT_NE(ground, Palette(QPalette::Base));
+    const QColor frame = ColourAt(cell.topLeft());
+    EXPECT_NE(frame, ground);
+    EXPECT_EQ(ColourAt(cell.topLeft() + QPoint(1, 1)), frame);  // two pixels
+    Model().Unmark();
+    EXPECT_EQ(ColourAt(cell.center()), Palette(QPalette::Base));
+}
+
+TEST_F(Grid, ASelectedTableIsFilledWholeWhileItHasTheFocus) {
+    Model().SetFocus();
+    Model().AllSelected = true;
+    EXPECT_EQ(ColourAt(InCell(0, 2)), Palette(QPalette::Highlight));
+    EXPECT_EQ(ColourAt(InCell(3, 3)), Palette(QPalette::Highlight));
+    Form().Text1.SetFocus();
+    EXPECT_EQ(ColourAt(InCell(3, 3)), Palette(QPalette::Base));
+}
+
 TEST_F(Grid, ItsBarsStandWhereTheModelLeavesRoomAndScrollIt) {
     EXPECT_FALSE(Shown().Vertical().isVisible());
     EXPECT_TRUE(Shown().Horizontal().isVisible());  // five columns of 64 in 298
