@@ -1,6 +1,7 @@
 // What the keys do: on the grid, where a key begins an edit, and in the box, where it is filtered or moves on.
 #include "base/utf8.h"
 #include "forms/key_stroke.h"
+#include "grid/cell_text.h"
 #include "grid/cls_flex_grid_edit.h"
 
 namespace zirvo {
@@ -10,13 +11,6 @@ constexpr int DeleteCharacter = 127;
 
 /// What a key code means to an edit that it begins.
 enum class KeyKind { NoCharacter, Backspace, Refused, Delete, OfNumber };
-
-/// Printable ASCII that no number holds: all but "+", "-", ".", the digits, "D", "E", "d", "e". The blank is not among
-/// them, since it begins an edit.
-bool IsRefused(int code) {
-    return (code >= 33 && code <= 42) || code == 44 || code == 47 || (code >= 58 && code <= 67) ||
-           (code >= 70 && code <= 99) || (code >= 102 && code <= 126);
-}
 
 KeyKind KindOf(int code) {
     if (code == forms::key::Backspace) {
@@ -28,7 +22,7 @@ KeyKind KindOf(int code) {
     if (code == DeleteCharacter) {
         return KeyKind::Delete;
     }
-    return IsRefused(code) ? KeyKind::Refused : KeyKind::OfNumber;
+    return IsRefusedInCell(code) ? KeyKind::Refused : KeyKind::OfNumber;
 }
 
 /// The character of a code. A negative one is the 16-bit form of a character from U+8000 on.
@@ -102,8 +96,8 @@ void clsFlexGridEdit::fg_DblClick() {
 // Only the characters are looked at, not their order: "1-2E" can be typed, and counts as its leading number.
 void clsFlexGridEdit::Tb_KeyPress(int& keyAscii) {
     const bool isCleared = keyAscii == forms::key::Tab || keyAscii == forms::key::Enter ||
-                           keyAscii == forms::key::Escape || keyAscii == forms::key::Space || IsRefused(keyAscii) ||
-                           keyAscii == DeleteCharacter;
+                           keyAscii == forms::key::Escape || keyAscii == forms::key::Space ||
+                           IsRefusedInCell(keyAscii) || keyAscii == DeleteCharacter;
     if (isCleared) {
         keyAscii = 0;
     }
