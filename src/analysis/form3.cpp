@@ -60,8 +60,11 @@ PavementTexts Form3::TextsFromControls() const {
 }
 
 void Form3::Command5_Click() {  // DATA OK!
-    const DataRule failed = ValidateData(TextsFromControls());
+    UnmarkCells();
+    const PavementTexts texts = TextsFromControls();
+    const DataRule failed = ValidateData(texts);
     if (failed != DataRule::None) {
+        MarkCell(FirstBadCell(texts, failed));
         TellRefused(MessageOf(failed));
         return;
     }

@@ -51,8 +51,11 @@ void Form5::ImportFile() {
 }
 
 void Form5::Command5_Click() {  // DATA OK!
-    const DataRule failed = ValidateLoadedPavement(LoadedPavementTextsFromControls());
+    UnmarkCells();
+    const LoadedPavementTexts texts = LoadedPavementTextsFromControls();
+    const DataRule failed = ValidateLoadedPavement(texts);
     if (failed != DataRule::None) {
+        MarkCell(FirstBadCell(texts, failed));
         if (failed == DataRule::Counts || failed == DataRule::FileNames) {
             Command6.Enabled = false;
         }

@@ -71,6 +71,14 @@ void DataScreen::Bind(DataControls controls) {
     for (const DataTable& table : its_->Tables) {
         BindTable(table);
     }
+    std::vector<CountedTable> tables;
+    std::vector<Int16> rowNames;
+    for (const DataTable& table : its_->Tables) {
+        tables.push_back({table.Count, table.Bar, table.Grid});
+        rowNames.push_back(table.RowName);
+    }
+    editing_.emplace(*this, std::move(tables), std::move(rowNames), editor_);
+    Shortcut = [this](const forms::KeyStroke& stroke) { return editing_->Key(stroke); };
 }
 
 void DataScreen::BindTable(const DataTable& table) {
@@ -104,6 +112,8 @@ void DataScreen::Form_Load() {
     ClearFileNames();
     ClearHeadings();
     EnableGrids(false);  // the counts have enabled them
+    editing_->Speak(languageBase_);
+    editing_->Forget();
 }
 
 // What the controls say ---------------------------------------------------------------------------------------------
@@ -241,6 +251,18 @@ Answer DataScreen::Tell(Int16 k, Icon picture, Buttons choice) const {
 void DataScreen::TellRefused(Int16 k) const {
     Tell(k, Icon::Exclamation);
     Tell(57, Icon::Stop);
+}
+
+void DataScreen::UnmarkCells() {
+    for (const DataTable& table : its_->Tables) {
+        table.Grid.Unmark();
+    }
+}
+
+void DataScreen::MarkCell(const std::optional<BadCell>& cell) {
+    if (cell) {
+        its_->Tables.at(static_cast<std::size_t>(cell->Table)).Grid.MarkCell(cell->Row, cell->Col);
+    }
 }
 
 // Steps -------------------------------------------------------------------------------------------------------------

@@ -13,7 +13,9 @@
 #include "forms/ms_flex_grid.h"
 #include "forms/simple_controls.h"
 #include "grid/cls_flex_grid_edit.h"
+#include "pavement/first_bad_cell.h"
 #include "pavement/pavement_rules.h"
+#include "shell/table_editing.h"
 
 namespace zirvo {
 
@@ -103,6 +105,8 @@ public:
 
     /// The editor of the grid that got the focus last; none before the first focus.
     const std::shared_ptr<clsFlexGridEdit>& Editor() const { return editor_; }
+    /// What can be undone here.
+    const EditHistory& History() const { return editing_->History(); }
 
 protected:
     /// @param programFolder  holds the solver and the help
@@ -133,6 +137,10 @@ protected:
     forms::Answer Tell(Int16 k, forms::Icon picture, forms::Buttons choice = forms::Buttons::Ok) const;
     /// The pair of messages of data that are refused.
     void TellRefused(Int16 k) const;
+    /// No cell is marked any more.
+    void UnmarkCells();
+    /// Marks the cell that a rule has refused and brings it into sight, so that it stands there when the message goes.
+    void MarkCell(const std::optional<BadCell>& cell);
 
     /// The file to import, without its folder; none where the user cancels, or after the message where it lies outside
     /// the folder of the user's files.
@@ -156,6 +164,7 @@ private:
     std::string programFolder_;
     Int16 languageBase_ = 0;
     std::shared_ptr<clsFlexGridEdit> editor_;
+    std::optional<TableEditing> editing_;
 };
 
 }  // namespace zirvo
