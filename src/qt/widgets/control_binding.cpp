@@ -45,6 +45,7 @@ void ControlBinding::Retire() {
         return;
     }
     retired_ = true;
+    Retiring();
     model_.Attach(nullptr);
     widget_->hide();
     widget_->deleteLater();

@@ -55,6 +55,8 @@ protected:
     /// The view that the control is given; the binding itself unless the kind wants to know more.
     virtual forms::ControlView& View() { return *this; }
     virtual QRect Place() const;
+    /// The control is going; the widget lives on for a while and must not look at it any more.
+    virtual void Retiring() {}
 
     /// True while the widget is brought up to date: its signals then are no acts of the user.
     bool IsShowing() const { return showing_; }

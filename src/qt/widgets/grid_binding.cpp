@@ -2,11 +2,13 @@
 #include "qt/widgets/grid_binding.h"
 #include "forms/form.h"
 #include "forms/text_box.h"
+#include "qt/widgets/accessible_grid.h"
 
 namespace zirvo::widgets {
 
 GridBinding::GridBinding(forms::MSFlexGrid& grid, QWidget& parent)
     : ControlBinding(grid, *new GridWidget(grid, parent)), grid_(grid), shown_(static_cast<GridWidget&>(Widget())) {
+    ServeAccessibleGrids();
     shown_.setAttribute(Qt::WA_InputMethodEnabled);
     shown_.CellPressed = [this](int row, int col) {
         Act([&] {
@@ -52,6 +54,30 @@ void GridBinding::ShowState() {
     shown_.setAccessibleDescription(CurrentCellInWords());
 }
 
+/// Tells of the current cell, where someone listens.
+void GridBinding::TellAssistance(QAccessible::Event event) {
+    QAccessibleInterface* table = shown_.IsRead() ? QAccessible::queryAccessibleInterface(&shown_) : nullptr;
+    if (table == nullptr || grid_.Row < grid_.FixedRows || grid_.Col < grid_.FixedCols) {
+        return;
+    }
+    if (event == QAccessible::ValueChanged) {
+        QAccessibleInterface* cell = table->tableInterface()->cellAt(grid_.Row, grid_.Col);
+        QAccessibleValueChangeEvent changed(cell, cell->text(QAccessible::Value));
+        QAccessible::updateAccessibility(&changed);
+    } else if (shown_.hasFocus()) {
+        QAccessibleEvent moved(&shown_, event);
+        moved.setChild(grid_.Row * grid_.Cols + grid_.Col);
+        QAccessible::updateAccessibility(&moved);
+    }
+}
+
+void GridBinding::TellRowsToAssistance() {
+    if (shown_.IsRead()) {
+        QAccessibleTableModelChangeEvent changed(&shown_, QAccessibleTableModelChangeEvent::ModelReset);
+        QAccessible::updateAccessibility(&changed);
+    }
+}
+
 /// What a screen reader says of the grid: the headings of the current cell, and its text.
 QString GridBinding::CurrentCellInWords() const {
     const int row = grid_.Row;
@@ -67,11 +93,13 @@ void GridBinding::Follower::CellChanged(int row, int col) {
     binding_.shown_.ShowCell(row, col);
     if (row == binding_.grid_.Row.Get() && col == binding_.grid_.Col.Get()) {
         binding_.shown_.setAccessibleDescription(binding_.CurrentCellInWords());
+        binding_.TellAssistance(QAccessible::ValueChanged);
     }
 }
 
 void GridBinding::Follower::RowsChanged() {
     binding_.Refresh();
+    binding_.TellRowsToAssistance();
 }
 
 void GridBinding::Follower::Scrolled() {
@@ -80,6 +108,7 @@ void GridBinding::Follower::Scrolled() {
 
 void GridBinding::Follower::CurrentCellMoved() {
     binding_.Refresh();
+    binding_.TellAssistance(QAccessible::Focus);
 }
 
 }  // namespace zirvo::widgets

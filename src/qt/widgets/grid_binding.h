@@ -1,6 +1,7 @@
 // The grid: drawn by the model's own numbers, and only as far as it is in sight, so that 10000 rows cost no more than
 // ten.
 #pragma once
+#include <QAccessible>
 #include <QPainter>
 #include <QScrollBar>
 #include <QWidget>
@@ -23,6 +24,15 @@ public:
     /// Pixels of a cell from the corner of the grid, where it is or would be.
     QRect CellRect(int row, int col) const;
 
+    /// The cell at a point of the widget; row or column -1 outside of all cells.
+    forms::MSFlexGrid::Cell CellUnder(const QPointF& position) const;
+    /// What it shows; nullptr once the control is going.
+    const forms::MSFlexGrid* Model() const { return gone_ ? nullptr : &grid_; }
+    void LetGo() { gone_ = true; }
+    /// Whether an assistive tool has asked for it, and wants to hear what changes.
+    bool IsRead() const { return read_ || QAccessible::isActive(); }
+    void BeginToRead() { read_ = true; }
+
     QScrollBar& Vertical() { return vertical_; }
     QScrollBar& Horizontal() { return horizontal_; }
     std::function<void(int row, int col)> CellPressed;
@@ -39,7 +49,6 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    forms::MSFlexGrid::Cell CellUnder(const QPointF& position) const;
     int RightEdge(int col) const;
     int BottomEdge(int row) const;
     QRect Area() const;
@@ -51,6 +60,8 @@ private:
     QPalette::ColorGroup Colours() const;
 
     forms::MSFlexGrid& grid_;
+    bool gone_ = false;
+    bool read_ = false;
     QScrollBar vertical_;
     QScrollBar horizontal_;
     int wheelTurned_ = 0;  ///< eighths of a degree that make no whole notch yet
@@ -71,6 +82,9 @@ protected:
 
 private:
     QString CurrentCellInWords() const;
+    void TellAssistance(QAccessible::Event event);
+    void TellRowsToAssistance();
+    void Retiring() override { shown_.LetGo(); }
 
     class Follower final : public forms::GridView {
     public:
