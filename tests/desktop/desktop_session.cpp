@@ -54,6 +54,7 @@ DesktopSession::DesktopSession(QSize screen)
 
 DesktopSession::~DesktopSession() {
     program_.reset();
+    clipboard_.reset();
     display_.reset();
     manager_.reset();
     server_.reset();
@@ -187,6 +188,47 @@ void DesktopSession::ClickAt(const std::string& form, const std::string& control
     const QPoint point = OnScreen(form, control).topLeft() + at;
     Tool({"xdotool", "mousemove", std::to_string(point.x()), std::to_string(point.y()), "click", "--repeat",
           std::to_string(clicks), "--delay", "60", "1"});
+}
+
+std::string DesktopSession::Clipboard() {
+    const std::filesystem::path file = folder_ / "copied";
+    Tool({"sh", "-c", "xclip -selection clipboard -out > '" + file.string() + "'"});
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void DesktopSession::PutOnClipboard(const std::string& text) {
+    const std::filesystem::path file = folder_ / "to-paste";
+    std::ofstream(file, std::ios::binary) << text;
+    clipboard_ = std::make_unique<ChildProcess>(
+        std::vector<std::string>{"xclip", "-quiet", "-selection", "clipboard", "-in", file.string()}, environment_);
+    WaitFor("the clipboard", [&] {
+        ChildProcess look(
+            {"sh", "-c", "test \"$(xclip -selection clipboard -out)\" = \"$(cat '" + file.string() + "')\""},
+            environment_);
+        WaitFor("a look at the clipboard", [&] { return look.ExitStatus().has_value(); });
+        return *look.ExitStatus() == 0;
+    });
+}
+
+void DesktopSession::MoveTo(const std::string& form, const std::string& control, QPoint at) {
+    const QPoint point = OnScreen(form, control).topLeft() + at;
+    Tool({"xdotool", "mousemove", std::to_string(point.x()), std::to_string(point.y())});
+}
+
+void DesktopSession::PressAt(const std::string& form, const std::string& control, QPoint at) {
+    MoveTo(form, control, at);
+    Tool({"xdotool", "mousedown", "1"});
+}
+
+void DesktopSession::Release() {
+    Tool({"xdotool", "mouseup", "1"});
+}
+
+void DesktopSession::TurnWheel(const std::string& form, const std::string& control, int notches) {
+    const QRect place = OnScreen(form, control);
+    MoveTo(form, control, QPoint(place.width() / 2, place.height() / 2));
+    Tool({"xdotool", "click", "--repeat", std::to_string(notches), "--delay", "20", "5"});
 }
 
 void DesktopSession::AnswerBox(int button) {

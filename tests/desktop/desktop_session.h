@@ -41,6 +41,15 @@ public:
     bool IsShown(const std::string& role) const;
     std::string TitleOf(const std::string& role) const;
 
+    /// What another program would find on the clipboard, and what it puts there.
+    std::string Clipboard();
+    void PutOnClipboard(const std::string& text);
+    /// The mouse button goes down in the middle of a control, or at a point of it; moves; and goes up.
+    void PressAt(const std::string& form, const std::string& control, QPoint at);
+    void MoveTo(const std::string& form, const std::string& control, QPoint at);
+    void Release();
+    /// Notches of the wheel over a control, downwards.
+    void TurnWheel(const std::string& form, const std::string& control, int notches);
     /// Keys as xdotool names them: "Return", "Tab", "shift+Tab", "Down".
     void Key(const std::string& keys);
     void Type(const std::string& text);
@@ -77,6 +86,7 @@ private:
     std::unique_ptr<ChildProcess> manager_;
     std::unique_ptr<ChildProcess> program_;
     std::unique_ptr<XDisplay> display_;
+    std::unique_ptr<ChildProcess> clipboard_;  ///< the program that holds what has been put there
     std::unique_ptr<ControlPlaces> places_;
 };
 
