@@ -5,6 +5,7 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
@@ -111,7 +112,9 @@ void DesktopSession::WaitFor(const std::string& what, const std::function<bool()
             std::string picture;
             if (display_ != nullptr) {
                 const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-                picture = std::string(ZIRVO_FAILURES) + "/" + (test == nullptr ? "test" : test->name()) + ".png";
+                std::string name = test == nullptr ? "test" : test->name();
+                std::replace(name.begin(), name.end(), '/', '-');  // of the parameter
+                picture = std::string(ZIRVO_FAILURES) + "/" + name + ".png";
                 std::filesystem::create_directories(ZIRVO_FAILURES);
                 Screenshot(picture);
             }

@@ -40,11 +40,18 @@ protected:
         session_.Type(digits);
         session_.Key("Return");
     }
-    /// Puts a block into the table from its first cell on: behind a heading of at most 80 pixels, in the second row.
+    /// Puts a block into the table from its first cell on: the row is the second one, the column is found by the key.
     void PasteInto(const char* form, const char* grid, const std::string& block) {
         session_.PutOnClipboard(block);
         session_.ClickAt(form, grid, {100, 26});
+        session_.Key("Home");
         session_.Key("ctrl+v");
+    }
+    /// The same of a block that changes the count, waited for.
+    void PasteInto(const char* form, const char* grid, const char* count, const std::string& block) {
+        const QImage before = session_.Picture(form, count);
+        PasteInto(form, grid, block);
+        session_.WaitUntilItChanges(form, count, before);
     }
     static std::string Points(int count, int bad) {
         std::string rows;
@@ -62,14 +69,14 @@ protected:
 };
 
 constexpr const char* Layers = "5000\t0.35\t15\t0\r\n500\t0.4\r\n";
-constexpr const char* Loads = "49\t15\t0\t0\t0\t0\n";
+constexpr const char* Loads = "49\t15\t0\t0\t0\t0\n49\t15\t100\t0\t0\t0\n";
 
 TEST_P(Tables, BlocksOfASpreadsheetArePastedUndoneAndSaved) {
     GoTo("Form3", "1");
     NewData("Form3", {"VScroll1", "VScroll2", "VScroll3"});
-    PasteInto("Form3", "MSFlexGrid1", Layers);
-    PasteInto("Form3", "MSFlexGrid2", Loads);
-    PasteInto("Form3", "MSFlexGrid3", Points(60, 0));
+    PasteInto("Form3", "MSFlexGrid1", "Label7", Layers);
+    PasteInto("Form3", "MSFlexGrid2", "Label8", Loads);
+    PasteInto("Form3", "MSFlexGrid3", "Label9", Points(60, 0));
     const QImage pasted = session_.Picture("Form3", "Label9");
     session_.Key("ctrl+z");  // the points
     session_.WaitUntilItChanges("Form3", "Label9", pasted);
@@ -90,7 +97,7 @@ TEST_P(Tables, BlocksOfASpreadsheetArePastedUndoneAndSaved) {
 TEST_P(Tables, ATableIsCopiedWithItsHeadings) {
     GoTo("Form5", "2");
     NewData("Form5", {"VScroll1", "VScroll2"});
-    PasteInto("Form5", "MSFlexGrid1", Layers);
+    PasteInto("Form5", "MSFlexGrid1", "Label4", Layers);
     session_.Key("ctrl+a");
     session_.Key("ctrl+c");
     const bool japanese = GetParam() == forms::Language::Japanese;
@@ -115,9 +122,9 @@ TEST_P(Tables, ABlockThatCannotBeTypedIsRefusedInABox) {
 TEST_P(Tables, TheCellThatARuleRefusesComesIntoSightAndIsMarked) {
     GoTo("Form3", "1");
     NewData("Form3", {"VScroll1", "VScroll2", "VScroll3"});
-    PasteInto("Form3", "MSFlexGrid1", Layers);
-    PasteInto("Form3", "MSFlexGrid2", Loads);
-    PasteInto("Form3", "MSFlexGrid3", Points(60, 55));
+    PasteInto("Form3", "MSFlexGrid1", "Label7", Layers);
+    PasteInto("Form3", "MSFlexGrid2", "Label8", Loads);
+    PasteInto("Form3", "MSFlexGrid3", "Label9", Points(60, 55));
     session_.Click("Form3", "Command5");
     session_.AnswerBox();
     session_.AnswerBox();

@@ -1,6 +1,7 @@
 // Scroll bars, see scroll_bar_binding.h.
 #include "qt/widgets/scroll_bar_binding.h"
 
+#include <QFontInfo>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionSlider>
@@ -87,7 +88,7 @@ void ScrollBarBinding::ShowBubble() {
         colours.setColor(QPalette::WindowText, colours.color(QPalette::ToolTipText));
         bubble_->setPalette(colours);
         QFont large = shown_.font();
-        large.setPointSizeF(large.pointSizeF() * 1.4);
+        large.setPixelSize(QFontInfo(large).pixelSize() * 7 / 5);
         bubble_->setFont(large);
     }
     bubble_->setText(words);
