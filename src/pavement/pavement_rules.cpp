@@ -1,7 +1,12 @@
 // The rules on pavement data, see pavement_rules.h.
 #include "pavement/pavement_rules.h"
 
+#include <sstream>
+
+#include "platform/code_page.h"
+#include "platform/files.h"
 #include "text/number_text.h"
+#include "text/text_fields.h"
 
 namespace zirvo {
 
@@ -77,12 +82,11 @@ bool AnyEmpty(std::span<const std::string_view> texts) {
 }
 
 /// The rules that both paths share, in their order: on all counts, on all names, on layers, on loads.
-DataRule FirstRefusing(const LoadedPavementTexts& texts, std::span<const std::string_view> counts,
-                       std::span<const std::string_view> names) {
+DataRule FirstRefusing(const LoadedPavementTexts& texts, std::span<const std::string_view> counts, bool namesPass) {
     if (!ValidateCounts(counts)) {
         return DataRule::Counts;
     }
-    if (!ValidateFileNames(names)) {
+    if (!namesPass) {
         return DataRule::FileNames;
     }
     if (!ValidateLayers(texts.Layers, CountOf(texts.LayerCount))) {
@@ -201,6 +205,17 @@ bool ValidateFileNames(std::span<const std::string_view> names) {
     return !AnyEmpty(names);
 }
 
+bool SurvivesInFile(std::string_view name) {
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; };
+    if (name.empty() || name.front() == ' ' || std::any_of(name.begin(), name.end(), isControl) ||
+        FileNameOf(std::string(name)) != name) {
+        return false;
+    }
+    std::istringstream line(EncodeName(name));
+    TextStream stream(line);
+    return DecodeName(ReadTextFieldBytes(stream)) == name;
+}
+
 bool ValidateLayers(std::span<const LayerTexts> rows, int count) {
     for (int i = 1; i <= count; ++i) {
         if (!Passes(JudgeLayerTexts(RowAt(rows, i), i == count))) {
@@ -221,8 +236,14 @@ bool ValidateLoads(std::span<const LoadTexts> rows, int count) {
 
 bool ValidatePoints(std::span<const PointTexts> rows, int count) {
     for (int i = 1; i <= count; ++i) {
-        if (!Passes(JudgePointTexts(RowAt(rows, i)))) {
-            return false;
+        const PointTexts& row = RowAt(rows, i);
+        try {
+            if (!Passes(JudgePointTexts(row))) {
+                return false;
+            }
+        } catch (RuntimeFault& caught) {
+            caught.SayAbout(FaultMatter::LayerCell, std::to_string(i));
+            throw;
         }
     }
     return true;
@@ -264,13 +285,17 @@ LoadedPavement LoadedPavementFromTexts(const LoadedPavementTexts& texts) {
 DataRule ValidateLoadedPavement(const LoadedPavementTexts& texts) {
     const std::array<std::string_view, 2> captions{texts.LayerCount, texts.LoadCount};
     const std::array<std::string_view, 1> names{texts.InputFileName};
-    return FirstRefusing(texts, captions, names);
+    return FirstRefusing(texts, captions, ValidateFileNames(names));
 }
 
 DataRule ValidateData(const PavementTexts& texts) {
     const std::array<std::string_view, 3> captions{texts.LayerCount, texts.LoadCount, texts.PointCount};
     const std::array<std::string_view, 3> names{texts.InputFileName, texts.ResultFileName, texts.PrincipalFileName};
-    if (const DataRule failed = FirstRefusing(texts, captions, names); failed != DataRule::None) {
+    // What goes into the file is the name with its extension.
+    const bool namesPass = ValidateFileNames(names) && SurvivesInFile(NormaliseFileName(names[0], ".eva")) &&
+                           SurvivesInFile(NormaliseFileName(names[1], ".bre")) &&
+                           SurvivesInFile(NormaliseFileName(names[2], ".san"));
+    if (const DataRule failed = FirstRefusing(texts, captions, namesPass); failed != DataRule::None) {
         return failed;
     }
     if (!ValidatePoints(texts.Points, CountOf(texts.PointCount))) {

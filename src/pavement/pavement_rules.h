@@ -107,6 +107,11 @@ bool ValidateCounts(std::span<const std::string_view> captions);
 /// True if no name is empty.
 bool ValidateFileNames(std::span<const std::string_view> names);
 
+/// True if a name can stand in a file and be read from it as the same: the solver and the import would take another
+/// file, or one in another folder, for a comma, a blank or a quote in front, a folder, a line end or another control
+/// character, or half-width katakana whose bytes read as UTF-8.
+bool SurvivesInFile(std::string_view name);
+
 /// True if the rows 1 to count pass; stops at the first that does not. Fewer rows than the count says are fault 9.
 bool ValidateLayers(std::span<const LayerTexts> rows, int count);
 bool ValidateLoads(std::span<const LoadTexts> rows, int count);
@@ -124,10 +129,12 @@ LoadedPavement LoadedPavementFromTexts(const LoadedPavementTexts& texts);
 /// The rule that refused the data, in the order in which they are applied.
 enum class DataRule { None, Counts, FileNames, Layers, Loads, Points, PointDepths };
 
-/// Applies all rules and gives the first that fails, None if the data passes. Fault 13 as JudgePointTexts.
+/// Applies all rules and gives the first that fails, None if the data passes. The rule of the file names takes in that
+/// each of them survives in a file. Fault 13 as JudgePointTexts.
 DataRule ValidateData(const PavementTexts& texts);
 
-/// The same rules in the same order on the data of the graphics path, which has no points.
+/// The same rules in the same order on the data of the graphics path, which has no points, and whose one name stands in
+/// no file.
 DataRule ValidateLoadedPavement(const LoadedPavementTexts& texts);
 
 /// The message of a rule that failed: k = 58 to 61 or 63; 0 for None.

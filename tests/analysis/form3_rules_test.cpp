@@ -51,6 +51,30 @@ TEST_F(Form3Rules, AnEmptyNameIsRefused) {
     ExpectRefused("IN/OUTPUT FILE ERROR!");
 }
 
+// Each of the three would not come back from the file as it went in: the solver would take another file, behind
+// ANALYZE.
+TEST_F(Form3Rules, ANameThatDoesNotSurviveInAFileIsRefusedByTheRuleOfTheNames) {
+    for (forms::TextBox* box : {&Form.Text7, &Form.Text8, &Form.Text1}) {
+        const std::string before = box->Text;
+        // The bytes of the first in code page 932 are C2 B5, which is UTF-8 for U+00B5.
+        for (const char* const name : {"ﾂｵ", "a,b", "folder/a", "/a", " a", "\ta", "\"a\"", "a\nb"}) {
+            box->Text = name;
+            Form.Text7.UserFocus();
+            Form.Command5.Press();
+            EXPECT_EQ(Boxes(), (Texts{"IN/OUTPUT FILE ERROR!", "ANALYSIS STOPPED - CHECK INPUT DATA"})) << name;
+            EXPECT_EQ(box->Text, name);
+            EXPECT_FALSE(Form.Command6.Enabled);
+            Screens.Desktop.Forget();
+        }
+        box->Text = before;
+    }
+    Form.Text8.Text = "ｱｽﾌｧﾙﾄ a\"b Straße 10％";
+    Form.Text1.Text = "run ";  // the extension comes behind the blank
+    Form.Command5.UserClick();
+    EXPECT_TRUE(Boxes().empty());
+    EXPECT_TRUE(Form.Command6.Enabled);
+}
+
 TEST_F(Form3Rules, ALayerOutsideItsLimitsIsRefused) {
     Form.MSFlexGrid1.SetTextMatrix(1, 2, "0.51");
     ExpectRefused("LAYER PROPERTIES ERROR!");
@@ -88,6 +112,9 @@ TEST_F(Form3Rules, WhatStandsInTheLastLayersThicknessDoesNotMatter) {
 TEST_F(Form3Rules, AnEmptyLayerNumberEndsTheProgram) {
     Form.MSFlexGrid3.SetTextMatrix(1, 1, "");
     ExpectFault("Run-time error '13':\n\nType mismatch");
+    EXPECT_EQ(Screens.Desktop.BoxTexts().back(),
+              "Run-time error '13':\n\nType mismatch\n\n"
+              "The LAYER cell of point of interest 1 does not hold a number.\n\nThe program ends now.");
 }
 
 TEST_F(Form3Rules, ALayerNumberThatIsNoNumberAsAWholeEndsTheProgram) {

@@ -97,6 +97,21 @@ TEST(ValidatePoints, AFailingRowAboveEndsBeforeTheFault) {
     EXPECT_FALSE(ValidatePoints(failAbove, 2));
     const std::vector<PointTexts> faultAbove{{}, {"1a", "0", "0", "0"}, {"1", "0", "0", "-1"}};
     EXPECT_EQ(FaultOf([&] { ValidatePoints(faultAbove, 2); }), 13);
+    EXPECT_EQ(SubjectOf([&] { ValidatePoints(faultAbove, 2); }), (FaultSubject{FaultMatter::LayerCell, "1", ""}));
+    const std::vector<PointTexts> faultBelow{{}, {"1", "0", "0", "1"}, {"", "0", "0", "0"}};
+    EXPECT_EQ(SubjectOf([&] { ValidatePoints(faultBelow, 2); }), (FaultSubject{FaultMatter::LayerCell, "2", ""}));
+}
+
+TEST(SurvivesInFile, IsTrueForWhatComesBackAsItWasWritten) {
+    for (const char* const name :
+         {"a", "run.eva", "a b", "a .eva", "道路.eva", "ｱｲｳ.bre", "Straße.san", "a\"b", "10％", "　a"}) {
+        EXPECT_TRUE(SurvivesInFile(name)) << name;
+    }
+    for (const std::string name : {"", " ", " a", "a ", "\ta", "a,b", ",", "\"a\"", "\"a", "a/b", "/a", "a/", "a\nb", "a\rb",
+                                   "ﾂｵ", "aﾂｵ.bre", "a\x7F", "a\xFF"}) {
+        EXPECT_FALSE(SurvivesInFile(name)) << name;
+    }
+    EXPECT_FALSE(SurvivesInFile(std::string("a\0b", 3)));
 }
 
 TEST(ValidateRows, FewerRowsThanTheCountAreFaultNine) {

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "platform/files.h"
 #include "platform/in_child.h"
 #include "shell/screens.h"
 
@@ -68,6 +69,66 @@ TEST_F(SettingsFaults, ProgramFolderThatIsGoneAtNextIsAPathNotFound) {
     EXPECT_EQ(FaultText(), "Run-time error '76':\n\nPath not found");
     EXPECT_TRUE(form.IsVisible()) << "nothing of NEXT happens behind the fault";
     EXPECT_EQ(App.Find("Form3"), nullptr);
+}
+
+// What the boxes say behind their two lines
+// ----------------------------------------------------------------------------
+
+TEST_F(SettingsFaults, TheBoxNamesTheFileAndSaysThatItMayBeDeletedInTheLanguageOfTheScreen) {
+    Program.Put("zirvo_sv.ini", Work.Path() + ", old\r\n 3 \r\n 1 \r\n");
+    for (const forms::Language language : {forms::Language::Japanese, forms::Language::English}) {
+        forms::ScriptedDesktop desktop;
+        ProgramRun run(desktop, Program);
+        run.StartIn(language).Command2.UserClick();
+        ASSERT_EQ(desktop.Boxes.size(), 1U);
+        EXPECT_EQ(desktop.Boxes[0].Words, language);
+        const std::string file = Program.Path("zirvo_sv.ini");
+        EXPECT_EQ(desktop.Boxes[0].Text,
+                  language == forms::Language::Japanese
+                      ? "Run-time error '13':\n\nType mismatch\n\nファイル: " + file +
+                            "\n内容を読み取れません。このファイルを削除すると、フォルダ、単位、目的を選び直せます。\n\n"
+                            "プログラムを終了します。"
+                      : "Run-time error '13':\n\nType mismatch\n\nFile: " + file +
+                            "\nIts contents cannot be read. Please delete this file: folder, units and objective can "
+                            "then be chosen anew.\n\nThe program ends now.");
+    }
+}
+
+TEST_F(SettingsFaults, BeforeALanguageIsChosenTheBoxSpeaksBoth) {
+    Start();
+    App.Dispatch([this] { ChangeFolder(Program.Path("gone")); });
+    ASSERT_EQ(Desktop.Boxes.size(), 1U);
+    EXPECT_EQ(Desktop.Boxes[0].Text,
+              "Run-time error '76':\n\nPath not found\n\nフォルダ: " + Program.Path("gone") +
+                  "\nこのフォルダはありません。\n\nプログラムを終了します。\n\nFolder: " + Program.Path("gone") +
+                  "\nThis folder does not exist.\n\nThe program ends now.");
+}
+
+TEST_F(SettingsFaults, AManualThatIsMissingIsNamed) {
+    StartSettings().Command2.UserClick();
+    ASSERT_EQ(Desktop.Boxes.size(), 1U);
+    EXPECT_NE(Desktop.Boxes[0].Text.find("\n\nFile: " + Program.Path("ZIRVO2.html") + "\nThis file does not exist.\n"),
+              std::string::npos)
+        << Desktop.Boxes[0].Text;
+}
+
+TEST_F(SettingsFaults, AFolderWithACommaIsThereAgainInTheNextRun) {
+    const std::string folder = Work.Path("roads, \"old\"");
+    std::filesystem::create_directory(folder);
+    Form2& form = StartSettings();
+    Desktop.Paths = {folder};
+    form.Command1.UserClick();
+    form.Option2.UserClick();
+    form.Option5.UserClick();
+    form.Command4.UserClick();
+    EXPECT_EQ(SettingsBytes(), "\"" + folder + "\"\r\n 2 \r\n 2 \r\n");
+    forms::ScriptedDesktop desktop;
+    ProgramRun next(desktop, Program);
+    Form2& again = next.StartSettings();
+    EXPECT_EQ(again.Label2.Caption.Get(), folder);
+    EXPECT_TRUE(again.Option2.Value);
+    EXPECT_TRUE(again.Option5.Value);
+    EXPECT_TRUE(desktop.Boxes.empty());
 }
 
 TEST_F(SettingsFaults, ProgramFolderThatMayNotBeWrittenEndsTheProgramAtNext) {
