@@ -66,7 +66,7 @@ SectionPlot NewPlot() {
     return plot;
 }
 
-void Solve(const SectionPlot& plot) {
+void Solve(SectionPlot& plot) {
     SolveSection(plot, ZIRVO_BIN, *MakeProcessService(), {});
 }
 
@@ -81,7 +81,7 @@ SectionPlot SolvedPlot() {
 const SectionPlot& LoadedPlot() {
     static const SectionPlot plot = [] {
         SectionPlot made = SolvedPlot();
-        ConvertSection(made, false);
+        ConvertSection(made);
         LoadSection(made);
         return made;
     }();
@@ -109,7 +109,7 @@ void Stage1_Grid(benchmark::State& state) {
 BENCHMARK(Stage1_Grid)->Unit(benchmark::kMillisecond);
 
 void Stage2_Solver(benchmark::State& state) {
-    const SectionPlot plot = SolvedPlot();
+    SectionPlot plot = SolvedPlot();
     for (auto _ : state) {
         Solve(plot);
     }
@@ -123,7 +123,7 @@ void Stage3_Conversion(benchmark::State& state) {
         state.PauseTiming();
         WriteWholeFile(SectionReportName, fresh, Flush::ToSystem);
         state.ResumeTiming();
-        ConvertSection(plot, false);
+        ConvertSection(plot);
     }
 }
 BENCHMARK(Stage3_Conversion)->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -131,7 +131,7 @@ BENCHMARK(Stage3_Conversion)->Unit(benchmark::kMillisecond)->UseRealTime();
 /// With the refinement, whose share the next one tells.
 void Stage4_Reading(benchmark::State& state) {
     SectionPlot plot = SolvedPlot();
-    ConvertSection(plot, false);
+    ConvertSection(plot);
     for (auto _ : state) {
         LoadSection(plot);
     }
@@ -213,7 +213,7 @@ void WholeRoad(benchmark::State& state) {
     items.ContourLines = true;
     for (auto _ : state) {
         SectionPlot plot = SolvedPlot();
-        ConvertSection(plot, false);
+        ConvertSection(plot);
         LoadSection(plot);
         ImageSurface surface(Wide, High);
         Draw(surface, plot, items);

@@ -4,6 +4,7 @@
 #include "analysis/form3.h"
 #include "analysis/report_view.h"
 #include "platform/code_page.h"
+#include "platform/fault_subject.h"
 #include "platform/files.h"
 #include "shell/form1.h"
 #include "shell/form2.h"
@@ -103,7 +104,9 @@ void Form4::Option1_Click() {  // VIEW ALL
 void Form4::Option2_Click() {  // VIEW IN SUB-DIVISIONS
     const Int16 pointCount = CountOf(App().Get<Form3>().Label9.Caption.Get());
     const std::string report = DecodeText(ReadFileBytes(ReportPath()));
-    txtContents.Text = SplitResultView(SplitLines(report), pointCount, languageBase_ == JapaneseBase);
+    txtContents.Text = Naming(FaultMatter::File, ReportPath(), [&] {
+        return SplitResultView(SplitLines(report), pointCount, languageBase_ == JapaneseBase);
+    });
 }
 
 void Form4::Option3_Click() {  // RESULTS

@@ -4,7 +4,10 @@
 #include <algorithm>
 
 #include "base/callback.h"
+#include "base/runtime_fault.h"
+#include "pavement/report_reason.h"
 #include "pavement/solver_process.h"
+#include "platform/fault_subject.h"
 #include "platform/files.h"
 #include "text/file_helpers.h"
 
@@ -12,15 +15,40 @@ namespace zirvo {
 
 namespace {
 
-/// Stamps a report and makes its comma copy; false if it is gone after the stamp. A report that is missing from the
-/// start faults in the rename at the head of the stamp, which is as far as most failed runs get.
+/// The stamp of a report. One that is missing from the start faults in the rename at its head, which is as far as most
+/// failed runs get.
+void StampReport(const std::string& report) {
+    try {
+        MakeStampedCopy(report, StampTemporaryName);
+    } catch (RuntimeFault& caught) {
+        if (caught.Number() == fault::FileNotFound) {
+            caught.SayInstead(FaultMatter::Report, FullPath(report));
+        }
+        throw;
+    }
+}
+
+/// Stamps a report and makes its comma copy; false if it is gone after the stamp.
 bool FinishReport(const std::string& report) {
-    MakeStampedCopy(report, StampTemporaryName);
+    StampReport(report);
     if (!FileExists(report)) {
         return false;
     }
     WriteCommaCopy(report, CommaCopyName(report));
     return true;
+}
+
+/// Both reports. Where one is missing the solver has failed, and may have left its reason in the other.
+bool FinishReports(const SolverRunRequest& request) {
+    try {
+        return FinishReport(request.PrincipalFileName) && FinishReport(request.ResultFileName);
+    } catch (RuntimeFault& caught) {
+        if (caught.About().Matter == FaultMatter::Report) {
+            const std::string reason = ReasonInReport(request.ResultFileName);
+            caught.GiveReason(reason.empty() ? ReasonInReport(request.PrincipalFileName) : reason);
+        }
+        throw;
+    }
 }
 
 }  // namespace
@@ -38,10 +66,7 @@ SolverRunResult RunSolver(const SolverRunRequest& request, ProcessService& proce
               {callbacks.HandleObtained, callbacks.WaitOver});
     CallIfSet(callbacks.HideComputing);
     RemoveFile(ControlFileName);
-    if (!FinishReport(request.PrincipalFileName) || !FinishReport(request.ResultFileName)) {
-        return SolverRunResult::Uncompleted;
-    }
-    return SolverRunResult::Finished;
+    return FinishReports(request) ? SolverRunResult::Finished : SolverRunResult::Uncompleted;
 }
 
 std::string CommaCopyName(std::string_view report) {

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/fault_words.h"
 #include "batch/check_command.h"
 #include "batch/map_picture.h"
 #include "batch/temporary_folder.h"
@@ -149,7 +150,7 @@ bool Mapping::FillPlot() {
         return false;
     }
     console_.Progress(request_.File + ": drawing");
-    ConvertSection(plot_, false);
+    ConvertSection(plot_);
     LoadSection(plot_);
     return true;
 }
@@ -178,7 +179,11 @@ ExitCode Mapping::Run() {
             return ExitCode::BadInput;
         }
     } catch (const RuntimeFault& caught) {
-        Refuse(FaultText(caught) + " (in the work files of the section)");
+        // The work files lie in a folder that is gone by now: their names would tell nothing.
+        const bool words = caught.About().Matter == FaultMatter::LoadPositions;
+        const std::string about =
+            words ? FaultExplanation(caught, FaultLanguage::English) : "in the work files of the section";
+        Refuse(FaultText(caught) + " (" + about + ")");
         return ExitCode::BadInput;
     } catch (const std::filesystem::filesystem_error& failure) {
         Refuse("no temporary folder can be made: " + failure.code().message());

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/runtime_fault.h"
+#include "platform/fault_subject.h"
 #include "platform/files.h"
 
 namespace zirvo {
@@ -88,7 +89,7 @@ void cCommonDialog::ShowHelp() {
     }
     const std::string page = HelpPage(HelpFile);
     if (!IsFile(page) || !owner_.World().ShowHelp(owner_, page)) {
-        throw RuntimeFault(fault::FileNotFound);
+        RaiseFileFault(fault::FileNotFound, page);
     }
 }
 

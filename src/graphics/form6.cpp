@@ -170,7 +170,7 @@ void Form6::DropMap() {
     Command5.Enabled = false;
     Command6.Enabled = false;
     Command7.Enabled = false;
-    Command8.Enabled = false;
+    Command8.Enabled = refused_;
 }
 
 /// Fill and legend, as after every reset. Cleared from the last one down, so that results never stand without their
@@ -234,8 +234,8 @@ void Form6::Option4_Click() {  // X-Z SECTION
     ChooseSection(Text2, Command10);
 }
 
-/// What both kinds share. Where the box is empty already it does not change, and what belongs to an earlier map stays
-/// as it was: SAVE PICTURE, CLEAR FORM and the data.
+/// What both kinds share. Where the box is empty already it does not change, and raises nothing that would drop an
+/// earlier map: so it is dropped here. CLEAR FORM stays as it was.
 void Form6::ChooseSection(forms::TextBox& position, forms::CommandButton& start) {
     Label16.Caption = Words(105);
     Label22.Caption = Words(107);
@@ -247,7 +247,9 @@ void Form6::ChooseSection(forms::TextBox& position, forms::CommandButton& start)
     position.Enabled = true;
     position.Text = "";
     position.SetFocus();
+    DataReady = false;
     Command5.Enabled = false;
+    Command7.Enabled = false;
     start.Enabled = false;
     DisableRangeBoxes();
     EnableItems(false);
@@ -312,6 +314,7 @@ void Form6::SavePicture() {
 void Form6::Command8_Click() {  // CLEAR FORM
     ClearPicture();
     Combo1.Text = "";
+    refused_ = false;
     ReturnToSectionChoice(false);
     // A refused start has disabled them; as after the load they are there again.
     Command2.Enabled = true;

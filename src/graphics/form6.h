@@ -146,6 +146,7 @@ private:
     void ReadDefinition(SectionKind kind, const forms::TextBox& position);
     bool DecideLayer(const GraphicsInputData& model);
     bool PrepareRun(const GraphicsInputData& model);
+    void OpenWaysOut();
     void RunSolverVisibly();
 
     DisplayItems Items() const;
@@ -162,6 +163,7 @@ private:
     std::shared_ptr<ProcessService> process_;
     std::unique_ptr<MapPicture> picture_;
     bool tellingItems_ = false;   ///< the rule of the display items is setting boxes, and fires itself
+    bool refused_ = false;        ///< the last start was refused, and no other act has led on since
     bool inputLeftOpen_ = false;  ///< a failed depth test has left "ZIRVO_SV.EVA" open on this screen
 };
 

@@ -1,4 +1,5 @@
 // The user's work on a standing map: display items, value range, count of lines, RE-DRAW, the probe; see form6.h.
+#include "base/runtime_fault.h"
 #include "contour/display_rules.h"
 #include "contour/number_format.h"
 #include "contour/point_overlays.h"
@@ -54,7 +55,12 @@ void Form6::Text4_Change() {
 }
 
 void Form6::Text14_Change() {
-    ContourLineCount = RoundToInt16(ParseNumberPrefix(Text14.Text.Get()));
+    try {
+        ContourLineCount = RoundToInt16(ParseNumberPrefix(Text14.Text.Get()));
+    } catch (RuntimeFault& caught) {
+        caught.SayAbout(FaultMatter::LineCount, Text14.Text);
+        throw;
+    }
 }
 
 void Form6::Text3_KeyPress(int& keyAscii) {
@@ -149,7 +155,7 @@ void Form6::Command6_Click() {  // ">>" and "<<"
     Command6.Caption = Words(115);
     MendLineCount();
     Frame4.Visible = false;
-    Command5.Enabled = true;
+    Command5.Enabled = DataReady;  // the map may have been dropped meanwhile
     Command5.SetFocus();
 }
 

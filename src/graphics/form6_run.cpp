@@ -3,6 +3,7 @@
 
 #include "graphics/form5.h"
 #include "graphics/form6.h"
+#include "platform/fault_subject.h"
 #include "shell/form2.h"
 #include "text/number_text.h"
 
@@ -18,6 +19,7 @@ constexpr forms::ScreenColor White = 0xFFFFFF;
 }  // namespace
 
 void Form6::Command1_Click() {  // START ANALYSIS of an X-Y section
+    refused_ = false;
     Command1.Enabled = false;
     Command2.Enabled = false;
     Command3.Enabled = false;
@@ -33,6 +35,7 @@ void Form6::Command1_Click() {  // START ANALYSIS of an X-Y section
 }
 
 void Form6::Command10_Click() {  // START ANALYSIS of an X-Z section
+    refused_ = false;
     Command2.Enabled = false;
     Command3.Enabled = false;
     Command10.Enabled = false;
@@ -69,8 +72,7 @@ bool Form6::DecideLayer(const GraphicsInputData& model) {
     if (!layer) {
         Tell(Words(170), "", Icon::Stop);
         Command1.Enabled = true;
-        Command8.Enabled = true;
-        Command9.Enabled = true;
+        OpenWaysOut();
         Text1.SetFocus();
         return false;
     }
@@ -82,7 +84,7 @@ bool Form6::DecideLayer(const GraphicsInputData& model) {
 bool Form6::PrepareRun(const GraphicsInputData& model) {
     // The file that a failed depth test has left open cannot be opened again. Too many points are told before that.
     if (inputLeftOpen_ && PointCountOf(BuildSectionGrid(model, Plot.Section.Kind)) <= PointLimit) {
-        throw RuntimeFault(fault::FileAlreadyOpen);
+        RaiseFileFault(fault::FileAlreadyOpen, SectionInputName);
     }
     switch (StartSection(Plot, model)) {
         case SectionInputStatus::Written:
@@ -90,7 +92,8 @@ bool Form6::PrepareRun(const GraphicsInputData& model) {
         case SectionInputStatus::TooManyPoints:
             Tell(128, Icon::None);
             Tell(129, Icon::None);
-            return false;  // nothing is enabled: a change of the position leads on
+            OpenWaysOut();
+            return false;  // the start stays disabled: a change of the position leads on
         case SectionInputStatus::DepthInvalid:
             break;
     }
@@ -103,6 +106,14 @@ bool Form6::PrepareRun(const GraphicsInputData& model) {
         Command10.Enabled = true;
     }
     return false;
+}
+
+/// After a refusal the user is free to go, and stays so on each way back to the choice of a section.
+void Form6::OpenWaysOut() {
+    refused_ = true;
+    for (forms::CommandButton* button : {&Command2, &Command3, &Command8, &Command9}) {
+        button->Enabled = true;
+    }
 }
 
 void Form6::RunSectionXY() {
@@ -144,13 +155,12 @@ void Form6::ConvertSectionXY() {
     Command7.Enabled = false;
     Command8.Enabled = false;
     Command9.Enabled = false;
-    // The read-out is empty from each reset to the next map, so it stands for "no conversion since".
-    ConvertSection(Plot, !Label17.Caption.Get().empty());
+    ConvertSection(Plot);
     LoadSectionData();
 }
 
 void Form6::ConvertSectionXZ() {
-    ConvertSection(Plot, false);
+    ConvertSection(Plot);
     LoadSectionData();
 }
 

@@ -86,6 +86,25 @@ std::vector<FixedPoint4> BuildDepthLevels(std::span<const double> thickness, int
     return levels;
 }
 
+namespace {
+
+/// An axis over the loads. They may lie so far out that the numbers around them have no decimals left, and all
+/// positions fall into one, or that a position passes the bound of its type: there is nothing to be drawn then.
+std::vector<FixedPoint4> LoadAxis(std::span<const double> centre, std::span<const double> radius) {
+    try {
+        std::vector<FixedPoint4> positions = BuildAxisPositions(centre, radius);
+        if (positions.size() < 2) {
+            throw RuntimeFault(fault::Overflow);
+        }
+        return positions;
+    } catch (RuntimeFault& caught) {
+        caught.SayAbout(FaultMatter::LoadPositions, "");
+        throw;
+    }
+}
+
+}  // namespace
+
 CoarseGrid BuildSectionGrid(const GraphicsInputData& model, SectionKind kind) {
     if (kind == SectionKind::YZ) {
         throw RuntimeFault(fault::InvalidCall);
@@ -100,9 +119,9 @@ CoarseGrid BuildSectionGrid(const GraphicsInputData& model, SectionKind kind) {
     }
     CoarseGrid grid;
     grid.LayerCount = model.LayerCount;
-    grid.GridX = BuildAxisPositions(x, radius);
-    grid.GridY = kind == SectionKind::XY ? BuildAxisPositions(y, radius)
-                                         : BuildDepthLevels(ThicknessesOf(model), model.LayerCount);
+    grid.GridX = LoadAxis(x, radius);
+    grid.GridY =
+        kind == SectionKind::XY ? LoadAxis(y, radius) : BuildDepthLevels(ThicknessesOf(model), model.LayerCount);
     return grid;
 }
 

@@ -9,6 +9,8 @@
 #include "base/runtime_fault.h"
 #include "graphics/point_grid.h"
 #include "pavement/pavement_blocks.h"
+#include "pavement/report_reason.h"
+#include "platform/fault_subject.h"
 #include "platform/files.h"
 #include "platform/open_file.h"
 #include "text/file_helpers.h"
@@ -49,11 +51,11 @@ ResultRow ReadRow(TextStream& stream) {
     return {numbers[ColumnX], numbers[ColumnY], numbers[ColumnZ], numbers[ColumnEpsX], numbers[ColumnEpsZ]};
 }
 
-std::vector<ResultRow> ReadRows(const ConversionRequest& request) {
+std::vector<ResultRow> ReadRows(const ConversionRequest& request, bool stamped) {
     std::ifstream file = OpenForReading(request.ReportPath);
     TextStream stream(file);
-    SkipTextFields(stream, HeadFieldCount(request.AlreadyStamped, request.Language, request.Units) +
-                               request.LayerCount + FieldsBehindLayers);
+    SkipTextFields(stream,
+                   HeadFieldCount(stamped, request.Language, request.Units) + request.LayerCount + FieldsBehindLayers);
     std::vector<ResultRow> rows;
     for (int i = 1; i <= request.PointCount; ++i) {
         if (i > PointLimit) {
@@ -62,6 +64,22 @@ std::vector<ResultRow> ReadRows(const ConversionRequest& request) {
         rows.push_back(ReadRow(stream));
     }
     return rows;
+}
+
+/// The same; a fault tells of the report, and why the solver has left it so.
+std::vector<ResultRow> ReadReport(const ConversionRequest& request, bool& stamped) {
+    try {
+        return Naming(FaultMatter::File, request.ReportPath, [&] {
+            stamped = IsStamped(request.ReportPath);
+            return ReadRows(request, stamped);
+        });
+    } catch (RuntimeFault& caught) {
+        if (caught.Number() == fault::FileNotFound) {
+            caught.SayInstead(FaultMatter::Report, FullPath(request.ReportPath));
+        }
+        caught.GiveReason(ReasonInReport(request.ReportPath));
+        throw;
+    }
 }
 
 /// A blank in front unless the value is negative, and one behind, also behind the last number of a line.
@@ -97,8 +115,9 @@ int HeadFieldCount(bool alreadyStamped, Int16 language, UnitSystem units) {
 }
 
 void ConvertResultsToCsv(const ConversionRequest& request) {
-    const std::vector<ResultRow> rows = ReadRows(request);
-    if (!request.AlreadyStamped) {
+    bool stamped = false;
+    const std::vector<ResultRow> rows = ReadReport(request, stamped);
+    if (!stamped) {
         MakeStampedCopy(request.ReportPath, StampTemporaryName);
     }
     WriteWholeFile(request.CsvPath, CsvBytes(rows, request.OutputComponent), Flush::ToSystem);

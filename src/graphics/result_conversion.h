@@ -15,9 +15,6 @@ namespace zirvo {
 struct ConversionRequest {
     std::string ReportPath;
     std::string CsvPath;
-    /// The report already begins with the version stamp, of an earlier conversion. Whether it does is the caller's
-    /// belief and not looked at: after an X-Z run it is always taken as fresh.
-    bool AlreadyStamped = false;
     Int16 Language = 0;  ///< 1 Japanese, 2 English
     UnitSystem Units = UnitSystem::None;
     int LayerCount = 0;
@@ -29,9 +26,10 @@ struct ConversionRequest {
 /// more for the stamp.
 int HeadFieldCount(bool alreadyStamped, Int16 language, UnitSystem units);
 
-/// Reads the report, stamps it if it was fresh, and replaces the comma file. Faults, each before anything is changed:
-/// 53 for a missing report, 62 for a short one, 13 where a number should stand and does not, 9 beyond 100000 points.
-/// Then 58 where "ZIRVO_SV.TMP" lies in the way, and those of files that cannot be written.
+/// Reads the report, stamps it unless its first line tells that an earlier conversion has done so, and replaces the
+/// comma file. Faults, each before anything is changed: 53 for a missing report, 62 for a short one, 13 where a number
+/// should stand and does not, 9 beyond 100000 points; they carry what the solver itself says in a report without
+/// results. Then 58 where "ZIRVO_SV.TMP" lies in the way, and those of files that cannot be written.
 void ConvertResultsToCsv(const ConversionRequest& request);
 
 }  // namespace zirvo

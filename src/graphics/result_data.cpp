@@ -12,6 +12,7 @@
 #include "contour/numeric_helpers.h"
 #include "contour/refinement.h"
 #include "graphics/point_grid.h"
+#include "platform/fault_subject.h"
 #include "platform/open_file.h"
 #include "text/number_text.h"
 #include "text/text_fields.h"
@@ -150,7 +151,7 @@ ContourField FieldOf(const std::vector<double>& values, SectionKind kind, const 
 
 ResultDataSet ReadResultData(const std::string& path, SectionKind kind, const CoarseGrid& grid) {
     std::ifstream file = OpenForReading(path);
-    return ReadResultData(file, kind, grid);
+    return Naming(FaultMatter::File, path, [&] { return ReadResultData(file, kind, grid); });
 }
 
 ResultDataSet ReadResultData(std::istream& input, SectionKind kind, const CoarseGrid& grid) {

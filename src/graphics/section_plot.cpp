@@ -1,7 +1,9 @@
 // The road of a map, see section_plot.h.
 #include "graphics/section_plot.h"
 
+#include "base/runtime_fault.h"
 #include "graphics/result_conversion.h"
+#include "platform/files.h"
 #include "text/version_stamp.h"
 
 namespace zirvo {
@@ -17,22 +19,39 @@ SectionInputStatus StartSection(SectionPlot& plot, const GraphicsInputData& mode
     return plot.Input.Status;
 }
 
-GraphicsRunResult SolveSection(const SectionPlot& plot, const std::string& programFolder, ProcessService& process,
+GraphicsRunResult SolveSection(SectionPlot& plot, const std::string& programFolder, ProcessService& process,
                                const ProcessCallbacks& callbacks) {
-    return RunGraphicsSolver(
+    const GraphicsRunResult result = RunGraphicsSolver(
         {.Language = LanguageNumberOf(plot.LanguageBase), .Units = plot.Units, .ProgramFolder = programFolder}, process,
         callbacks);
+    plot.SolverNotStarted =
+        result == GraphicsRunResult::NotStarted ? JoinPath(programFolder, GraphicsSolverName) : std::string();
+    return result;
 }
 
-void ConvertSection(const SectionPlot& plot, bool alreadyStamped) {
+namespace {
+
+void Convert(const SectionPlot& plot) {
     ConvertResultsToCsv({.ReportPath = SectionReportName,
                          .CsvPath = SectionCsvName,
-                         .AlreadyStamped = alreadyStamped,
                          .Language = LanguageNumberOf(plot.LanguageBase),
                          .Units = plot.Units,
                          .LayerCount = plot.LayerCount,
                          .PointCount = plot.Input.PointCount,
                          .OutputComponent = plot.Section.OutputComponent});
+}
+
+}  // namespace
+
+void ConvertSection(const SectionPlot& plot) {
+    try {
+        Convert(plot);
+    } catch (RuntimeFault& caught) {
+        if (caught.About().Matter == FaultMatter::Report && !plot.SolverNotStarted.empty()) {
+            caught.SayInstead(FaultMatter::Program, plot.SolverNotStarted);
+        }
+        throw;
+    }
 }
 
 ReadOuts LoadSection(SectionPlot& plot) {

@@ -22,7 +22,8 @@ struct SectionPlot {
 
     int LayerCount = 0;  ///< set by StartSection, as the member below
     SectionInput Input;
-    ResultDataSet Data;  ///< set by LoadSection
+    std::string SolverNotStarted;  ///< path of the program, where SolveSection could not start it
+    ResultDataSet Data;            ///< set by LoadSection
 };
 
 /// Writes the solver's input. Anything but Written ends the road here: see SectionInputStatus.
@@ -30,12 +31,12 @@ SectionInputStatus StartSection(SectionPlot& plot, const GraphicsInputData& mode
 
 /// Runs the graphics solver.
 /// @param programFolder  holds the solver
-GraphicsRunResult SolveSection(const SectionPlot& plot, const std::string& programFolder, ProcessService& process,
+GraphicsRunResult SolveSection(SectionPlot& plot, const std::string& programFolder, ProcessService& process,
                                const ProcessCallbacks& callbacks);
 
-/// Makes the comma file of the component from the report that lies there; faults as ConvertResultsToCsv.
-/// @param alreadyStamped  the report has been through here before
-void ConvertSection(const SectionPlot& plot, bool alreadyStamped);
+/// Makes the comma file of the component from the report that lies there; faults as ConvertResultsToCsv. Where the
+/// report is missing since the solver could not be started, the fault is about the solver.
+void ConvertSection(const SectionPlot& plot);
 
 /// Reads the comma file and refines its values; gives the read-outs, and leaves the map in their limits.
 ReadOuts LoadSection(SectionPlot& plot);

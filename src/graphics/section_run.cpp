@@ -15,9 +15,10 @@ GraphicsRunResult RunGraphicsSolver(const GraphicsRunRequest& request, ProcessSe
     WriteWholeFile(ControlFileName,
                    ControlFileBytes(request.Language, request.Units, "Input FileName", SectionInputName),
                    Flush::ToSystem);
-    RunHidden(process, JoinPath(request.ProgramFolder, GraphicsSolverName), StartFailure::Silent, callbacks);
+    const bool started =
+        RunHidden(process, JoinPath(request.ProgramFolder, GraphicsSolverName), StartFailure::Silent, callbacks);
     RemoveFile(ControlFileName);
-    return GraphicsRunResult::Finished;
+    return started ? GraphicsRunResult::Finished : GraphicsRunResult::NotStarted;
 }
 
 }  // namespace zirvo

@@ -21,6 +21,7 @@ struct GraphicsRunRequest {
 
 enum class GraphicsRunResult {
     InputMissing,  ///< k=172; nothing was written, and the caller converts all the same
+    NotStarted,    ///< the solver could not be started: passes in silence, as the next one does
     Finished,      ///< the process has ended, or there was none: whether there is a report shows when it is read
 };
 

@@ -1,9 +1,12 @@
 // The control file and the hidden process of a solver, see solver_process.h.
 #include "pavement/solver_process.h"
 
+#include <optional>
+
 #include "base/callback.h"
 #include "pavement/pavement_blocks.h"
 #include "platform/code_page.h"
+#include "platform/fault_subject.h"
 #include "text/catalogue.h"
 #include "text/number_text.h"
 
@@ -11,14 +14,15 @@ namespace zirvo {
 
 namespace {
 
-int StartOrZero(ProcessService& process, const std::string& program, StartFailure startFailure) {
+/// Nothing where it could not be started and that passes in silence.
+std::optional<int> Start(ProcessService& process, const std::string& program, StartFailure startFailure) {
     try {
         return process.StartHidden(program);
     } catch (const RuntimeFault&) {
         if (startFailure == StartFailure::Fault) {
             throw;
         }
-        return 0;
+        return std::nullopt;
     }
 }
 
@@ -50,7 +54,7 @@ std::string ControlFileBytes(Int16 language, UnitSystem unitSystem, std::string_
                              std::string_view inputFileName) {
     const std::string name = EncodeName(inputFileName);
     if (name.find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos || DecodeName(name) != inputFileName) {
-        throw RuntimeFault(fault::BadFileName);
+        RaiseFileFault(fault::BadFileName, std::string(inputFileName));
     }
     std::string out;
     AppendLine(out, "LANGUAGE PREFERENCE");
@@ -64,19 +68,20 @@ std::string ControlFileBytes(Int16 language, UnitSystem unitSystem, std::string_
     return out;
 }
 
-void RunHidden(ProcessService& process, const std::string& program, StartFailure startFailure,
+bool RunHidden(ProcessService& process, const std::string& program, StartFailure startFailure,
                const ProcessCallbacks& callbacks) {
-    const int identifier = StartOrZero(process, program, startFailure);
-    if (identifier == 0) {
-        return;
+    const std::optional<int> identifier = Start(process, program, startFailure);
+    if (identifier.value_or(0) == 0) {
+        return identifier.has_value();
     }
-    const std::intptr_t handle = process.Open(identifier);
+    const std::intptr_t handle = process.Open(*identifier);
     if (handle != 0) {
         OpenProcess open(process, handle);
         CallIfSet(callbacks.HandleObtained);
         open.Wait();
     }
     CallIfSet(callbacks.WaitOver);
+    return true;
 }
 
 }  // namespace zirvo

@@ -34,8 +34,9 @@ struct ProcessCallbacks {
 };
 
 /// Starts the program hidden and waits for its end without limit. Identifier 0: nothing more happens. No handle: no
-/// wait, the solver may still be working. The exit code is not looked at.
-void RunHidden(ProcessService& process, const std::string& program, StartFailure startFailure,
+/// wait, the solver may still be working. The exit code is not looked at. False if it could not be started and that is
+/// no fault.
+bool RunHidden(ProcessService& process, const std::string& program, StartFailure startFailure,
                const ProcessCallbacks& callbacks);
 
 }  // namespace zirvo

@@ -3,11 +3,13 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <fstream>
 #include <string_view>
 
 #include "base/runtime_fault.h"
 #include "platform/code_page.h"
 #include "platform/files.h"
+#include "platform/open_file.h"
 #include "text/csv_line.h"
 #include "text/version_stamp.h"
 
@@ -15,6 +17,7 @@ namespace zirvo {
 namespace {
 
 constexpr std::string_view LineEnd = "\r\n";
+constexpr std::string_view StampIndent = "   ";
 
 /// Hands out the lines of a text one by one, without their ends (CR LF, LF or CR). The last one needs no end; behind a
 /// final line end there is no further line.
@@ -30,7 +33,7 @@ void ForEachLine(std::string_view text, Use use) {
 
 /// The bytes with the stamp line in front and every line ended by CR LF.
 std::string Stamped(std::string_view bytes) {
-    std::string text = "   " + MakeVersionStamp(1);
+    std::string text = std::string(StampIndent) + MakeVersionStamp(1);
     text.reserve(text.size() + bytes.size() + bytes.size() / 16);
     text += LineEnd;
     ForEachLine(bytes, [&](std::string_view line) {
@@ -77,6 +80,15 @@ void MakeStampedCopy(const std::string& file, const std::string& tempName) {
         throw;
     }
     RemoveFile(tempName);
+}
+
+bool IsStamped(const std::string& file) {
+    const std::string stamp = std::string(StampIndent) + MakeVersionStamp(1);
+    const std::string front = stamp.substr(0, stamp.find(MakeVersionStamp(0)));
+    std::ifstream input = OpenForReading(file);
+    std::string bytes(front.size(), '\0');
+    input.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    return bytes == front;
 }
 
 void WriteCommaCopy(const std::string& source, const std::string& target) {

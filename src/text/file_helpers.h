@@ -23,6 +23,10 @@ inline constexpr const char* StampTemporaryName = "ZIRVO_SV.TMP";
 /// missing file, 58 tempName is there) goes on to the caller.
 void MakeStampedCopy(const std::string& file, const std::string& tempName);
 
+/// Whether the first line of a file is the version stamp, of this version or of another. Faults as a file that cannot
+/// be opened.
+bool IsStamped(const std::string& file);
+
 /// The comma copy of a report: each line of `source` through ConvertToCsvLine (blank to comma), written to `target`.
 void WriteCommaCopy(const std::string& source, const std::string& target);
 

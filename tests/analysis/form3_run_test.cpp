@@ -210,6 +210,67 @@ TEST_F(Form3Run, AControlFileThatCannotBeWrittenEndsTheProgram) {
     EXPECT_TRUE(Screens.ProcessLog.empty());
 }
 
+// What the box of an error says behind its two lines.
+
+/// @param words  behind the empty line
+std::string EndOf(const std::string& words) {
+    return "\n\n" + words + "\n\nThe program ends now.";
+}
+
+std::string WordsIn(const test::AnalysisScreens& screens) {
+    const std::string text = screens.Desktop.Boxes.empty() ? std::string() : screens.Desktop.Boxes.back().Text;
+    return text.substr(forms::ScriptedDesktop::HeadOf(text).size());
+}
+
+TEST_F(Form3Run, AMissingSolverIsNamed) {
+    const std::unique_ptr<ProcessService> processes = MakeProcessService();
+    Screens.UseSolver(*processes, Screens.Program.Path());
+    Import();
+    Analyze();
+    EXPECT_EQ(WordsIn(Screens), EndOf("Program: " + Screens.Program.Path("ZIRVO_SV12.EXE") +
+                                      "\nThis program is missing or cannot be started. Please unpack ZIRVO again."));
+}
+
+TEST_F(Form3Run, AReportThatTheSolverDidNotLeaveIsNamed) {
+    Import();
+    Screens.Scripted.Work = nullptr;
+    Analyze();
+    EXPECT_EQ(WordsIn(Screens),
+              EndOf("File: " + Screens.Folder.Path("Untitled.san") + "\nThe solver has not written this file."));
+}
+
+// A disk too full for the principal values, on which a note of the failure has found room beside them.
+TEST_F(Form3Run, TheReasonThatTheSolverLeftInItsOtherReportIsTold) {
+    Import();
+    Screens.Scripted.Work = [] {
+        PutFile("Untitled.bre",
+                "   TITLE\r\n\r\n   ERROR - THIS REPORT HOLDS NO RESULTS\r\n   FILE: Untitled.bre\r\n"
+                "   REASON: could not be written: Disk full\r\n");
+    };
+    Analyze();
+    EXPECT_EQ(WordsIn(Screens), EndOf("File: " + Screens.Folder.Path("Untitled.san") +
+                                      "\nThe solver has not written this file.\nThe solver's report says:\nTITLE\n"
+                                      "ERROR - THIS REPORT HOLDS NO RESULTS\nFILE: Untitled.bre\n"
+                                      "REASON: could not be written: Disk full"));
+}
+
+TEST_F(Form3Run, AFileInTheWayIsNamed) {
+    Import();
+    PutFile("ZIRVO_SV.TMP", "of an interrupted run");
+    Analyze();
+    EXPECT_EQ(WordsIn(Screens), EndOf("File: " + Screens.Folder.Path("ZIRVO_SV.TMP") +
+                                      "\nA file of this name is in the way. Please move or delete it."));
+}
+
+TEST_F(Form3Run, AFileThatMayNotBeWrittenIsNamed) {
+    Import();
+    std::filesystem::create_directory("Initial_File");
+    Analyze();
+    EXPECT_TRUE(WordsIn(Screens).starts_with("\n\nFile: " + Screens.Folder.Path("Initial_File") +
+                                             "\nIt may not be read or written."))
+        << WordsIn(Screens);
+}
+
 TEST_F(Form3Run, ForeignFilesStandAsBefore) {
     Import();
     PutFile("notes.txt", "mine");

@@ -109,6 +109,19 @@ TEST_F(MapFailure, WhatTheSolverRefusesIsToldInItsWords) {
     EXPECT_FALSE(Folder.Has("map.png"));
 }
 
+TEST_F(MapFailure, LoadsTooFarOutForAGridAreToldInWordsAndLeaveNoEmptyMap) {
+    std::string far = Road;
+    const std::string load = "        49               15                0 ";
+    const std::size_t place = far.find(load);
+    ASSERT_NE(place, std::string::npos);
+    far.replace(place, load.size(), "        49               15             1E20 ");
+    for (const Arguments& section : {XY("0"), XZ("0")}) {
+        ExpectRefused(far, section,
+                      "road.ven: Run-time error '6': Overflow (The loads lie so far out that no grid of points can be "
+                      "made. Please check their X, Y and radius.)");
+    }
+}
+
 TEST_F(MapFailure, AMissingSolverIsNamed) {
     const std::string bin = Folder.Path("bin");
     std::filesystem::create_directory(bin);

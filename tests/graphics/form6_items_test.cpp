@@ -205,7 +205,9 @@ TEST(ContourPanel, ACountBeyond16BitsIsAFault) {
     EXPECT_EQ(form.ContourLineCount, 3276);
     EXPECT_FALSE(screens.App.HasEnded());
     forms::Type(form, "8");
-    EXPECT_EQ(screens.Desktop.BoxHeads(), Texts{"Run-time error '6':\n\nOverflow"});
+    EXPECT_EQ(screens.Desktop.BoxTexts(),
+              Texts{"Run-time error '6':\n\nOverflow\n\nThe number of contour lines is too large: 32768\n\n"
+                    "The program ends now."});
     EXPECT_EQ(screens.Desktop.EndStatus, 1);
 }
 

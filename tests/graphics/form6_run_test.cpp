@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <deque>
 
 #include "graphics/screens.h"
 #include "pavement/graphics_example.h"
@@ -97,16 +98,29 @@ TEST(Form6Run, AnXZSectionGoesThroughTheLayers) {
         << "the title has the box as typed";
 }
 
-// Whatever the read-outs say: the report of an X-Z run counts as fresh. Here it has been stamped, and the stamp's line
-// is one field more than is skipped.
-TEST(Form6Run, AnXZReportIsAlwaysTakenAsFresh) {
-    Screens screens;
-    Form6& form = screens.OpenMap();
-    screens.Choose(1, SectionKind::XZ, "0");
-    screens.Start();
-    ASSERT_NE(form.Label17.Caption.Get(), "");
-    screens.App.Dispatch([&] { form.ConvertSectionXZ(); });
-    EXPECT_EQ(FaultOf(screens), 13);
+// The first line of the report tells, whatever the read-outs say.
+TEST(Form6Run, AReportOfEitherKindIsStampedOnceAndReadAgainAsStamped) {
+    for (const SectionKind kind : {SectionKind::XY, SectionKind::XZ}) {
+        Screens screens;
+        Form6& form = screens.OpenMap();
+        screens.Choose(1, kind, "0");
+        screens.Start();
+        const std::string report = GetFile("ZIRVO_SV.BRE");
+        const std::string values = GetFile("ZIRVO_SV.CSV");
+        EXPECT_EQ(report.substr(0, 17), "   <ZIRVO Ver2.3>");
+        for (const bool readOuts : {true, false}) {
+            screens.App.Dispatch([&] {
+                if (!readOuts) {
+                    form.Label17.Caption = "";
+                }
+                form.ConvertSectionXZ();
+                form.ConvertSectionXY();
+            });
+            EXPECT_EQ(FaultOf(screens), 0);
+            EXPECT_EQ(GetFile("ZIRVO_SV.BRE"), report);
+            EXPECT_EQ(GetFile("ZIRVO_SV.CSV"), values);
+        }
+    }
 }
 
 TEST(Form6Run, EnterInThePositionBoxStarts) {
@@ -267,13 +281,13 @@ std::string EnabledButtons(const Form6& form) {
         form, [](const forms::Control& control) { return control.Enabled && control.Name().starts_with("Command"); });
 }
 
-TEST(Form6Run, ARefusedLayerLeavesTheStartClearFormAndQuit) {
+TEST(Form6Run, ARefusedLayerLeavesTheStartAndTheWaysOut) {
     Screens screens;
     Form6& form = screens.OpenMap();
     screens.Desktop.Answers = {Answer::No, Answer::No, Answer::Yes};
     screens.Choose(1, SectionKind::XY, "5");
     screens.Start();
-    EXPECT_EQ(EnabledButtons(form), "Command1 Command8 Command9");
+    EXPECT_EQ(EnabledButtons(form), "Command1 Command2 Command3 Command8 Command9");
     EXPECT_EQ(screens.Folder.Names(), Texts{"Untitled.ven"}) << "nothing was written";
     EXPECT_EQ(forms::FocusOf(form), "Text1");
     forms::Type(form, "\r");  // once more, with another answer
@@ -281,7 +295,7 @@ TEST(Form6Run, ARefusedLayerLeavesTheStartClearFormAndQuit) {
     EXPECT_EQ(form.Plot.Section.LayerOfInterest, 1);
 }
 
-TEST(Form6Run, ClearFormBehindARefusalGivesPreviousAndHelpBack) {
+TEST(Form6Run, ClearFormBehindARefusalLeavesPreviousHelpAndQuit) {
     Screens screens;
     Form6& form = screens.OpenMap();
     screens.Desktop.Answers = {Answer::No, Answer::No};
@@ -291,7 +305,7 @@ TEST(Form6Run, ClearFormBehindARefusalGivesPreviousAndHelpBack) {
     EXPECT_EQ(EnabledButtons(form), "Command2 Command3 Command9");
 }
 
-TEST(Form6Run, TooManyPointsAreToldAndAChangeOfThePositionLeadsOn) {
+TEST(Form6Run, TooManyPointsAreToldAndTheWaysOutAndAChangeOfThePositionLeadOn) {
     Screens screens;
     Form6& form = screens.OpenMap(ManyLoads());
     screens.Choose(1, SectionKind::XY, "0");
@@ -299,13 +313,13 @@ TEST(Form6Run, TooManyPointsAreToldAndAChangeOfThePositionLeadsOn) {
     EXPECT_EQ(screens.Boxes(),
               (Texts{"ZIRVO Ver2.3|ERROR! TOO MUCH POINTS", "ZIRVO Ver2.3|POINTS SHOULD BE < 100000"}));
     EXPECT_EQ(screens.Desktop.Boxes[0].Picture, Icon::None);
-    EXPECT_EQ(EnabledButtons(form), "");
+    EXPECT_EQ(EnabledButtons(form), "Command2 Command3 Command8 Command9");
     EXPECT_TRUE(form.Option3.Enabled);
     EXPECT_TRUE(form.Option4.Enabled);
     EXPECT_EQ(screens.Folder.Names(), Texts{"Untitled.ven"});
     screens.App.Dispatch([&] { form.Text1.SetFocus(); });
     forms::Type(form, "1");
-    EXPECT_EQ(EnabledButtons(form), "Command1");
+    EXPECT_EQ(EnabledButtons(form), "Command1 Command2 Command3 Command8 Command9");
     // An X-Z section has fewer points: 7 levels for each of 2 layers.
     screens.Desktop.Forget();
     screens.Choose(1, SectionKind::XZ, "0");
@@ -313,6 +327,93 @@ TEST(Form6Run, TooManyPointsAreToldAndAChangeOfThePositionLeadsOn) {
     EXPECT_EQ(screens.Boxes(), Texts{});
     EXPECT_EQ(form.Plot.Data.Count(), 2 * 7 * form.Plot.Input.Grid.GridCountX());
     EXPECT_TRUE(form.Command2.Enabled);
+}
+
+struct Refusal {
+    const char* What;
+    GraphicsInputData Data;
+    const char* Position;
+    std::deque<Answer> Answers;
+    const char* Left;  ///< buttons behind it
+};
+
+/// k=128 and k=129; k=170.
+std::vector<Refusal> Refusals() {
+    return {{"too many points", ManyLoads(), "0", {}, "Command2 Command3 Command8 Command9"},
+            {"no layer", ThreeLayers(), "5", {Answer::No, Answer::No}, "Command1 Command2 Command3 Command8 Command9"}};
+}
+
+/// Of PREVIOUS, HELP, CLEAR FORM and QUIT.
+std::string EnabledWaysOut(const Form6& form) {
+    return test::NamesOf(form, [&form](const forms::Control& control) {
+        const bool out = &control == &form.Command2 || &control == &form.Command3 || &control == &form.Command8 ||
+                         &control == &form.Command9;
+        return out && control.Enabled;
+    });
+}
+
+TEST(Form6Run, AfterARefusalTheWaysOutAreOpenOnEveryWayBackToTheChoiceOfASection) {
+    struct Way {
+        const char* What;
+        std::function<void(Form6&)> Go;
+        const char* Left;
+    };
+    const std::array ways{
+        Way{"another position",
+            [](Form6& form) {
+                form.App().Dispatch([&] { form.Text1.SetFocus(); });
+                forms::Type(form, "1");
+            },
+            "Command2 Command3 Command8 Command9"},
+        Way{"the other section", [](Form6& form) { form.Option4.UserClick(); }, "Command2 Command3 Command8 Command9"},
+        Way{"the same section", [](Form6& form) { form.Option3.UserClick(); }, "Command2 Command3 Command8 Command9"},
+        Way{"the component", [](Form6& form) { form.Combo1.UserChoose(1); }, "Command2 Command3 Command8 Command9"},
+        Way{"CLEAR FORM", [](Form6& form) { form.Command8.UserClick(); }, "Command2 Command3 Command9"},
+    };
+    for (const Refusal& refusal : Refusals()) {
+        for (const Way& way : ways) {
+            Screens screens;
+            Form6& form = screens.OpenMap(refusal.Data);
+            screens.Desktop.Answers = refusal.Answers;
+            screens.Choose(1, SectionKind::XY, refusal.Position);
+            screens.Start();
+            EXPECT_EQ(EnabledButtons(form), refusal.Left) << refusal.What;
+            way.Go(form);
+            EXPECT_EQ(EnabledWaysOut(form), way.Left) << refusal.What << ", " << way.What;
+        }
+    }
+}
+
+TEST(Form6Run, AfterARefusalPreviousHelpAndQuitWork) {
+    for (const Refusal& refusal : Refusals()) {
+        Screens screens;
+        Form6& form = screens.OpenMap(refusal.Data);
+        screens.Desktop.Answers = refusal.Answers;
+        screens.Choose(1, SectionKind::XY, refusal.Position);
+        screens.Start();
+        form.Command3.UserClick();
+        EXPECT_EQ(screens.Desktop.HelpCalls.size(), 1U);
+        screens.Desktop.Answers = {Answer::Cancel};
+        form.Command9.UserClick();
+        EXPECT_FALSE(screens.Desktop.EndStatus);
+        screens.Desktop.Answers = {Answer::Yes};
+        form.Command2.UserClick();
+        EXPECT_EQ(screens.App.Find("Form6"), nullptr);
+        EXPECT_TRUE(screens.Data().Command5.Enabled);
+    }
+}
+
+TEST(Form6Run, TheNextStartIsWatchedAnew) {
+    Screens screens;
+    Form6& form = screens.OpenMap(ManyLoads());
+    screens.Choose(1, SectionKind::XY, "0");
+    screens.Start();
+    screens.Choose(1, SectionKind::XZ, "0");
+    screens.Start();
+    ASSERT_TRUE(form.DataReady);
+    forms::Type(form, "1");  // a map was there: a change of the position takes CLEAR FORM with it, as always
+    screens.App.Dispatch([&] { form.Text2.Text = "1"; });
+    EXPECT_FALSE(form.Command8.Enabled);
 }
 
 // More than 32767 points are worked through: 100 loads by 3 layers are 37947.
@@ -440,6 +541,115 @@ TEST(Form6Run, FaultsOnTheWayEndTheProgram) {
         EXPECT_EQ(GetFile("mine.txt"), "mine");
         EXPECT_EQ(GetFile("Untitled.ven"), test::ExampleVen());
     }
+}
+
+/// The text of the box that ended the program behind its two lines.
+std::string WordsOfFault(const Screens& screens) {
+    if (!screens.Desktop.EndStatus || screens.Desktop.Boxes.empty()) {
+        return "no fault";
+    }
+    const std::string& text = screens.Desktop.Boxes.back().Text;
+    return text.substr(forms::ScriptedDesktop::HeadOf(text).size());
+}
+
+TEST(Form6Run, AMissingSolverIsNamedByTheFaultOfItsReport) {
+    for (const Int16 base : {EnglishBase, JapaneseBase}) {
+        const TemporaryFolder programs;
+        Screens screens({.Base = base, .ProgramFolder = programs.Path()});
+        screens.OpenMap();
+        screens.Choose(1, SectionKind::XY, "0");
+        screens.Start();
+        EXPECT_EQ(FaultOf(screens), 53);
+        const std::string solver = programs.Path("ZIRVO_SV22.exe");
+        EXPECT_EQ(WordsOfFault(screens),
+                  base == EnglishBase
+                      ? "\n\nProgram: " + solver +
+                            "\nThis program is missing or cannot be started. Please unpack ZIRVO again.\n\n"
+                            "The program ends now."
+                      : "\n\nプログラム: " + solver +
+                            "\nこのプログラムがないか、起動できません。ZIRVOを展開し直してください。\n\n"
+                            "プログラムを終了します。");
+        EXPECT_EQ(screens.Desktop.Boxes.back().Words,
+                  base == EnglishBase ? forms::Language::English : forms::Language::Japanese);
+    }
+}
+
+TEST(Form6Run, ASolverThatLeavesNoReportIsToldByTheReportsName) {
+    Texts log;
+    auto process = std::make_shared<test::ScriptedProcess>(log);
+    Screens screens({.Process = process});
+    screens.OpenMap();
+    screens.Choose(1, SectionKind::XY, "0");
+    screens.Start();
+    EXPECT_EQ(WordsOfFault(screens), "\n\nFile: " + screens.Folder.Path("ZIRVO_SV.BRE") +
+                                         "\nThe solver has not written this file.\n\nThe program ends now.");
+}
+
+// 1E400 is read as the largest double, at which no strain is left that could be printed: the solver says so itself.
+TEST(Form6Run, TheReasonThatTheSolverLeftStandsInTheBox) {
+    for (const Int16 base : {EnglishBase, JapaneseBase}) {
+        Screens screens({.Base = base});
+        screens.OpenMap();
+        screens.Choose(1, SectionKind::XZ, "1E400");
+        screens.Start();
+        EXPECT_EQ(FaultOf(screens), 62);
+        const std::string words = WordsOfFault(screens);
+        const bool english = base == EnglishBase;
+        EXPECT_TRUE(words.starts_with((english ? "\n\nFile: " : "\n\nファイル: ") +
+                                      screens.Folder.Path("ZIRVO_SV.BRE") +
+                                      (english ? "\nIt ends too early.\nThe solver's report says:\n"
+                                               : "\nファイルが途中で終わっています。\nソルバーの報告:\n")))
+            << words;
+        EXPECT_NE(words.find(english ? "\nREASON: " : "\n理由: "), std::string::npos) << words;
+        EXPECT_TRUE(words.ends_with(english ? "\n\nThe program ends now." : "\n\nプログラムを終了します。")) << words;
+    }
+}
+
+TEST(Form6Run, LoadsTooFarOutForAGridAreFaultSixInWords) {
+    for (const SectionKind kind : {SectionKind::XY, SectionKind::XZ}) {
+        GraphicsInputData data = test::ExampleData();
+        data.Loads[1].LoadX = 1E20;
+        Screens screens;
+        screens.OpenMap(data);
+        screens.Choose(1, kind, "0");
+        screens.Start();
+        EXPECT_EQ(FaultOf(screens), 6);
+        EXPECT_EQ(WordsOfFault(screens),
+                  "\n\nThe loads lie so far out that no grid of points can be made. Please check their X, Y and "
+                  "radius.\n\nThe program ends now.");
+        EXPECT_EQ(screens.Folder.Names(), Texts{"Untitled.ven"}) << "nothing was written";
+    }
+}
+
+TEST(Form6Run, FaultsOnTheWayNameTheFile) {
+    struct Row {
+        const char* File;
+        const char* Hint;
+        bool InTheWay;
+    };
+    for (const Row& row : {Row{"ZIRVO_SV.EVA", "It may not be read or written.", false},
+                           Row{"Initial_File", "It may not be read or written.", false},
+                           Row{"ZIRVO_SV.CSV", "It may not be read or written.", false},
+                           Row{"ZIRVO_SV.TMP", "A file of this name is in the way. Please move or delete it.", true}}) {
+        Screens screens;
+        screens.OpenMap();
+        if (row.InTheWay) {
+            PutFile(row.File, "x");
+        } else {
+            std::filesystem::create_directory(screens.Folder.Path(row.File));
+        }
+        screens.Choose(1, SectionKind::XY, "0");
+        screens.Start();
+        EXPECT_TRUE(WordsOfFault(screens).starts_with("\n\nFile: " + screens.Folder.Path(row.File) + "\n" + row.Hint))
+            << WordsOfFault(screens);
+    }
+    Screens again;
+    again.OpenMap(RoundedTop());
+    again.Choose(1, SectionKind::XZ, "0");
+    again.Start();
+    again.Map().Command10.UserClick();
+    EXPECT_EQ(WordsOfFault(again), "\n\nFile: " + again.Folder.Path("ZIRVO_SV.EVA") +
+                                       "\nThis file is still open. Please start ZIRVO again.\n\nThe program ends now.");
 }
 
 TEST(Form6Run, ReportsThatAreShortOrHoldWordsAreFaults) {

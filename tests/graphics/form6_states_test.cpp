@@ -119,9 +119,52 @@ const std::array States{
               ShowMap(s);
               s.Map().Option4.UserClick();
           },
-          // The box was empty already, so nothing has changed: SAVE PICTURE and CLEAR FORM stay.
-          "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command7 Command8 Command9",
+          // The box was empty already and has not changed, but the map is dropped: no SAVE PICTURE. CLEAR FORM stays.
+          "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command8 Command9",
           "Image1 Label2 Text2 Command10 Label16 Label19 Label22", "Text2"},
+    State{"MapXZThenTheOtherSection",
+          [](Screens& s) {
+              ShowMap(s, SectionKind::XZ);
+              s.Map().Option3.UserClick();
+          },
+          "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command8 Command9",
+          "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text1"},
+    State{"MapOfAnEmptyPositionThenTheSameSection",
+          [](Screens& s) {
+              s.Choose(1, SectionKind::XY, "");
+              s.App.Dispatch([&] { s.Map().Command1.Enabled = true; });
+              s.Start();
+              s.Map().Option3.UserClick();
+          },
+          "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command8 Command9",
+          "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text1"},
+    State{"MapThenTheOtherSectionAndAnotherComponent",
+          [](Screens& s) {
+              ShowMap(s);
+              s.Map().Option4.UserClick();
+              Pick(s, 2);
+          },
+          "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command9", "Command1", "Combo1"},
+    State{"MapThenPanelOpenedTheOtherSectionAndPanelClosed",
+          [](Screens& s) {
+              ShowMap(s);
+              s.Map().Check1(1).UserClick();
+              s.Map().Command6.UserClick();
+              s.Map().Option4.UserClick();
+              s.Map().Command6.UserClick();
+          },
+          // The panel can be closed, and RE-DRAW stays off all the same.
+          "Combo1 Option3 Option4 Text1 Text2 Command6 Text14 Command2 Command3 Command8 Command9",
+          "Image1 Label2 Text2 Command10 Label16 Label19 Label22", "Command6"},
+    State{"MapThenTheOtherSectionsMap",
+          [](Screens& s) {
+              ShowMap(s);
+              s.Map().Option4.UserClick();
+              forms::Type(s.Map(), "0");
+              s.Start();
+          },
+          "Combo1 Option3 Option4 Text1 Text2 Text3 Text4 Check1 Text14 Command2 Command3 Command7 Command8 Command9",
+          "Image1 Label2 Text2 Command10 Label16 Label19 Label22", "Text3"},
     State{"MapThenTheSameSection",
           [](Screens& s) {
               ShowMap(s);

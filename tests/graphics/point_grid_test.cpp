@@ -164,6 +164,27 @@ TEST(BuildSectionGrid, AnXZSectionOfTwoLayersHasFourteenLevels) {
     EXPECT_EQ(PointCountOf(grid), 350);
 }
 
+// At 1E20 the next double lies 16384 away: edges, margins and centre are one number, and no gap is left to be divided.
+// From 9.2E14 on a position passes the 64 bits of four decimals.
+TEST(BuildSectionGrid, LoadsTooFarOutForAPositionAreFaultSixInWords) {
+    for (const double far : {1E15, -1E15, 1E17, 1E20, -1E300}) {
+        for (const bool alongX : {true, false}) {
+            GraphicsInputData data = test::ExampleData();
+            (alongX ? data.Loads[1].LoadX : data.Loads[1].LoadY) = far;
+            const auto build = [&](SectionKind kind) { return [&data, kind] { BuildSectionGrid(data, kind); }; };
+            EXPECT_EQ(FaultOf(build(SectionKind::XY)), 6) << far;
+            EXPECT_EQ(SubjectOf(build(SectionKind::XY)), (FaultSubject{FaultMatter::LoadPositions, "", ""})) << far;
+            EXPECT_EQ(FaultOf(build(SectionKind::XZ)), alongX ? 6 : 0) << far;
+        }
+    }
+    GraphicsInputData wide = test::ExampleData();
+    wide.Loads[1].Radius = 1E20;
+    EXPECT_EQ(FaultOf([&] { BuildSectionGrid(wide, SectionKind::XY); }), 6);
+    GraphicsInputData far = test::ExampleData();
+    far.Loads[1].LoadX = 1E14;
+    EXPECT_EQ(BuildSectionGrid(far, SectionKind::XY).GridCountX(), 25) << "two decimals are left";
+}
+
 TEST(BuildSectionGrid, AYZSectionIsFaultFive) {
     EXPECT_EQ(FaultOf([] { BuildSectionGrid(test::ExampleData(), SectionKind::YZ); }), 5);
 }

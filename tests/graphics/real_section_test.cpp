@@ -30,9 +30,9 @@ struct Road {
         EXPECT_EQ(RunGraphicsSolver({LanguageNumberOf(Base), Units, ZIRVO_BIN}, *MakeProcessService(), {}),
                   GraphicsRunResult::Finished);
     }
-    ConversionRequest Conversion(const GraphicsInputData& data, const SectionInput& input, bool stamped) const {
-        return {SectionReportName, SectionCsvName,         stamped, LanguageNumberOf(Base), Units, data.LayerCount,
-                input.PointCount,  Section.OutputComponent};
+    ConversionRequest Conversion(const GraphicsInputData& data, const SectionInput& input) const {
+        return {SectionReportName, SectionCsvName,   LanguageNumberOf(Base), Units,
+                data.LayerCount,   input.PointCount, Section.OutputComponent};
     }
 };
 
@@ -53,14 +53,14 @@ TEST(SectionRoad, LeavesItsThreeFilesInEveryLanguageAndUnit) {
             const SectionInput input = road.Prepare(data);
             road.Solve();
             EXPECT_EQ(folder.Names(), (Lines{"ZIRVO_SV.BRE", "ZIRVO_SV.EVA"}));
-            ConvertResultsToCsv(road.Conversion(data, input, false));
+            ConvertResultsToCsv(road.Conversion(data, input));
             EXPECT_EQ(folder.Names(), (Lines{"ZIRVO_SV.BRE", "ZIRVO_SV.CSV", "ZIRVO_SV.EVA"}));
             const Lines epsX = CrLfLines(GetFile("ZIRVO_SV.CSV"));
             ASSERT_EQ(epsX.size(), 628U);
             EXPECT_EQ(CrLfLines(GetFile("ZIRVO_SV.BRE"))[0], "   <ZIRVO Ver2.3>");
             // RE-DRAW with the other component reads the stamped report.
             road.Section.OutputComponent = ComponentEpsZ;
-            ConvertResultsToCsv(road.Conversion(data, input, true));
+            ConvertResultsToCsv(road.Conversion(data, input));
             const Lines epsZ = CrLfLines(GetFile("ZIRVO_SV.CSV"));
             ASSERT_EQ(epsZ.size(), 628U);
             // Point 313 of 625 is the middle one, at 0, 0: tension below the asphalt, shortening along the depth.
@@ -80,7 +80,7 @@ TEST(SectionRoad, AnInterfaceOfAnXZSectionHasBothStrains) {
     const SectionInput input = road.Prepare(data);
     EXPECT_EQ(input.PointCount, 350);
     road.Solve();
-    ConvertResultsToCsv(road.Conversion(data, input, false));
+    ConvertResultsToCsv(road.Conversion(data, input));
     const Lines lines = CrLfLines(GetFile("ZIRVO_SV.CSV"));
     ASSERT_EQ(lines.size(), 353U);
     // X = 0 is position 13; the interface is level 7 (in the asphalt) and level 8 (in the ground).
@@ -102,7 +102,7 @@ TEST(SectionRoad, TheMiddleOfAHalfSpaceHasTheHandComputedStrain) {
     const Road road{{ComponentEpsZ, SectionKind::XY, -3, 1}};
     const SectionInput input = road.Prepare(data);
     road.Solve();
-    ConvertResultsToCsv(road.Conversion(data, input, false));
+    ConvertResultsToCsv(road.Conversion(data, input));
     const auto middle = Numbers(CrLfLines(GetFile("ZIRVO_SV.CSV"))[315]);
     EXPECT_EQ(middle[2], 0) << "a negative depth is the surface";
     EXPECT_NEAR(middle[3], -1.4 * 0.2 * 5000 / (225 * 3.14159265358979) / 1000 * 1e6, 1e-5);
@@ -115,12 +115,12 @@ TEST(SectionRoad, WithoutASolverAStaleReportIsShownAsNewAndAMissingOneIsAFault) 
     const SectionInput input = road.Prepare(data);
     const GraphicsRunRequest nowhere{2, UnitSystem::KgfToKgf, folder.Path()};
     RunGraphicsSolver(nowhere, *MakeProcessService(), {});
-    EXPECT_EQ(FaultOf([&] { ConvertResultsToCsv(road.Conversion(data, input, false)); }), 53);
+    EXPECT_EQ(FaultOf([&] { ConvertResultsToCsv(road.Conversion(data, input)); }), 53);
     road.Solve();
     const std::string report = GetFile("ZIRVO_SV.BRE");
     RunGraphicsSolver(nowhere, *MakeProcessService(), {});
     EXPECT_EQ(GetFile("ZIRVO_SV.BRE"), report);
-    ConvertResultsToCsv(road.Conversion(data, input, false));
+    ConvertResultsToCsv(road.Conversion(data, input));
     EXPECT_EQ(CrLfLines(GetFile("ZIRVO_SV.CSV")).size(), 628U);
 }
 
@@ -132,7 +132,7 @@ TEST(SectionRoad, TwoRunsReplaceAllThreeFilesWithoutAQuestion) {
     for (int run = 1; run <= 2; ++run) {
         const SectionInput input = road.Prepare(data);
         road.Solve();
-        ConvertResultsToCsv(road.Conversion(data, input, false));
+        ConvertResultsToCsv(road.Conversion(data, input));
         const Lines files{GetFile("ZIRVO_SV.EVA"), GetFile("ZIRVO_SV.BRE"), GetFile("ZIRVO_SV.CSV")};
         EXPECT_TRUE(first.empty() || files == first) << "stamped once only, since the solver wrote it anew";
         first = files;
@@ -153,7 +153,7 @@ TEST(SectionRoad, ThinLayersAndCoincidingLoadsAreSolved) {
     const SectionInput input = road.Prepare(data);
     EXPECT_EQ(input.PointCount, 25 * 21);
     road.Solve();
-    ConvertResultsToCsv(road.Conversion(data, input, false));
+    ConvertResultsToCsv(road.Conversion(data, input));
     EXPECT_EQ(CrLfLines(GetFile("ZIRVO_SV.CSV")).size(), 3U + 25 * 21);
 }
 

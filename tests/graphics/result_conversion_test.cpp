@@ -40,9 +40,9 @@ std::string Report(bool comma, const std::string& rows = Rows) {
            rows + "   END OF REPORT\r\n";
 }
 
-ConversionRequest Request(bool stamped = false, Int16 language = English, UnitSystem units = UnitSystem::KnToMPa,
+ConversionRequest Request(Int16 language = English, UnitSystem units = UnitSystem::KnToMPa,
                           Int16 component = ComponentEpsX) {
-    return {"ZIRVO_SV.BRE", "ZIRVO_SV.CSV", stamped, language, units, 2, 2, component};
+    return {"ZIRVO_SV.BRE", "ZIRVO_SV.CSV", language, units, 2, 2, component};
 }
 
 int FaultOfConversion(const ConversionRequest& request) {
@@ -83,7 +83,7 @@ TEST_F(ConvertResults, AFreshReportIsStampedAndItsPointsStandInTheCommaFile) {
 
 TEST_F(ConvertResults, AStampedReportIsReadBehindItsStampAndNotStampedAgain) {
     PutFile("ZIRVO_SV.BRE", Stamp + Report(false));
-    ConvertResultsToCsv(Request(true, English, UnitSystem::KnToMPa, ComponentEpsZ));
+    ConvertResultsToCsv(Request(English, UnitSystem::KnToMPa, ComponentEpsZ));
     EXPECT_EQ(GetFile("ZIRVO_SV.CSV"), CsvOfEpsZ);
     EXPECT_EQ(GetFile("ZIRVO_SV.BRE"), Stamp + Report(false));
 }
@@ -93,24 +93,57 @@ TEST_F(ConvertResults, EveryRowOfTheSkipTableReadsItsReport) {
         for (const UnitSystem units : {UnitSystem::KgfToKgf, UnitSystem::KgfToMPa, UnitSystem::KnToMPa}) {
             const bool comma = language == English && units == UnitSystem::KgfToKgf;
             PutFile("ZIRVO_SV.BRE", Report(comma));
-            ConvertResultsToCsv(Request(false, language, units));
+            ConvertResultsToCsv(Request(language, units));
             EXPECT_EQ(GetFile("ZIRVO_SV.CSV"), CsvOfEpsX);
             // The second conversion of the same run, of the other component.
-            ConvertResultsToCsv(Request(true, language, units, ComponentEpsZ));
+            ConvertResultsToCsv(Request(language, units, ComponentEpsZ));
             EXPECT_EQ(GetFile("ZIRVO_SV.CSV"), CsvOfEpsZ);
             // And a report whose head is one field off is a word where a number should stand, or a number too few.
             PutFile("ZIRVO_SV.BRE", Report(!comma));
-            EXPECT_NE(FaultOfConversion(Request(false, language, units)), 0);
+            EXPECT_NE(FaultOfConversion(Request(language, units)), 0);
         }
     }
 }
 
-TEST_F(ConvertResults, AFreshReportTakenAsStampedAndTheOtherWayRoundDoesNotRead) {
+// A report that another version has stamped has the same line more.
+TEST_F(ConvertResults, TheFirstLineTellsTheStampOfAnyVersion) {
+    for (const std::string stamp : {"   <ZIRVO Ver2.2>\r\n", "   <ZIRVO Ver10.0>\n"}) {
+        PutFile("ZIRVO_SV.BRE", stamp + Report(false));
+        ConvertResultsToCsv(Request());
+        EXPECT_EQ(GetFile("ZIRVO_SV.CSV"), CsvOfEpsX);
+        EXPECT_EQ(GetFile("ZIRVO_SV.BRE"), stamp + Report(false));
+    }
+}
+
+TEST_F(ConvertResults, AStampAnywhereElseIsNone) {
+    for (const std::string title : {"<ZIRVO Ver2.3>", " x <ZIRVO Ver2.3>", "ZIRVO"}) {
+        const std::string report = Replaced(Report(false), "   TITLE", title);
+        PutFile("ZIRVO_SV.BRE", report);
+        ConvertResultsToCsv(Request());
+        EXPECT_EQ(GetFile("ZIRVO_SV.CSV"), CsvOfEpsX) << title;
+        EXPECT_EQ(GetFile("ZIRVO_SV.BRE"), Stamp + report);
+    }
+}
+
+TEST_F(ConvertResults, AFaultTellsTheReportAndWhatTheSolverSaysInIt) {
+    const auto about = [] {
+        try {
+            ConvertResultsToCsv(Request());
+        } catch (const RuntimeFault& caught) {
+            return caught.About();
+        }
+        return FaultSubject();
+    };
+    EXPECT_EQ(about(), (FaultSubject{FaultMatter::Report, Folder.Path("ZIRVO_SV.BRE"), ""}));
+    PutFile("ZIRVO_SV.BRE",
+            "   TITLE\r\n\r\n   ERROR - THIS REPORT HOLDS NO RESULTS\r\n   FILE: ZIRVO_SV.EVA\r\n   REASON: x\r\n");
+    EXPECT_EQ(about(), (FaultSubject{FaultMatter::File, Folder.Path("ZIRVO_SV.BRE"),
+                                     "TITLE\nERROR - THIS REPORT HOLDS NO RESULTS\nFILE: ZIRVO_SV.EVA\nREASON: x"}));
+    PutFile("ZIRVO_SV.BRE", Report(false, "1 2 3"));  // a table, however short, is no word of the solver's
+    EXPECT_EQ(about(), (FaultSubject{FaultMatter::File, Folder.Path("ZIRVO_SV.BRE"), ""}));
     PutFile("ZIRVO_SV.BRE", Report(false));
-    EXPECT_NE(FaultOfConversion(Request(true)), 0);
-    PutFile("ZIRVO_SV.BRE", Stamp + Report(false));
-    EXPECT_EQ(FaultOfConversion(Request(false)), 13);
-    EXPECT_EQ(GetFile("ZIRVO_SV.BRE"), Stamp + Report(false));
+    PutFile("ZIRVO_SV.TMP", "left over");
+    EXPECT_EQ(about(), (FaultSubject{FaultMatter::File, Folder.Path("ZIRVO_SV.TMP"), ""}));
 }
 
 // The head is counted in text fields, not in lines.
@@ -132,7 +165,7 @@ TEST_F(ConvertResults, NoComponentLeavesAnEmptyCommaFileButAStampedReport) {
     for (const Int16 component : {Int16{0}, Int16{3}, Int16{-1}}) {
         PutFile("ZIRVO_SV.BRE", Report(false));
         PutFile("ZIRVO_SV.CSV", "old");
-        ConvertResultsToCsv(Request(false, English, UnitSystem::KnToMPa, component));
+        ConvertResultsToCsv(Request(English, UnitSystem::KnToMPa, component));
         EXPECT_EQ(GetFile("ZIRVO_SV.CSV"), "");
         EXPECT_EQ(GetFile("ZIRVO_SV.BRE"), Stamp + Report(false));
     }
@@ -218,7 +251,7 @@ TEST_F(ConvertResults, ALeftOverTemporaryFileIsFaultFiftyEightAndNothingIsReplac
 TEST_F(ConvertResults, AFullDiskLosesNoReportAndNoCommaFile) {
     PutFile("ZIRVO_SV.BRE", Stamp + Report(false));
     PutFile("ZIRVO_SV.CSV", "old");
-    EXPECT_EQ(FaultWithFilesLimitedTo(50, [] { ConvertResultsToCsv(Request(true)); }), 61);
+    EXPECT_EQ(FaultWithFilesLimitedTo(50, [] { ConvertResultsToCsv(Request()); }), 61);
     EXPECT_EQ(GetFile("ZIRVO_SV.CSV"), "old");
     PutFile("ZIRVO_SV.BRE", Report(false));
     EXPECT_EQ(FaultWithFilesLimitedTo(Report(false).size(), [] { ConvertResultsToCsv(Request()); }), 61);

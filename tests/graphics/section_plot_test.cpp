@@ -22,7 +22,7 @@ SectionPlot PlotOf(SectionKind kind, Int16 component, const std::string& positio
 ReadOuts TakeRoad(SectionPlot& plot) {
     EXPECT_EQ(StartSection(plot, test::ExampleData()), SectionInputStatus::Written);
     EXPECT_EQ(SolveSection(plot, ZIRVO_BIN, *MakeProcessService(), {}), GraphicsRunResult::Finished);
-    ConvertSection(plot, false);
+    ConvertSection(plot);
     return LoadSection(plot);
 }
 
@@ -57,13 +57,13 @@ TEST(SectionPlot, ARedrawWithTheOtherComponentNeedsNoSolver) {
     SectionPlot plot = PlotOf(SectionKind::XZ, ComponentEpsX, "0");
     const ReadOuts first = TakeRoad(plot);
     plot.Section.OutputComponent = ComponentEpsZ;
-    ConvertSection(plot, true);
+    ConvertSection(plot);
     const ReadOuts second = LoadSection(plot);
     EXPECT_NE(first.ValueMin, second.ValueMin);
     EXPECT_EQ(first.AxisMax2, second.AxisMax2);
     EXPECT_EQ(TitleOf(plot), "EPSz  Section: X-Z  Y=0cm  <ZIRVO Ver2.3>");
     plot.Section.OutputComponent = ComponentEpsX;
-    ConvertSection(plot, true);
+    ConvertSection(plot);
     EXPECT_EQ(LoadSection(plot), first);
 }
 

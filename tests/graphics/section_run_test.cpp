@@ -75,14 +75,14 @@ TEST_F(RunGraphicsSolverTest, AMissingInputWritesNothingAndStartsNothing) {
 TEST_F(RunGraphicsSolverTest, ASolverThatCannotBeStartedPassesInSilence) {
     Process.WorkInWait = false;
     Process.Work = [] { throw RuntimeFault(fault::FileNotFound); };
-    EXPECT_EQ(Run(), GraphicsRunResult::Finished);
+    EXPECT_EQ(Run(), GraphicsRunResult::NotStarted);
     EXPECT_EQ(Log, Lines{Start});
     EXPECT_EQ(Folder.Names(), Lines{"ZIRVO_SV.EVA"});
 }
 
 TEST_F(RunGraphicsSolverTest, TheSystemsOwnProcessesPassAMissingSolverInSilenceToo) {
     Request.ProgramFolder = Folder.Path();
-    EXPECT_EQ(RunGraphicsSolver(Request, *MakeProcessService(), {}), GraphicsRunResult::Finished);
+    EXPECT_EQ(RunGraphicsSolver(Request, *MakeProcessService(), {}), GraphicsRunResult::NotStarted);
     EXPECT_EQ(Folder.Names(), Lines{"ZIRVO_SV.EVA"});
 }
 

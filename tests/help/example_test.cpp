@@ -49,7 +49,7 @@ protected:
         const GraphicsInputResult road = ReadGraphicsInput(ZIRVO_SAMPLES "/road.ven");
         EXPECT_EQ(StartSection(plot, *road), SectionInputStatus::Written);
         SolveSection(plot, ZIRVO_BIN, *MakeProcessService(), {});
-        ConvertSection(plot, false);
+        ConvertSection(plot);
         return LoadSection(plot);
     }
 };

@@ -28,7 +28,7 @@ public:
         EXPECT_TRUE(read.Passed());
         EXPECT_EQ(StartSection(plot_, *read), SectionInputStatus::Written);
         EXPECT_EQ(SolveSection(plot_, ZIRVO_BIN, *MakeProcessService(), {}), GraphicsRunResult::Finished);
-        Convert(false);
+        Convert();
     }
     ~Screen() { ChangeFolder(before_); }
     Screen(const Screen&) = delete;
@@ -37,7 +37,7 @@ public:
     /// RE-DRAW with the other component.
     void Redraw(Int16 component) {
         plot_.Section.OutputComponent = component;
-        Convert(true);
+        Convert();
     }
 
     std::string Saved(const DisplayItems& items) const {
@@ -52,8 +52,8 @@ private:
     std::string before_;
     SectionPlot plot_;
 
-    void Convert(bool stamped) {
-        ConvertSection(plot_, stamped);
+    void Convert() {
+        ConvertSection(plot_);
         const ReadOuts texts = LoadSection(plot_);
         EXPECT_NE(texts.ValueMin, texts.ValueMax);
     }
