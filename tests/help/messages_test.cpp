@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <limits>
 
+#include "base/fault_words.h"
 #include "base/runtime_fault.h"
 #include "contour/display_rules.h"
 #include "graphics/point_grid.h"
@@ -56,6 +57,15 @@ TEST_P(ManualFacts, EveryRunTimeErrorIsListedWithItsWords) {
         }
     }
     EXPECT_EQ(listed, known);
+}
+
+TEST_P(ManualFacts, TheBoxOfAnErrorIsTheOneThatTheProgramShows) {
+    const RuntimeFault caught(fault::FileNotFound, {FaultMatter::Program, "/home/road/zirvo/ZIRVO_SV12.EXE", ""});
+    const FaultLanguage language = GetParam() == JapaneseBase ? FaultLanguage::Japanese : FaultLanguage::English;
+    const std::string box = "Run-time error '53':" + std::string(caught.what()) + FaultExplanation(caught, language) +
+                            std::string(ProgramEnds(language));
+    const std::string text = WithoutBlanks(Pages().Page.TextBetween("faults", "refused"));
+    EXPECT_NE(text.find(WithoutBlanks(box)), std::string::npos) << box;
 }
 
 TEST_P(ManualFacts, LimitsAreThoseOfTheProgram) {
