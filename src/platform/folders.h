@@ -9,8 +9,9 @@
 
 namespace zirvo {
 
-/// The user's folder for the state of programs: $XDG_STATE_HOME where that is a full path, else ".local/state" in the
-/// home folder; %LOCALAPPDATA% on Windows. "" where the system tells none. It may have to be made.
+/// This program's folder among those in which the user's programs keep their state: "zirvo" in $XDG_STATE_HOME where
+/// that is a full path, else in ".local/state" in the home folder; "ZIRVO" in %LOCALAPPDATA% on Windows. "" where the
+/// system tells none. It may have to be made.
 std::string UserStateFolder();
 
 /// Makes a folder with those above it, each for this user alone. True if it is there behind the call.

@@ -51,10 +51,10 @@ std::string Variable(const char* name) {
 std::string UserStateFolder() {
     const std::string folder = Variable("XDG_STATE_HOME");
     if (!folder.empty() && folder.front() == '/') {
-        return folder;
+        return JoinPath(folder, "zirvo");
     }
     const std::string home = Variable("HOME");
-    return home.empty() || home.front() != '/' ? "" : JoinPath(home, ".local/state");
+    return home.empty() || home.front() != '/' ? "" : JoinPath(home, ".local/state/zirvo");
 }
 
 FileLock::FileLock(std::string path, std::intptr_t handle) : path_(std::move(path)), handle_(handle) {}

@@ -5,6 +5,7 @@
 
 #include "base/runtime_fault.h"
 #include "platform/file_lock.h"
+#include "platform/files.h"
 #include "platform/folders.h"
 #include "platform/windows_text.h"
 
@@ -29,7 +30,7 @@ std::intptr_t LockedFile(const std::string& path, DWORD disposition) {
 std::string UserStateFolder() {
     std::array<wchar_t, 32768> folder{};  // the longest that the system can hold
     const DWORD length = GetEnvironmentVariableW(L"LOCALAPPDATA", folder.data(), static_cast<DWORD>(folder.size()));
-    return length == 0 || length >= folder.size() ? "" : FromWide({folder.data(), length});
+    return length == 0 || length >= folder.size() ? "" : JoinPath(FromWide({folder.data(), length}), "ZIRVO");
 }
 
 FileLock::FileLock(std::string path, std::intptr_t handle) : path_(std::move(path)), handle_(handle) {}

@@ -9,7 +9,9 @@
 #include "forms/application.h"
 #include "graphics/form5.h"
 #include "graphics/form6.h"
+#include "kept/kept_store.h"
 #include "platform/files.h"
+#include "platform/folders.h"
 #include "platform/process.h"
 #include "qt/program_fonts.h"
 #include "qt/widgets/qt_desktop.h"
@@ -26,6 +28,16 @@ void Register(forms::Application& application) {
     application.Register(Screen::FormName, [](forms::Application& owner) { return std::make_unique<Screen>(owner); });
 }
 
+/// The typed data in it; "" where the system knows no such folder.
+std::string KeptFolderOf(const std::string& stateFolder) {
+    return stateFolder.empty() ? "" : JoinPath(stateFolder, "kept");
+}
+
+std::unique_ptr<DataScreen> KeptIn(KeptStore& kept, std::unique_ptr<DataScreen> screen) {
+    screen->KeepIn(kept);
+    return screen;
+}
+
 /// The style's own colours with darker words on what is disabled: data that waits for its run, and the note while the
 /// solver works, are there to be read.
 QPalette ReadablePalette() {
@@ -38,15 +50,17 @@ QPalette ReadablePalette() {
 
 int Run() {
     const std::unique_ptr<ProcessService> processes = MakeProcessService();
+    KeptStore kept(KeptFolderOf(UserStateFolder()));
     widgets::QtDesktop desktop;
     forms::Application application(desktop);
     Register<Form1>(application);
     Register<Form2>(application);
-    application.Register(Form3::FormName, [&processes](forms::Application& owner) {
-        return std::make_unique<Form3>(owner, *processes, ProgramFolder());
+    application.Register(Form3::FormName, [&](forms::Application& owner) {
+        return KeptIn(kept, std::make_unique<Form3>(owner, *processes, ProgramFolder()));
     });
     Register<Form4>(application);
-    Register<Form5>(application);
+    application.Register(Form5::FormName,
+                         [&](forms::Application& owner) { return KeptIn(kept, std::make_unique<Form5>(owner)); });
     application.Register(Form6::FormName, [makePicture = desktop.MapPictureMaker()](forms::Application& owner) {
         return std::make_unique<Form6>(owner, makePicture);
     });

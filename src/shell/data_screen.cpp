@@ -9,6 +9,7 @@
 #include "grid/grid_sizing.h"
 #include "platform/files.h"
 #include "shell/form2.h"
+#include "shell/kept_data.h"
 #include "shell/layout.h"
 #include "shell/screen_language.h"
 #include "text/catalogue.h"
@@ -58,11 +59,20 @@ DataScreen::DataScreen(forms::Application& application, std::string name, std::s
 
 void DataScreen::Bind(DataControls controls) {
     its_.emplace(std::move(controls));
-    its_->Option1.Click = [this] { Option1_Click(); };
-    its_->Option2.Click = [this] { Option2_Click(); };
+    its_->Option1.Click = [this] {
+        StartOtherData();
+        Option1_Click();
+    };
+    its_->Option2.Click = [this] {
+        StartOtherData();
+        Option2_Click();
+    };
     its_->Command1.Click = [this] { Command1_Click(); };
     its_->Command3.Click = [this] { Command3_Click(); };
-    its_->Command4.Click = [this] { Command4_Click(); };
+    its_->Command4.Click = [this] {
+        StartOtherData();
+        Command4_Click();
+    };
     its_->Command5.Click = [this] { Command5_Click(); };
     its_->Command6.Click = [this] { Command6_Click(); };
     its_->Command7.Click = [this] { Command7_Click(); };
@@ -114,6 +124,7 @@ void DataScreen::Form_Load() {
     EnableGrids(false);  // the counts have enabled them
     editing_->Speak(languageBase_);
     editing_->Forget();
+    BeginKeeping();
 }
 
 // What the controls say ---------------------------------------------------------------------------------------------
@@ -316,6 +327,7 @@ std::optional<std::string> DataScreen::ChooseFile() {
 }
 
 bool DataScreen::AskForUpdate() {
+    DataStandInFile();
     const bool update = Tell(62, Icon::None, Buttons::YesNo) != Answer::No;
     DisableSource();
     if (!update) {
@@ -325,6 +337,12 @@ bool DataScreen::AskForUpdate() {
         EnableBars(false);
         return false;
     }
+    BeginUpdate();
+    return true;
+}
+
+/// Data that were not typed here can be changed.
+void DataScreen::BeginUpdate() {
     its_->Command3.Enabled = true;
     its_->Command4.Enabled = true;
     its_->Command5.Enabled = true;
@@ -332,7 +350,6 @@ bool DataScreen::AskForUpdate() {
     its_->Command7.Enabled = false;
     EnableBoxes(true);
     EnableBars(true);
-    return true;
 }
 
 void DataScreen::Command3_Click() {  // PREVIOUS
@@ -377,6 +394,7 @@ void DataScreen::Command6_Click() {  // SAVE DATA
         return;  // boxes and grids stay disabled: DATA OK! leads to the same question, CLEAR FORM away from it
     }
     WriteWholeFile(name, FileBytes());
+    DataStandInFile();
     its_->Command6.Enabled = false;
     its_->Command7.Enabled = true;
     its_->Command7.SetFocus();

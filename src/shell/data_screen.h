@@ -19,6 +19,10 @@
 
 namespace zirvo {
 
+class KeptData;
+class KeptStore;
+struct KeptScreen;
+
 /// The data cells of a grid, by row; entry 0 stands for the headings and is empty. Fewer columns than asked for are
 /// fault 9.
 template <std::size_t Columns>
@@ -82,7 +86,15 @@ struct DataControls {
 /// take alike stands here; where one of them does more or something else, that one has a handler of its own.
 class DataScreen : public forms::Form {
 public:
+    ~DataScreen() override;
+
+    /// What stands here is kept in this store, and what it has is offered once the screen is up. Before the load, or
+    /// nothing is kept. The store must outlive the screen.
+    void KeepIn(KeptStore& store);
+
     void Form_Load() override;
+    void Form_Unload() override;
+    void Form_ProgramEnds() override;
     virtual void Option1_Click();       ///< NEW DATA
     virtual void Option2_Click();       ///< IMPORT FROM FILE
     void Command1_Click();              ///< OPEN FILE
@@ -153,6 +165,11 @@ protected:
 
 private:
     void BindTable(const DataTable& table);
+    void BeginKeeping();
+    void StartOtherData();   ///< before the first of the data that stand here goes
+    void DataStandInFile();  ///< what stands here has been read from a file or written to one
+    void FillFrom(const KeptScreen& kept);
+    void BeginUpdate();
     void DisableSteps();
     void DisableSource();
     void ClearFileNames();
@@ -165,6 +182,7 @@ private:
     Int16 languageBase_ = 0;
     std::shared_ptr<clsFlexGridEdit> editor_;
     std::optional<TableEditing> editing_;
+    std::unique_ptr<KeptData> kept_;  ///< nothing where nothing is kept
 };
 
 }  // namespace zirvo

@@ -3,6 +3,7 @@
 #pragma once
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <functional>
 #include <memory>
 #include <string>
@@ -12,6 +13,7 @@
 #include "analysis/form4.h"
 #include "forms/screen_helpers.h"
 #include "forms/scripted_desktop.h"
+#include "kept/kept_store.h"
 #include "pavement/analysis_input.h"
 #include "pavement/scripted_process.h"
 #include "pavement/support.h"
@@ -43,10 +45,17 @@ public:
     std::vector<std::string> ProcessLog;
     ScriptedProcess Scripted{ProcessLog};
     Int16 LanguageBase;
+    /// What stood before the data screen came to its user.
+    std::vector<forms::Message> BoxesAtTheStart;
 
     /// The screens up to the data screen, in that language and with that unit option set (0 for none). The scripted
     /// solver leaves both reports.
-    explicit AnalysisScreens(Int16 languageBase = EnglishBase, int unit = 3) : LanguageBase(languageBase) {
+    /// @param kept     what the data screen is kept in; nothing is kept where it is nullptr
+    /// @param answers  to what is asked meanwhile
+    explicit AnalysisScreens(Int16 languageBase = EnglishBase, int unit = 3, KeptStore* kept = nullptr,
+                             std::deque<forms::Answer> answers = {})
+        : LanguageBase(languageBase), Kept(kept) {
+        Desktop.Answers = std::move(answers);
         Scripted.Work = [] {
             PutFile("Untitled.san", "principal\r\n");
             PutFile("Untitled.bre", "results\r\n");
@@ -54,7 +63,12 @@ public:
         App.Register("Form1", [](auto& app) { return std::make_unique<Form1>(app); });
         App.Register("Form2", [this](auto& app) { return std::make_unique<Form2>(app, Program.Path()); });
         App.Register("Form3", [this](auto& app) {
-            return std::make_unique<TestedForm3>(app, Processes == nullptr ? Scripted : *Processes, SolverFolder());
+            auto form =
+                std::make_unique<TestedForm3>(app, Processes == nullptr ? Scripted : *Processes, SolverFolder());
+            if (Kept != nullptr) {
+                form->KeepIn(*Kept);
+            }
+            return form;
         });
         App.Register("Form4", [](auto& app) { return std::make_unique<Form4>(app); });
         App.Dispatch([&] {
@@ -66,6 +80,7 @@ public:
             }
         });
         App.Show("Form3");
+        BoxesAtTheStart = Desktop.Boxes;
         Desktop.Forget();
     }
 
@@ -116,6 +131,7 @@ public:
     }
 
 private:
+    KeptStore* Kept;
     ProcessService* Processes = nullptr;
     std::string SolverPath;
     std::string SolverFolder() const { return Processes == nullptr ? Program.Path() : SolverPath; }

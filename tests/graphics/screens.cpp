@@ -44,8 +44,12 @@ std::vector<std::string> RecordedPicture::Texts() const {
 Screens::Screens(const ScreenOptions& options) {
     App.Register("Form1", [](forms::Application& app) { return std::make_unique<Form1>(app); });
     App.Register("Form2", [this](forms::Application& app) { return std::make_unique<Form2>(app, Folder.Path()); });
-    App.Register("Form5", [folder = options.ProgramFolder](forms::Application& app) {
-        return std::make_unique<Form5>(app, folder);
+    App.Register("Form5", [folder = options.ProgramFolder, kept = options.Kept](forms::Application& app) {
+        auto form = std::make_unique<Form5>(app, folder);
+        if (kept != nullptr) {
+            form->KeepIn(*kept);
+        }
+        return form;
     });
     const auto makePicture = [this](forms::PictureBox& control) {
         auto picture = std::make_unique<RecordedPicture>(PixelsOfTwips(control.Width), PixelsOfTwips(control.Height));

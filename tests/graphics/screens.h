@@ -14,6 +14,7 @@
 #include "forms/scripted_desktop.h"
 #include "graphics/form5.h"
 #include "graphics/form6.h"
+#include "kept/kept_store.h"
 #include "pavement/support.h"
 #include "shell/form1.h"
 #include "shell/form2.h"
@@ -66,6 +67,7 @@ struct ScreenOptions {
     int Units = 1;  ///< 0: none of the three
     std::string ProgramFolder = ZIRVO_BIN;
     std::shared_ptr<ProcessService> Process = nullptr;  ///< nullptr: the operating system's own
+    KeptStore* Kept = nullptr;                          ///< nullptr: nothing is kept
 };
 
 class Screens {

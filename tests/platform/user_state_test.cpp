@@ -36,14 +36,14 @@ private:
 
 TEST(UserStateFolder, IsTheOneThatTheUserNames) {
     const Variable state("XDG_STATE_HOME", "/somewhere/state");
-    EXPECT_EQ(UserStateFolder(), "/somewhere/state");
+    EXPECT_EQ(UserStateFolder(), "/somewhere/state/zirvo");
 }
 
 TEST(UserStateFolder, IsBelowHomeWhereNoneOrNoFullPathIsNamed) {
     const Variable home("HOME", "/home/user");
     for (const char* named : {static_cast<const char*>(nullptr), "", "state"}) {
         const Variable state("XDG_STATE_HOME", named);
-        EXPECT_EQ(UserStateFolder(), "/home/user/.local/state");
+        EXPECT_EQ(UserStateFolder(), "/home/user/.local/state/zirvo");
     }
 }
 
