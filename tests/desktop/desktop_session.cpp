@@ -44,6 +44,7 @@ DesktopSession::DesktopSession(QSize screen)
     environment_ = {{"PATH", path == nullptr ? "/usr/bin:/bin" : path},
                     {"HOME", folder_.string()},
                     {"XDG_RUNTIME_DIR", folder_.string()},
+                    {"XDG_STATE_HOME", StateFolder().string()},
                     {"LANG", "C.UTF-8"}};
     std::filesystem::copy(ZIRVO_BIN, programs_, std::filesystem::copy_options::recursive);
     std::filesystem::create_directory(work_);
@@ -91,9 +92,17 @@ void DesktopSession::StartDisplay(QSize screen) {
 }
 
 void DesktopSession::Start() {
+    Launch();
+    WaitForWindow("Form1");
+}
+
+void DesktopSession::Launch() {
     program_ = std::make_unique<ChildProcess>(std::vector<std::string>{(programs_ / "zirvo").string()}, environment_,
                                               work_.string(), -1, Complaints());
-    WaitForWindow("Form1");
+}
+
+void DesktopSession::Kill() {
+    program_->Kill();
 }
 
 bool DesktopSession::IsRunning() {
@@ -113,8 +122,8 @@ void DesktopSession::WaitFor(const std::string& what, const std::function<bool()
             if (display_ != nullptr) {
                 const auto* test = testing::UnitTest::GetInstance()->current_test_info();
                 std::string name = test == nullptr ? "test" : test->name();
-                std::replace(name.begin(), name.end(), '/', '-');  // of the parameter
-                picture = std::string(ZIRVO_FAILURES) + "/" + name + ".png";
+                std::replace(name.begin(), name.end(), '/', '-');  // of a test with parameters
+                picture.append(ZIRVO_FAILURES).append("/").append(name).append(".png");
                 std::filesystem::create_directories(ZIRVO_FAILURES);
                 Screenshot(picture);
             }
@@ -142,6 +151,10 @@ void DesktopSession::WaitForWindow(const std::string& role) {
         before = now;
         return same >= looksAlike && !IsPlain(now);
     });
+}
+
+void DesktopSession::WaitForKeys(const std::string& role) {
+    WaitFor("the window " + role, [&] { return display_->IsActive(role); });
 }
 
 void DesktopSession::WaitForNoWindow(const std::string& role) {

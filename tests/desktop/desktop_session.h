@@ -28,8 +28,15 @@ public:
     /// An empty folder for the files of the user.
     const std::filesystem::path& WorkFolder() const { return work_; }
 
+    /// The folder in which the program keeps its state; made by itself.
+    std::filesystem::path StateFolder() const { return folder_ / "state"; }
+
     /// Starts the program and waits for its first screen.
     void Start();
+    /// Starts the program and waits for nothing.
+    void Launch();
+    /// Ends it as a crash does, and waits until the system has taken it away.
+    void Kill();
     /// Waits for the program to end. Gives its exit status.
     int WaitForExit();
     bool IsRunning();
@@ -37,6 +44,8 @@ public:
     void WaitFor(const std::string& what, const std::function<bool()>& condition);
     /// Until the window is on the screen, has the keys and has painted itself.
     void WaitForWindow(const std::string& role);
+    /// Until the window is on the screen and has the keys, painted or not: for a test that only types.
+    void WaitForKeys(const std::string& role);
     void WaitForNoWindow(const std::string& role);
     bool IsShown(const std::string& role) const;
     std::string TitleOf(const std::string& role) const;
