@@ -3,10 +3,15 @@
 //   - CountStep: one step of the points' scroll bar between 10000 and 9999 (at most 16 ms)
 //   - ImportCheckSave: OPEN FILE, DATA OK!, SAVE DATA (at most 0.2 s)
 //   - ScrollToTheEnd, EditTheLastRow: the points' grid
+//   - TypeAndUndo: a digit, Enter and Ctrl+Z in the last row, each stroke timed by itself (at most 16 ms)
+//   - PasteAll: Ctrl+V of 10000 new rows, 200 times, so that 200 of them can be undone (memory within 200 MB)
 //   - WholeView, RebuiltView: a report of 10000 points (at most 0.5 s)
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <algorithm>
+#include <array>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -97,6 +102,7 @@ public:
         App.Show("Form4");
         return App.Get<Form4>();
     }
+    void SetClipboard(const std::string& text) { desktop_.SetClipboardText(text); }
     void Paint(forms::Form& form) { desktop_.PaintNow(form); }
 
 private:
@@ -169,6 +175,62 @@ void EditTheLastRow(benchmark::State& state) {
     }
 }
 BENCHMARK(EditTheLastRow)->Unit(benchmark::kMillisecond);
+
+void TypeAndUndo(benchmark::State& state) {
+    Screens screens;
+    screens.Import();
+    Form3& form = screens.Data();
+    form.MSFlexGrid3.UserFocus();
+    form.MSFlexGrid3.UserClickCell(MaximumPoints, 2);
+    const std::array strokes{forms::StrokeOf('7'), forms::StrokeOfKey(forms::key::Enter), forms::StrokeOfControl('Z')};
+    double longest = 0;  // ms
+    for (auto step : state) {
+        for (const forms::KeyStroke& stroke : strokes) {
+            const auto start = std::chrono::steady_clock::now();
+            form.Strike(stroke);
+            screens.Paint(form);
+            const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
+            longest = std::max(longest, taken.count());
+        }
+    }
+    state.counters["longest stroke, ms"] = longest;
+}
+BENCHMARK(TypeAndUndo)->Unit(benchmark::kMillisecond);
+
+/// Pages of memory that the program has, as MB.
+double MemoryInUse() {
+    std::ifstream pages("/proc/self/statm");
+    double whole = 0;
+    double resident = 0;
+    pages >> whole >> resident;
+    return resident * 4096 / 1e6;
+}
+
+void PasteAll(benchmark::State& state) {
+    Screens screens;
+    screens.Import();
+    Form3& form = screens.Data();
+    form.MSFlexGrid3.UserFocus();
+    form.MSFlexGrid3.UserClickCell(1, 1);
+    int round = 0;
+    for (auto step : state) {
+        state.PauseTiming();
+        ++round;
+        std::string block;
+        for (int row = 0; row < MaximumPoints; ++row) {
+            block += "1\t" + std::to_string(row * 0.25 + round) + "\t" + std::to_string(round * 1.5) + "\t" +
+                     std::to_string((row + round) % 1000 * 0.1) + "\n";
+        }
+        screens.SetClipboard(block);
+        state.ResumeTiming();
+        form.Strike(forms::StrokeOfControl('V'));
+        screens.Paint(form);
+    }
+    state.counters["steps"] = static_cast<double>(form.History().UndoSteps());
+    state.counters["history, MB"] = static_cast<double>(form.History().Bytes()) / 1e6;
+    state.counters["program, MB"] = MemoryInUse();
+}
+BENCHMARK(PasteAll)->Unit(benchmark::kMillisecond)->Iterations(200);
 
 /// Both views by turns, of which one is timed.
 void View(benchmark::State& state, bool rebuilt) {

@@ -17,7 +17,10 @@ VScrollBar::VScrollBar(Form& form, ControlId id, Control* container)
           32767, [this] { TellView(); }, [this] { SetEnds(); }),
       Value(0, [this] { TellView(); }),
       Typed("", [this] { TellView(); }) {
-    Value.SetBy([this](int value) { SetValue(value); });
+    Value.SetBy([this](int value) {
+        lastHeld_ = 0;  // what the program writes belongs to no arrow
+        SetValue(value);
+    });
 }
 
 int VScrollBar::Clamped(int value) const {

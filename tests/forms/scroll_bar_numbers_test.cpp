@@ -137,6 +137,9 @@ TEST_F(NumberOnABar, TellsWhetherTheArrowWasHeld) {
     EXPECT_TRUE(bar.IsHeld());
     bar.UserRelease(50);
     EXPECT_FALSE(bar.IsHeld());
+    bar.UserStepToMin(600);
+    screen.Run([this] { bar.Value = 70; });
+    EXPECT_FALSE(bar.IsHeld());
 }
 
 TEST_F(NumberOnABar, AMachineThatWasBusyDoesNotJump) {
