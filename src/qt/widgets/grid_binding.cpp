@@ -63,18 +63,18 @@ void GridBinding::TellAssistance(QAccessible::Event event) {
     if (event == QAccessible::ValueChanged) {
         QAccessibleInterface* cell = table->tableInterface()->cellAt(grid_.Row, grid_.Col);
         QAccessibleValueChangeEvent changed(cell, cell->text(QAccessible::Value));
-        QAccessible::updateAccessibility(&changed);
+        shown_.ToAssistance(&changed);
     } else if (shown_.hasFocus()) {
         QAccessibleEvent moved(&shown_, event);
         moved.setChild(grid_.Row * grid_.Cols + grid_.Col);
-        QAccessible::updateAccessibility(&moved);
+        shown_.ToAssistance(&moved);
     }
 }
 
 void GridBinding::TellRowsToAssistance() {
     if (shown_.IsRead()) {
         QAccessibleTableModelChangeEvent changed(&shown_, QAccessibleTableModelChangeEvent::ModelReset);
-        QAccessible::updateAccessibility(&changed);
+        shown_.ToAssistance(&changed);
     }
 }
 

@@ -32,6 +32,8 @@ public:
     /// Whether an assistive tool has asked for it, and wants to hear what changes.
     bool IsRead() const { return read_ || QAccessible::isActive(); }
     void BeginToRead() { read_ = true; }
+    /// Where its news for assistive tools go.
+    std::function<void(QAccessibleEvent* event)> ToAssistance = &QAccessible::updateAccessibility;
 
     QScrollBar& Vertical() { return vertical_; }
     QScrollBar& Horizontal() { return horizontal_; }

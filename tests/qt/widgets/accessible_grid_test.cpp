@@ -93,26 +93,18 @@ TEST_F(ReadGrid, ACellThatHasGoneAnswersNoMore) {
     EXPECT_TRUE(Cell(3, 1).isValid());
 }
 
-std::vector<std::pair<int, QString>> heard;  // NOLINT: the toolkit takes a plain function
-
-void Hear(QAccessibleEvent* event) {
-    if (event->object() != nullptr && event->object()->objectName() != "MSFlexGrid1") {
-        return;
-    }
-    QAccessibleInterface* told = event->accessibleInterface();
-    heard.emplace_back(event->type(), told == nullptr ? QString() : told->text(QAccessible::Name));
-}
-
 TEST_F(ReadGrid, TellsWhereTheCurrentCellGoesAndWhatItHolds) {
     Model().UserFocus();
     EXPECT_EQ(Table().role(), QAccessible::Table);  // a tool that has asked once hears from then on
-    heard.clear();
-    const auto before = QAccessible::installUpdateHandler(Hear);
+    std::vector<std::pair<int, QString>> heard;
+    Shown().ToAssistance = [&heard](QAccessibleEvent* event) {
+        QAccessibleInterface* told = event->accessibleInterface();
+        heard.emplace_back(event->type(), told == nullptr ? QString() : told->text(QAccessible::Name));
+    };
     Strike(Qt::Key_Down);
     Model().SetTextMatrix(2, 1, "7");
     Model().Rows = 9;
-    QAccessible::installUpdateHandler(before);
-    const auto has = [](int type, const char* name) {
+    const auto has = [&heard](int type, const char* name) {
         return std::find(heard.begin(), heard.end(), std::pair(type, QString(name))) != heard.end();
     };
     EXPECT_TRUE(has(QAccessible::Focus, "LAYER 2, MODULUS(MPa)"));
