@@ -585,7 +585,7 @@ TEST(Form6Run, ASolverThatLeavesNoReportIsToldByTheReportsName) {
                                          "\nThe solver has not written this file.\n\nThe program ends now.");
 }
 
-// 1E400 is read as the largest double, at which no strain is left that could be printed: the solver says so itself.
+// 1E400 is read as the largest double, whose 20 columns touch the X in front of it in the input: the solver says so.
 TEST(Form6Run, TheReasonThatTheSolverLeftStandsInTheBox) {
     for (const Int16 base : {EnglishBase, JapaneseBase}) {
         Screens screens({.Base = base});
