@@ -11,6 +11,13 @@ namespace zirvo {
 
 Form7::Form7(forms::Application& application) : Form(application, FormName) {
     Command1.Click = [this] { Command1_Click(); };
+    const auto closeByEscape = [this](int& keyCode) {
+        if (keyCode == forms::key::Escape) {
+            Command1_Click();
+        }
+    };
+    Text1.KeyDown = closeByEscape;
+    Command1.KeyDown = closeByEscape;
     Arrange();
 }
 
@@ -35,7 +42,7 @@ void Form7::Arrange() {
     Text1.MultiLine = true;
     Text1.Locked = true;
     Command1.Move(Pixels(570), Pixels(430), Pixels(110), Pixels(32));
-    Command1.Default = true;  // Enter closes the screen, also while the history is being read
+    Command1.Default = true;  // Enter closes the screen, as Esc does, also while the history is being read
 }
 
 void Form7::Form_Load() {

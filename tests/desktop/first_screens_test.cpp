@@ -54,6 +54,24 @@ TEST(FirstScreens, TheChainIsWalkedByKeysAlone) {
     EXPECT_FALSE(session.IsShown("Form1"));
 }
 
+TEST(FirstScreens, EscapeClosesTheVersionScreenInBothLanguages) {
+    for (const forms::Language language : {forms::Language::Japanese, forms::Language::English}) {
+        DesktopSession session;
+        session.Start();
+        session.Click("Form1", language == forms::Language::Japanese ? "Option1" : "Option2");
+        session.Language(language);
+        session.Click("Form1", "Command3");
+        session.WaitForWindow("Form7");
+        session.Key("Escape");
+        session.WaitForNoWindow("Form7");
+        session.WaitForWindow("Form1");
+        EXPECT_TRUE(session.IsRunning());
+        EXPECT_TRUE(std::filesystem::exists(session.ProgramFolder() / "README.md"));
+        session.Click("Form1", "Command1");
+        EXPECT_EQ(session.WaitForExit(), 0);
+    }
+}
+
 std::string BytesOf(const std::filesystem::path& file) {
     std::ifstream in(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};

@@ -1,6 +1,11 @@
 // The version screen.
 #include "shell/form7.h"
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
+
 #include "shell/screens.h"
 #include "shell/update_history.h"
 
@@ -64,6 +69,51 @@ TEST_F(Screens, ButtonOfForm7UnloadsItAndLeavesForm1AsItWas) {
     EXPECT_EQ(Desktop.Log, (Names{"hide Form7", "gone Form7"}));
     EXPECT_TRUE(first.IsVisible());
     EXPECT_EQ(UsableControls(first), (Names{"Command1", "Command2", "Command3"}));
+}
+
+TEST_F(Screens, EscapeClosesForm7FromTheHistoryAndFromTheButton) {
+    Form1& first = StartIn(Language::English);
+    for (const char* keys : {"\x1b", "\t\x1b"}) {
+        first.Command3.UserClick();
+        Desktop.Log.clear();
+        forms::Type(App.Get<Form7>(), keys);
+        EXPECT_EQ(App.Find("Form7"), nullptr);
+        EXPECT_EQ(Desktop.Log, (Names{"hide Form7", "gone Form7"}));
+        EXPECT_TRUE(first.IsVisible());
+    }
+}
+
+/// Every word of a text that looks like a file of the program's folder: "README.md", "LICENSE".
+Names FilesNamedIn(const std::string& text) {
+    static const std::regex name(R"([A-Za-z0-9_]+\.(md|txt|html|pdf)|LICENSE)");
+    return {std::sregex_token_iterator(text.begin(), text.end(), name), std::sregex_token_iterator()};
+}
+
+TEST_F(Screens, EveryFileThatForm7NamesLiesInTheFolderOfThePrograms) {
+    for (const Language language : {Language::Japanese, Language::English}) {
+        ProgramRun run(Desktop, Program);
+        run.StartIn(language).Command3.UserClick();
+        std::string texts;
+        for (forms::Control* control : run.App.Get<Form7>().Controls) {
+            if (const auto* label = dynamic_cast<const forms::Label*>(control)) {
+                texts += label->Caption.Get() + "\n";
+            }
+        }
+        texts += run.App.Get<Form7>().Text1.Text.Get();
+        const Names named = FilesNamedIn(texts);
+        EXPECT_EQ(named, (Names{"README.md", "README.md"})) << "home page and e-mail";
+        for (const std::string& file : named) {
+            EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::path(ZIRVO_BIN) / file)) << file;
+        }
+    }
+    // The licence is named by its kind, and its text lies there too.
+    EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::path(ZIRVO_BIN) / "LICENSE"));
+}
+
+TEST_F(Screens, TheReadmeThatForm7PointsToTellsHomePageAndMail) {
+    std::ifstream in(std::filesystem::path(ZIRVO_BIN) / "README.md");
+    const std::string readme{std::istreambuf_iterator<char>(in), {}};
+    EXPECT_NE(readme.find("## Home page and e-mail"), std::string::npos);
 }
 
 TEST_F(Screens, Form7IsLoadedAnewEachTime) {

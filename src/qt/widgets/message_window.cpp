@@ -1,6 +1,7 @@
 // Message boxes, see message_window.h.
 #include "qt/widgets/message_window.h"
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -94,10 +95,32 @@ QString Breakable(const QString& text) {
     return out;
 }
 
+/// Y and N press the buttons of a box that asks for one of the two, whatever the language of the words on them.
+class AnsweringBox final : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+    QPushButton* Yes = nullptr;
+    QPushButton* No = nullptr;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        constexpr Qt::KeyboardModifiers others = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+        // A key that was held down before must not answer a question that has only just come up.
+        const bool plain = (event->modifiers() & others) == Qt::NoModifier && !event->isAutoRepeat();
+        QPushButton* meant = event->key() == Qt::Key_Y ? Yes : event->key() == Qt::Key_N ? No : nullptr;
+        if (meant != nullptr && plain) {
+            event->accept();
+            meant->click();
+            return;
+        }
+        QMessageBox::keyPressEvent(event);
+    }
+};
+
 }  // namespace
 
 Answer AskUser(const forms::Message& message, QWidget* owner) {
-    QMessageBox box(owner);
+    AnsweringBox box(owner);
     box.setObjectName(QStringLiteral("MessageBox"));
     box.setWindowRole(box.objectName());
     box.setWindowModality(Qt::ApplicationModal);
@@ -126,7 +149,10 @@ Answer AskUser(const forms::Message& message, QWidget* owner) {
     }
     const bool mustChoose = message.Choice == forms::Buttons::YesNo;
     Qt::WindowFlags frame = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
-    if (!mustChoose) {
+    if (mustChoose) {
+        box.Yes = buttons.front();
+        box.No = buttons.back();
+    } else {
         box.setEscapeButton(buttons.back());
         frame |= Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
     }

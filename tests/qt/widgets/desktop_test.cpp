@@ -112,6 +112,37 @@ TEST_F(Boxes, YesAndNoAreLeftNeitherByEscapeNorByTheFrame) {
     EXPECT_TRUE(seen_);
 }
 
+TEST_F(Boxes, YAndNAnswerAQuestionInBothLanguages) {
+    for (const forms::Language words : {forms::Language::Japanese, forms::Language::English}) {
+        const forms::Message question{.Text = "x", .Choice = forms::Buttons::YesNo, .Words = words};
+        for (const auto& [key, answer] :
+             {std::pair(Qt::Key_Y, forms::Answer::Yes), std::pair(Qt::Key_N, forms::Answer::No)}) {
+            Meanwhile<QMessageBox>([pressed = key](QMessageBox& box) {
+                QTest::keyClick(&box, pressed, Qt::ControlModifier);
+                EXPECT_TRUE(box.isVisible());
+                QKeyEvent held(QEvent::KeyPress, pressed, Qt::NoModifier, QString(), true);
+                QCoreApplication::sendEvent(&box, &held);
+                EXPECT_TRUE(box.isVisible()) << "a key that was held down before";
+                QTest::keyClick(box.buttons().constFirst(), pressed);
+                EXPECT_FALSE(box.isVisible());
+            });
+            EXPECT_EQ(desktop_.Show(question), answer);
+            EXPECT_TRUE(std::exchange(seen_, false));
+        }
+    }
+}
+
+TEST_F(Boxes, YAndNMeanNothingWhereThereIsNoQuestion) {
+    Meanwhile<QMessageBox>([](QMessageBox& box) {
+        QTest::keyClick(&box, Qt::Key_Y);
+        QTest::keyClick(&box, Qt::Key_N);
+        EXPECT_TRUE(box.isVisible());
+        box.accept();
+    });
+    desktop_.Show({.Text = "x"});
+    EXPECT_TRUE(seen_);
+}
+
 TEST_F(Boxes, OkAndCancelIsCancelledByEscape) {
     Meanwhile<QMessageBox>([](QMessageBox& box) {
         EXPECT_EQ(Words(box).join(' '), QString::fromUtf8("OK キャンセル"));
