@@ -156,7 +156,8 @@ void Form3::Command7_Click() {  // ANALYZE
             [&] {
                 enable({&Command3, &Command4, &Command8, &Command9}, true);
             },
-        .HideComputing = [this] { HideNote(); }};
+        .HideComputing = [this] { HideNote(); },
+        .Waiting = [this] { World().WorkGoesOn(-1); }};
 
     switch (RunAnalysis(request, callbacks)) {
         case SolverRunResult::InputMissing:

@@ -56,6 +56,7 @@ void Form4::Form_Load() {
     Caption = MakeVersionStamp(2);
     TrimSystemMenu(*this);
     languageBase_ = LanguageBaseOf(App());
+    ViewLanguage = LanguageOf(languageBase_);
     SetFont();
     SetCaptions();
     Option3.Value = true;  // counts as a click, and shows the whole report

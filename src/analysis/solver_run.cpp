@@ -63,7 +63,7 @@ SolverRunResult RunSolver(const SolverRunRequest& request, ProcessService& proce
                    ControlFileBytes(request.Language, request.Units, "INPUT FILENAME", request.InputFileName),
                    Flush::ToSystem);
     RunHidden(process, JoinPath(request.ProgramFolder, AnalysisSolverName), StartFailure::Fault,
-              {callbacks.HandleObtained, callbacks.WaitOver});
+              {callbacks.HandleObtained, callbacks.WaitOver, callbacks.Waiting});
     CallIfSet(callbacks.HideComputing);
     RemoveFile(ControlFileName);
     return FinishReports(request) ? SolverRunResult::Finished : SolverRunResult::Uncompleted;

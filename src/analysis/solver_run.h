@@ -29,6 +29,7 @@ struct SolverRunCallbacks {
     std::function<void()> HandleObtained;  ///< before the wait: disable all that could start anything
     std::function<void()> WaitOver;        ///< the process has ended, or could not be opened; not with identifier 0
     std::function<void()> HideComputing;   ///< after the run, before the files are taken up
+    std::function<void()> Waiting{};       ///< a few times a second while the solver works
 };
 
 enum class SolverRunResult {

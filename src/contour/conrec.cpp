@@ -131,7 +131,8 @@ public:
     }
 
     /// Rows from last to first.
-    void Trace(const ValueMatrix& d, std::size_t ilb, std::size_t iub, int jlb, int jub) {
+    void Trace(const ValueMatrix& d, std::size_t ilb, std::size_t iub, int jlb, int jub,
+               const DrawingProgress& progress) {
         if (levels_.size() < 2) {
             throw RuntimeFault(fault::SubscriptOutOfRange);
         }
@@ -150,6 +151,9 @@ public:
             Measure(lower_, ilb, iub, lower);
             TraceRow(ilb, iub, lower, upper);
             std::swap(lower, upper);
+            if (progress) {
+                progress(static_cast<double>(jub - j) / (jub - jlb));
+            }
         }
     }
 
@@ -243,7 +247,8 @@ private:
 }  // namespace
 
 void conrec(PlotSurface& surface, double zmin, double zmax, const ValueMatrix& d, std::span<const double> x,
-            std::span<const double> y, Int16 count, int ilb, int iub, int jlb, int jub, int grey) {
+            std::span<const double> y, Int16 count, int ilb, int iub, int jlb, int jub, int grey,
+            const DrawingProgress& progress) {
     Tracer tracer(surface, zmin, zmax, x, y, count, grey);
     if (ilb >= iub || jlb >= jub) {
         return;
@@ -252,7 +257,7 @@ void conrec(PlotSurface& surface, double zmin, double zmax, const ValueMatrix& d
         static_cast<std::size_t>(jub) >= y.size()) {
         throw RuntimeFault(fault::SubscriptOutOfRange);
     }
-    tracer.Trace(d, static_cast<std::size_t>(ilb), static_cast<std::size_t>(iub), jlb, jub);
+    tracer.Trace(d, static_cast<std::size_t>(ilb), static_cast<std::size_t>(iub), jlb, jub, progress);
 }
 
 }  // namespace zirvo

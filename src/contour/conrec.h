@@ -19,7 +19,9 @@ inline constexpr Color MapGrey{200, 200, 200};
 /// @param count number of levels. Fault 11 if 1, 9 below 1.
 /// @param ilb, iub, jlb, jub  first and last node along x and along y. Fault 9 beyond the arrays.
 /// @param grey  0: each line takes the colour of its level; otherwise all are MapGrey.
+/// @param progress  told behind each row of cells
 void conrec(PlotSurface& surface, double zmin, double zmax, const ValueMatrix& d, std::span<const double> x,
-            std::span<const double> y, Int16 count, int ilb, int iub, int jlb, int jub, int grey);
+            std::span<const double> y, Int16 count, int ilb, int iub, int jlb, int jub, int grey,
+            const DrawingProgress& progress = {});
 
 }  // namespace zirvo

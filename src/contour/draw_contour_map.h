@@ -14,7 +14,8 @@ struct MapView {
     DisplayItems Items;
     Int16 ContourLineCount = 20;  ///< levels, not intervals
     PlotGeometry Plot;
-    std::string Title;  ///< of MakeTitleText
+    std::string Title;         ///< of MakeTitleText
+    DrawingProgress Progress;  ///< of the contour lines, which alone may take long; may be empty
 };
 
 /// Clears the picture, sets its scale and draws fill, lines, frame, point marks, values, title and legend, in this

@@ -130,6 +130,11 @@ std::optional<std::string> OpenFileDialog(forms::Form& owner, const std::string&
     return Chosen([&] { dialog.ShowOpen(); }) ? std::optional(dialog.FileTitle) : std::nullopt;
 }
 
+std::string TakeFile(const std::string& path) {
+    ChangeFolder(FolderOf(path));
+    return FileNameOf(path);
+}
+
 std::optional<std::string> SaveFileDialog(forms::Form& owner, const std::string& title, const std::string& folder,
                                           const std::string& filter, int index, const std::string& startName,
                                           forms::Language words) {

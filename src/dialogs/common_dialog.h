@@ -79,6 +79,10 @@ private:
 std::optional<std::string> OpenFileDialog(forms::Form& owner, const std::string& title, const std::string& folder,
                                           const std::string& filter, int index, forms::Language words);
 
+/// What an open dialog does with the file that is chosen in it, for one that came another way: the current folder is
+/// moved to it; gives it without its folder.
+std::string TakeFile(const std::string& path);
+
 /// The file to save under, with its folder; nothing if the user cancels.
 std::optional<std::string> SaveFileDialog(forms::Form& owner, const std::string& title, const std::string& folder,
                                           const std::string& filter, int index, const std::string& startName,

@@ -23,7 +23,10 @@ CommandButton::CommandButton(Form& form, ControlId id, Control* container)
 
 void CommandButton::Press() {
     if (IsUsable()) {
-        App().Dispatch([this] { Raise(Click); });
+        App().Dispatch([this] {
+            const Work work(App().World());
+            Raise(Click);
+        });
     }
 }
 
@@ -83,7 +86,10 @@ void OptionButton::UserClick() {
     const ControlWatch watch(*this);
     UserFocus();
     if (watch.IsUsable()) {
-        App().Dispatch([this] { Choose(); });
+        App().Dispatch([this] {
+            const Work work(App().World());
+            Choose();
+        });
     }
 }
 

@@ -50,6 +50,15 @@ void ComboBox::SetText(const std::string& text) {
     }
 }
 
+void ComboBox::ShowEntry(int index) {
+    const std::string text = index == -1 ? std::string() : List(index);
+    ListIndex.Store(index);
+    if (text != Text.Get()) {
+        StoreSelection(0, 0);
+        Text.Store(text);
+    }
+}
+
 /// Makes an entry current, with its text; -1 makes none current and empties the text.
 /// @param byUser  Click is raised also where the index stays, and the whole text is selected: what is typed next
 ///                takes its place

@@ -25,6 +25,8 @@ public:
     std::function<void()> Change;
 
     void AddItem(std::string text);
+    /// Shows an entry, -1 for none and an empty text, without an event: what the user has left there is no choice.
+    void ShowEntry(int index);
     int ListCount() const { return static_cast<int>(items_.size()); }
     /// Outside the list: fault 5.
     const std::string& List(int index) const;

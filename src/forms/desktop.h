@@ -79,6 +79,13 @@ public:
     virtual void SetClipboardText(const std::string& text) = 0;
     /// Paints what has changed on the form before this returns.
     virtual void PaintNow(Form& form) = 0;
+    /// Work begins that the user waits for, and ends; see Work. A desktop that shows nothing of it may leave all three
+    /// alone.
+    virtual void WorkBegins() {}
+    virtual void WorkEnds() {}
+    /// The work goes on. To be called a few times a second; it lets in no input and paints nothing of the screens.
+    /// @param done  share of it from 0 to 1; negative where nobody knows
+    virtual void WorkGoesOn(double /*done*/) {}
     /// Throws away what the user typed and clicked while the program did not listen.
     virtual void DiscardInput() = 0;
     /// Calls back once, so many milliseconds from now, while the program listens to the user: also while a box stands
@@ -86,6 +93,18 @@ public:
     virtual void CallLater(int milliseconds, std::function<void()> call) = 0;
     /// The program ends with this exit status; the call returns, and nothing of the user's is listened to any more.
     virtual void EndProgram(int status) = 0;
+};
+
+/// Work that the user waits for, as long as it lives; one may stand inside another.
+class Work {
+public:
+    explicit Work(Desktop& world) : world_(world) { world_.WorkBegins(); }
+    ~Work() { world_.WorkEnds(); }
+    Work(const Work&) = delete;
+    Work& operator=(const Work&) = delete;
+
+private:
+    Desktop& world_;
 };
 
 }  // namespace zirvo::forms

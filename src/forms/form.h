@@ -56,6 +56,8 @@ public:
 
     /// Asked first about every stroke in this window; true: it is used up, and no control hears of it.
     std::function<bool(const KeyStroke& stroke)> Shortcut;
+    /// The language of what the window says in words of its own.
+    Language ViewLanguage = Language::English;
 
     bool IsVisible() const { return visible_; }
     /// From the beginning of its load step until it is unloaded.
@@ -76,6 +78,8 @@ public:
     /// Width of a text in the form's font [twips]. Remembered for each text, since headings are measured again and
     /// again.
     float TextWidth(const std::string& text) const;
+    /// The user has chosen another size for all texts: what follows from their widths is measured anew.
+    void TextSizesChanged() const { widths_.clear(); }
 
     Control* ActiveControl() const { return active_; }
     /// The visible and enabled default button, or nullptr.
@@ -87,6 +91,11 @@ public:
     /// The next or previous tab stop from a control, wrapping; nullptr where there is none. A group of option buttons
     /// is one stop.
     Control* NextTabStop(const Control* from, bool backwards) const;
+
+    /// Whether a file that the user drags over the window can be dropped on it now.
+    virtual bool TakesFile(const std::string& /*path*/) const { return false; }
+    /// The user drops that file.
+    virtual void UserDrop(const std::string& /*path*/) {}
 
     /// The view that shows it, at most one. Hidden forms keep theirs.
     void Attach(FormView* view) { view_ = view; }

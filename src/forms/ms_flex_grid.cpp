@@ -56,6 +56,17 @@ MSFlexGrid::MSFlexGrid(Form& form, ControlId id, Control* container)
     });
 }
 
+void MSFlexGrid::UserScaleCells(double scale) {
+    const double ratio = FirstRowHeight * scale / RowHeight;
+    if (ratio == 1) {
+        return;
+    }
+    for (int col = 0; col < Cols; ++col) {
+        SetColWidth(col, ColWidth(col) * ratio);
+    }
+    RowHeight = FirstRowHeight * scale;
+}
+
 void MSFlexGrid::Attach(ControlView* view) {
     Control::Attach(view);
     gridView_ = dynamic_cast<GridView*>(view);

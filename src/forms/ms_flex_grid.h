@@ -73,6 +73,8 @@ public:
     void SetColWidth(int col, double width);
     /// Height of every row [twips], above 0; else fault 5.
     Property<double> RowHeight;
+    /// The user has chosen another size for all texts: rows and columns grow and shrink with it. 1 is as told.
+    void UserScaleCells(double scale);
 
     /// Place and size of the current cell [twips], relative to the grid. Reading the place of a cell that is not wholly
     /// in sight brings it wholly into sight, and then raises Scroll.

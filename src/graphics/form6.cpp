@@ -9,6 +9,7 @@
 
 #include "dialogs/common_dialog.h"
 #include "graphics/form5.h"
+#include "graphics/picture_file.h"
 #include "shell/combo_auto_complete.h"
 #include "shell/form2.h"
 #include "shell/layout.h"
@@ -44,6 +45,7 @@ Form6::Form6(forms::Application& application, MapPictureFactory makePicture, std
 void Form6::BindEvents() {
     Combo1.Click = [this] { Combo1_Click(); };
     Combo1.KeyPress = [this](int& keyAscii) { Combo1_KeyPress(keyAscii); };
+    Combo1.LostFocus = [this] { Combo1_LostFocus(); };
     Option3.Click = [this] { Option3_Click(); };
     Option4.Click = [this] { Option4_Click(); };
     Option5.Click = [this] { Option5_Click(); };
@@ -69,6 +71,7 @@ void Form6::BindEvents() {
     Command8.Click = [this] { Command8_Click(); };
     Command9.Click = [this] { Command9_Click(); };
     Command10.Click = [this] { Command10_Click(); };
+    BindCopyKey();
     Picture1.MouseDown = [this](int button, int x, int y) { Picture1_MouseDown(button, x, y); };
 }
 
@@ -107,11 +110,13 @@ void Form6::MakePicture() {
 }
 
 void Form6::ClearPicture() {
+    drawn_.reset();
     picture_->Surface().Cls();
     picture_->Present();
 }
 
 void Form6::Combo1_Click() {
+    component_ = Combo1.ListIndex;
     Plot.Section.OutputComponent = ToInt16(Combo1.ListIndex + 1);
     ClearPicture();
     if (!Command7.Enabled) {
@@ -127,6 +132,11 @@ void Form6::Combo1_Click() {
 
 void Form6::Combo1_KeyPress(int& keyAscii) {
     ComboAutoComplete(Combo1, keyAscii, 1);
+}
+
+/// What was typed and is no component was never chosen: the box does not go on showing it.
+void Form6::Combo1_LostFocus() {
+    Combo1.ShowEntry(component_);
 }
 
 /// Back to the choice of a component (sections disabled) or of a section (enabled); nothing of a map is left.
@@ -307,7 +317,7 @@ void Form6::SavePicture() {
     const auto path = SaveFileDialog(*this, Words(55), App().Get<Form2>().Label2.Caption, Words(126), 1, "*.bmp",
                                      LanguageOf(LanguageBase));
     if (path) {
-        picture_->SaveBitmap(*path);
+        SavePictureAs(PictureFileName(*path));
     }
 }
 
@@ -315,6 +325,7 @@ void Form6::Command8_Click() {  // CLEAR FORM
     ClearPicture();
     Combo1.Text = "";
     refused_ = false;
+    component_ = -1;
     ReturnToSectionChoice(false);
     // A refused start has disabled them; as after the load they are there again.
     Command2.Enabled = true;

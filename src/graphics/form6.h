@@ -3,7 +3,9 @@
 // thread, one step inside the other.
 #pragma once
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "forms/application.h"
 #include "forms/combo_box.h"
@@ -82,6 +84,7 @@ public:
     void Form_Load() override;
     void Combo1_Click();
     void Combo1_KeyPress(int& keyAscii);
+    void Combo1_LostFocus();
     void Option3_Click();
     void Option4_Click();
     void Option5_Click();
@@ -142,6 +145,9 @@ private:
     void ChooseSection(forms::TextBox& position, forms::CommandButton& start);
     void PositionChanged(forms::CommandButton& start);
     void SavePicture();
+    void SavePictureAs(const std::string& path);
+    void DrawAgain(PlotSurface& surface);
+    void BindCopyKey();
 
     void ReadDefinition(SectionKind kind, const forms::TextBox& position);
     bool DecideLayer(const GraphicsInputData& model);
@@ -158,13 +164,30 @@ private:
                        forms::Buttons choice = forms::Buttons::Ok) const;
     forms::Answer Tell(Int16 k, forms::Icon icon, forms::Buttons choice = forms::Buttons::Ok) const;
 
+    /// A click on the map, as it was marked.
+    struct ProbeMark {
+        float X = 0;
+        float Y = 0;
+        double Value = 0;
+    };
+    /// By what the picture was drawn: the boxes may say something else by now. The numbers of the map are in Plot.
+    struct DrawnMap {
+        DisplayItems Items;
+        Int16 LineCount = 0;
+        double ValueMin = 0;
+        double ValueMax = 0;
+        std::vector<ProbeMark> Marks;
+    };
+
     MapPictureFactory makePicture_;
     std::string programFolder_;
     std::shared_ptr<ProcessService> process_;
     std::unique_ptr<MapPicture> picture_;
-    bool tellingItems_ = false;   ///< the rule of the display items is setting boxes, and fires itself
-    bool refused_ = false;        ///< the last start was refused, and no other act has led on since
-    bool inputLeftOpen_ = false;  ///< a failed depth test has left "ZIRVO_SV.EVA" open on this screen
+    std::optional<DrawnMap> drawn_;  ///< none while the picture is clear
+    int component_ = -1;             ///< entry of the list that is in force, -1 after the load and CLEAR FORM
+    bool tellingItems_ = false;      ///< the rule of the display items is setting boxes, and fires itself
+    bool refused_ = false;           ///< the last start was refused, and no other act has led on since
+    bool inputLeftOpen_ = false;     ///< a failed depth test has left "ZIRVO_SV.EVA" open on this screen
 };
 
 }  // namespace zirvo

@@ -30,10 +30,10 @@ void Form6::LayOut() {
     Image2.Picture = "plane_xy";
     Image3.Picture = "plane_yz";
 
-    Place(Label1, X, 147, 152, 16);
+    Place(Label1, X, 143, 152, 20);
     Place(Text1, 164, 143, 72, 20);
     Place(Command1, X, 167, Across, 22);
-    Place(Label2, X, 147, 152, 16);
+    Place(Label2, X, 143, 152, 20);
     Place(Text2, 164, 143, 72, 20);
     Place(Command10, X, 167, Across, 22);
     Place(Label24, X, 191, Across, 14);
@@ -46,13 +46,13 @@ void Form6::LayOut() {
     constexpr double High = 148;
     Place(Label14, Low, 16, 72, 14);
     Place(Label15, High, 16, 72, 14);
-    Place(Label16, Names, 34, 60, 14);
+    Place(Label16, Names, 32, 60, 16);
     Place(Label17, Low, 32, 72, 16);
     Place(Label18, High, 32, 72, 16);
-    Place(Label19, Names, 52, 60, 14);
+    Place(Label19, Names, 50, 60, 16);
     Place(Label20, Low, 50, 72, 16);
     Place(Label21, High, 50, 72, 16);
-    Place(Label22, Names, 73, 60, 14);
+    Place(Label22, Names, 69, 60, 20);
     Place(Text3, Low, 69, 72, 20);
     Place(Text4, High, 69, 72, 20);
     for (forms::Label* number : {&Label17, &Label18, &Label20, &Label21}) {
@@ -69,7 +69,7 @@ void Form6::LayOut() {
     Place(Frame4, 50, 439, 186, 60);
     Place(Label23, 8, 16, 172, 14);
     Place(Text14, 8, 34, 60, 20);
-    Place(Label5, 74, 38, 104, 14);
+    Place(Label5, 74, 34, 104, 20);
 
     Place(Command2, X, 507, 72, 22);
     Place(Command3, 84, 507, 52, 22);

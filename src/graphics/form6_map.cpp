@@ -123,7 +123,13 @@ void Form6::MendLineCount() {
 }
 
 void Form6::DrawContourMap() {
-    DrawSection(picture_->Surface(), Plot, Items(), ContourLineCount, picture_->Geometry());
+    drawn_ = DrawnMap{.Items = Items(),
+                      .LineCount = ContourLineCount,
+                      .ValueMin = Plot.Data.Map.ValueMin,
+                      .ValueMax = Plot.Data.Map.ValueMax,
+                      .Marks = {}};
+    DrawSection(picture_->Surface(), Plot, drawn_->Items, drawn_->LineCount, picture_->Geometry(),
+                [this](double done) { World().WorkGoesOn(done); });
     picture_->Present();
     EnableAfterDrawing();
 }
@@ -167,6 +173,9 @@ void Form6::Picture1_MouseDown(int button, int x, int y) {
     const auto value = ProbeValue(Plot.Data.Map, point.X, point.Y);
     if (value) {
         DrawProbeMark(picture_->Surface(), point.X, point.Y, *value);
+        if (drawn_) {
+            drawn_->Marks.push_back({.X = point.X, .Y = point.Y, .Value = *value});
+        }
         picture_->Present();
     }
 }

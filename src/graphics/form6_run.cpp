@@ -145,7 +145,9 @@ void Form6::RunGraphicsSolver() {
     Command7.Enabled = false;
     Command8.Enabled = false;
     Command9.Enabled = false;
-    if (SolveSection(Plot, programFolder_, *process_, {}) == GraphicsRunResult::InputMissing) {
+    const ProcessCallbacks callbacks{
+        .HandleObtained = {}, .WaitOver = {}, .Waiting = [this] { World().WorkGoesOn(-1); }};
+    if (SolveSection(Plot, programFolder_, *process_, callbacks) == GraphicsRunResult::InputMissing) {
         Tell(172, Icon::Stop);  // and the caller goes on to the report
     }
 }

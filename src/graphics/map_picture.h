@@ -7,6 +7,7 @@
 
 #include "contour/plot_layout.h"
 #include "contour/plot_surface.h"
+#include "graphics/picture_file.h"
 
 namespace zirvo::forms {
 class PictureBox;
@@ -33,6 +34,13 @@ public:
     /// Writes the picture as a bitmap of 24 bits, whole or not at all; an existing file is replaced. Faults: those of a
     /// file that cannot be written.
     virtual void SaveBitmap(const std::string& path) = 0;
+    /// The same in another format: PNG holds the pixels as they stand; SVG and PDF hold what `draw` draws, once, on a
+    /// surface of the same size.
+    /// @param title  of the document, UTF-8
+    virtual void Save(const std::string& path, MapFileFormat format, const std::string& title,
+                      const std::function<void(PlotSurface&)>& draw) = 0;
+    /// Puts the pixels as they stand on the clipboard.
+    virtual void Copy() = 0;
 
     /// The upper left corner of a pixel, counted from the upper left corner of the picture.
     PicturePoint PointAt(int xPixel, int yPixel) {

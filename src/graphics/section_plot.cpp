@@ -65,12 +65,13 @@ std::string TitleOf(const SectionPlot& plot) {
 }
 
 void DrawSection(PlotSurface& surface, const SectionPlot& plot, const DisplayItems& items, Int16 contourLineCount,
-                 const PlotGeometry& picture) {
+                 const PlotGeometry& picture, const DrawingProgress& progress) {
     MapView view;
     view.Items = items;
     view.ContourLineCount = contourLineCount;
     view.Plot = picture;
     view.Title = TitleOf(plot);
+    view.Progress = progress;
     DrawContourMap(surface, plot.Data.Map, view);
 }
 

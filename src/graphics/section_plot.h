@@ -48,7 +48,8 @@ std::string TitleOf(const SectionPlot& plot);
 /// @param items             as they stand: the rule of what may be shown together is the caller's
 /// @param contourLineCount  levels; at least 5 by the rule of the screen
 /// @param picture           the surface's own size [twips]
+/// @param progress          of the drawing
 void DrawSection(PlotSurface& surface, const SectionPlot& plot, const DisplayItems& items, Int16 contourLineCount,
-                 const PlotGeometry& picture);
+                 const PlotGeometry& picture, const DrawingProgress& progress = {});
 
 }  // namespace zirvo

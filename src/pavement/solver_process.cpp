@@ -34,7 +34,16 @@ public:
     OpenProcess(const OpenProcess&) = delete;
     OpenProcess& operator=(const OpenProcess&) = delete;
 
-    void Wait() { process_.Wait(handle_); }
+    void Wait(const std::function<void()>& waiting) {
+        constexpr int betweenCalls = 200;  // [ms]
+        if (!waiting) {
+            process_.Wait(handle_);
+            return;
+        }
+        while (!process_.WaitFor(handle_, betweenCalls)) {
+            waiting();
+        }
+    }
 
 private:
     ProcessService& process_;
@@ -78,7 +87,7 @@ bool RunHidden(ProcessService& process, const std::string& program, StartFailure
     if (handle != 0) {
         OpenProcess open(process, handle);
         CallIfSet(callbacks.HandleObtained);
-        open.Wait();
+        open.Wait(callbacks.Waiting);
     }
     CallIfSet(callbacks.WaitOver);
     return true;

@@ -31,6 +31,7 @@ enum class StartFailure { Fault, Silent };
 struct ProcessCallbacks {
     std::function<void()> HandleObtained;  ///< before the wait, if there is one
     std::function<void()> WaitOver;        ///< after it, also where no handle was got; not with identifier 0
+    std::function<void()> Waiting{};       ///< a few times a second during the wait
 };
 
 /// Starts the program hidden and waits for its end without limit. Identifier 0: nothing more happens. No handle: no

@@ -22,6 +22,13 @@ public:
     /// Waits without limit until the process has ended.
     virtual void Wait(std::intptr_t handle) = 0;
 
+    /// Waits so long at most. Gives whether the process has ended; the wait without limit where a service knows no
+    /// other.
+    virtual bool WaitFor(std::intptr_t handle, int /*milliseconds*/) {
+        Wait(handle);
+        return true;
+    }
+
     /// Closes the handle.
     virtual void Close(std::intptr_t handle) = 0;
 };

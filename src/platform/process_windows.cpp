@@ -90,6 +90,10 @@ public:
 
     void Wait(std::intptr_t handle) override { WaitForSingleObject(reinterpret_cast<HANDLE>(handle), INFINITE); }
 
+    bool WaitFor(std::intptr_t handle, int milliseconds) override {
+        return WaitForSingleObject(reinterpret_cast<HANDLE>(handle), static_cast<DWORD>(milliseconds)) != WAIT_TIMEOUT;
+    }
+
     void Close(std::intptr_t handle) override {
         const HANDLE process = reinterpret_cast<HANDLE>(handle);
         const auto started = started_.find(static_cast<int>(GetProcessId(process)));

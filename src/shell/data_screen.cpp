@@ -1,7 +1,9 @@
 // What the two data screens share, see data_screen.h.
 #include "shell/data_screen.h"
 
+#include <algorithm>
 #include <span>
+#include <string_view>
 #include <utility>
 
 #include "base/runtime_fault.h"
@@ -51,6 +53,18 @@ void PlaceButtonRow(const std::array<forms::CommandButton*, 7>& buttons) {
         left += i == 4 ? 114 : 110;
     }
 }
+
+namespace {
+
+/// Whether the name has the extension, in letters of either case.
+bool EndsAs(std::string_view name, std::string_view extension) {
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+    return name.size() > extension.size() &&
+           std::equal(extension.begin(), extension.end(), name.end() - static_cast<std::ptrdiff_t>(extension.size()),
+                      [&](char a, char b) { return lower(a) == lower(b); });
+}
+
+}  // namespace
 
 // The screen --------------------------------------------------------------------------------------------------------
 
@@ -317,13 +331,32 @@ void DataScreen::Command1_Click() {  // OPEN FILE
 
 std::optional<std::string> DataScreen::ChooseFile() {
     const std::string pattern = std::string("*") + its_->FileNames.front().Extension;
-    std::optional<std::string> name = OpenFileDialog(
-        *this, Words(55), WorkFolder(), "ZIRVO Files (" + pattern + ")|" + pattern, 1, LanguageOf(languageBase_));
+    std::optional<std::string> name =
+        dropped_ ? TakeFile(*dropped_)
+                 : OpenFileDialog(*this, Words(55), WorkFolder(), "ZIRVO Files (" + pattern + ")|" + pattern, 1,
+                                  LanguageOf(languageBase_));
     if (name && CurrentFolder() != WorkFolder()) {  // as exact text
         Tell(171, Icon::Stop);
         return {};
     }
     return name;
+}
+
+bool DataScreen::TakesFile(const std::string& path) const {
+    const bool nothingStands = std::all_of(its_->Tables.begin(), its_->Tables.end(), [](const DataTable& table) {
+        return CountOf(table.Count.Caption.Get()) == 0;
+    });
+    return EndsAs(path, its_->FileNames.front().Extension) && nothingStands &&
+           (its_->Command1.IsUsable() || its_->Option2.IsUsable());
+}
+
+void DataScreen::UserDrop(const std::string& path) {
+    if (!its_->Option2.Value) {
+        its_->Option2.UserClick();
+    }
+    dropped_ = path;
+    its_->Command1.UserClick();
+    dropped_.reset();
 }
 
 bool DataScreen::AskForUpdate() {

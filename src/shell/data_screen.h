@@ -106,6 +106,12 @@ public:
     void Command8_Click();              ///< HELP
     void Command9_Click();              ///< QUIT
 
+    /// A file of this screen's data, while nothing stands here that it would replace: before the data's source is
+    /// chosen, and where OPEN FILE waits.
+    bool TakesFile(const std::string& path) const override;
+    /// Imports it as IMPORT FROM FILE and OPEN FILE do, without their dialog.
+    void UserDrop(const std::string& path) override;
+
     /// The groups that every state enables and disables together.
     void EnableBoxes(bool enabled);
     void EnableBars(bool enabled);
@@ -183,6 +189,7 @@ private:
     std::shared_ptr<clsFlexGridEdit> editor_;
     std::optional<TableEditing> editing_;
     std::unique_ptr<KeptData> kept_;  ///< nothing where nothing is kept
+    std::optional<std::string> dropped_;  ///< the file that OPEN FILE is to take
 };
 
 }  // namespace zirvo

@@ -51,7 +51,8 @@ void Form7::Form_Load() {
     SetFixedLabels();
     const Form1& first = App().Get<Form1>();
     if (first.Option1.Value) {
-        Text1.Text = UpdateHistory(forms::Language::Japanese);
+        ViewLanguage = forms::Language::Japanese;
+        Text1.Text = UpdateHistory(ViewLanguage);
         Caption = "ZIRVO のﾊﾞｰｼﾞｮﾝ情報";
         Label10.Caption = "更新履歴";
     } else if (first.Option2.Value) {

@@ -267,5 +267,20 @@ TEST_F(Form3Import, EverySampleIsWrittenBackAsItWas) {
     EXPECT_GE(samples, 5);
 }
 
+TEST_F(Form3Import, AFileThatIsDroppedGoesTheSameWayWithoutTheDialog) {
+    test::PutFile("road.eva", ExampleFile());
+    const std::string path = Screens.Folder.Path("road.eva");
+    ASSERT_TRUE(Form.TakesFile(path));
+    EXPECT_FALSE(Form.TakesFile(Screens.Folder.Path("road.ven")));
+    Screens.Desktop.Answers.push_back(Answer::No);
+    Form.UserDrop(path);
+    EXPECT_TRUE(Screens.Desktop.Dialogs.empty());
+    EXPECT_EQ(Boxes(), Texts{"UPDATE INPUT FILE?"});
+    EXPECT_EQ(Form.Text7.Text, "road.eva");
+    EXPECT_EQ(Form.Label7.Caption, " 2");
+    EXPECT_EQ(FocusOf(Form), "Command7") << "ANALYZE, as behind OPEN FILE";
+    EXPECT_FALSE(Form.TakesFile(path)) << "data stand here now";
+}
+
 }  // namespace
 }  // namespace zirvo

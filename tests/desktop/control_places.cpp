@@ -25,6 +25,9 @@ public:
     PlotSurface& Surface() override { return surface_; }
     void Present() override {}
     void SaveBitmap(const std::string& /*path*/) override {}
+    void Save(const std::string& /*path*/, MapFileFormat /*format*/, const std::string& /*title*/,
+              const std::function<void(PlotSurface&)>& /*draw*/) override {}
+    void Copy() override {}
 
 private:
     RecordingSurface surface_;

@@ -166,5 +166,22 @@ TEST_F(Combo, AKeyPressThatTakesTheCharacterMayWriteTextAndSelection) {
     EXPECT_EQ(form.Taken(), Lines{"click 1"});
 }
 
+TEST_F(Combo, AnEntryIsShownAgainWithoutAnEvent) {
+    combo.ListIndex = 1;
+    form.Taken();
+    combo.UserFocus();
+    combo.UserEdited("EPS", 3, 0);
+    EXPECT_EQ(combo.ListIndex, -1);
+    form.Taken();
+    combo.ShowEntry(1);
+    EXPECT_TRUE(combo.Text == "EPSz");
+    EXPECT_EQ(combo.ListIndex, 1);
+    combo.ShowEntry(-1);
+    EXPECT_TRUE(combo.Text == "");
+    EXPECT_EQ(combo.ListIndex, -1);
+    EXPECT_EQ(form.Taken(), Lines{});
+    EXPECT_EQ(FaultOf([&] { combo.ShowEntry(2); }), fault::InvalidCall);
+}
+
 }  // namespace
 }  // namespace zirvo::forms

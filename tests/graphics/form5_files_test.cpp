@@ -207,5 +207,65 @@ TEST(Form5Save, AFileThatCannotBeWrittenEndsTheProgram) {
     EXPECT_EQ(screens.Desktop.EndStatus, 1);
 }
 
+TEST(Form5Drop, AFileGoesTheWayOfOpenFileWithoutItsDialog) {
+    for (const bool sourceChosen : {false, true}) {
+        Screens screens;
+        screens.ShowData();
+        Form5& form = screens.Data();
+        if (sourceChosen) {
+            form.Option2.UserClick();
+        }
+        screens.Desktop.Forget();
+        PutFile("example.ven", ExampleVen());
+        const std::string path = screens.Folder.Path("example.ven");
+        ASSERT_TRUE(form.TakesFile(path));
+        screens.Desktop.Answers = {Answer::Yes};
+        form.UserDrop(path);
+        EXPECT_TRUE(screens.Desktop.Dialogs.empty());
+        EXPECT_EQ(screens.Boxes(), Texts{"ZIRVO Ver2.3|UPDATE INPUT FILE?"});
+        EXPECT_TRUE(form.Option2.Value);
+        EXPECT_EQ(form.Text3.Text.Get(), "example.ven");
+        EXPECT_EQ(form.ModelFromControls(), test::ExampleData());
+        EXPECT_EQ(forms::FocusOf(form), "Command5") << "as behind OPEN FILE";
+    }
+}
+
+TEST(Form5Drop, AFileOfAnotherFolderAndABadFileAreRefusedByTheirMessages) {
+    Screens screens;
+    screens.ShowData();
+    screens.Desktop.Forget();
+    const TemporaryFolder elsewhere;
+    elsewhere.Put("example.ven", ExampleVen());
+    screens.Data().UserDrop(elsewhere.Path("example.ven"));
+    EXPECT_EQ(screens.Boxes(), Texts{"ZIRVO Ver2.3|USE DATA FROM DESIGNATED FOLDER"});
+    screens.Desktop.Forget();
+    PutFile(screens.Folder.Path("bad.ven"), Replaced(ExampleVen(), "0.35", "0.51"));
+    screens.Data().UserDrop(screens.Folder.Path("bad.ven"));
+    EXPECT_EQ(screens.Boxes(),
+              (Texts{"ZIRVO Ver2.3|" + English(59), "ZIRVO Ver2.3|ANALYSIS STOPPED - CHECK INPUT DATA"}));
+    // What is dropped counts once: OPEN FILE asks again.
+    screens.Desktop.Forget();
+    screens.Desktop.Paths = {std::nullopt};
+    screens.Data().Command1.UserClick();
+    EXPECT_EQ(screens.Desktop.Dialogs.size(), 1U);
+}
+
+TEST(Form5Drop, OnlyAFileOfTheScreensKindIsTakenAndOnlyWhereItReplacesNothing) {
+    Screens screens;
+    screens.ShowData();
+    Form5& form = screens.Data();
+    EXPECT_TRUE(form.TakesFile("/data/road.ven"));
+    EXPECT_TRUE(form.TakesFile("/data/ROAD.VEN"));
+    for (const char* other : {"/data/road.eva", "/data/road.ven.txt", "/data/.ven.", ".ven", "", "/data/道路"}) {
+        EXPECT_FALSE(form.TakesFile(other)) << other;
+    }
+    form.Option1.UserClick();  // NEW DATA
+    EXPECT_TRUE(form.TakesFile("/data/road.ven")) << "nothing has been typed yet";
+    form.VScroll1.UserStepToMin();
+    EXPECT_FALSE(form.TakesFile("/data/road.ven")) << "a row may hold what was typed";
+    form.Command4.UserClick();  // CLEAR FORM
+    EXPECT_TRUE(form.TakesFile("/data/road.ven"));
+}
+
 }  // namespace
 }  // namespace zirvo

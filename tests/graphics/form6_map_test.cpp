@@ -338,5 +338,103 @@ TEST(SavePicture, OneFailureOfTheDialogIsToldAndAllOthersAreNot) {
     EXPECT_FALSE(screens.App.HasEnded());
 }
 
+TEST(SavePicture, ANameWithoutExtensionIsABitmaps) {
+    MapScreen screens;
+    screens.Desktop.Paths = {screens.Folder.Path("map")};
+    screens.Form.Command7.UserClick();
+    EXPECT_EQ(screens.Picture().Saved, Texts{screens.Folder.Path("map.bmp")});
+    EXPECT_TRUE(screens.Picture().SavedAs.empty());
+}
+
+TEST(SavePicture, PngSvgAndPdfAreWrittenAsSuch) {
+    MapScreen screens;
+    screens.Desktop.Paths = {screens.Folder.Path("map.png"), screens.Folder.Path("map.SVG"),
+                             screens.Folder.Path("map.pdf")};
+    for (int i = 0; i < 3; ++i) {
+        screens.Form.Command7.UserClick();
+    }
+    const std::string title = "EPSx  Section: X-Y  Z=0cm  Layer#=1  <ZIRVO Ver2.3>";
+    const std::vector<std::pair<MapFileFormat, std::string>> expected{
+        {MapFileFormat::Png, title}, {MapFileFormat::Svg, title}, {MapFileFormat::Pdf, title}};
+    EXPECT_EQ(screens.Picture().SavedAs, expected);
+    EXPECT_EQ(screens.Boxes(), Texts{});
+}
+
+TEST(SavePicture, OtherFormatsHoldWhatStandsOnTheScreenNotWhatTheBoxesSayMeanwhile) {
+    MapScreen screens;
+    Form6& form = screens.Form;
+    form.Check1(1).UserClick();  // lines
+    screens.SetRange("-10", "25");
+    form.Command5.UserClick();
+    form.Picture1.UserMouseDown(1, screens.Picture().Surface().Picture().PixelsWide / 2, 200);
+    std::vector<PlotCommand> shown = screens.Picture().Drawn();
+    ASSERT_FALSE(shown.empty());
+    form.Check1(1).UserClick();  // not drawn any more after the next RE-DRAW
+    screens.SetRange("-5", "5");
+    screens.Desktop.Paths = {screens.Folder.Path("map.svg")};
+    form.Command7.UserClick();
+    std::vector<PlotCommand> saved = screens.Picture().DrawnForFile;
+    const auto clear = std::find_if(saved.rbegin(), saved.rend(),
+                                    [](const PlotCommand& command) { return command.What == PlotCommand::Kind::Cls; });
+    saved.erase(saved.begin(), clear.base());
+    EXPECT_EQ(saved, shown);
+    EXPECT_EQ(form.Plot.Data.Map.ValueMin, -5) << "what the user has typed stands";
+}
+
+TEST(SavePicture, AClearedPictureIsSavedAsSuchInEveryFormat) {
+    MapScreen screens;
+    screens.Form.Combo1.UserChoose(1);  // the map goes, its data stand
+    screens.Desktop.Paths = {screens.Folder.Path("map.svg")};
+    screens.Form.Command7.UserClick();
+    ASSERT_EQ(screens.Picture().DrawnForFile.size(), 1U);
+    EXPECT_EQ(screens.Picture().DrawnForFile[0].What, PlotCommand::Kind::Cls);
+}
+
+TEST(SavePicture, AFileThatIsNoPictureIsReplacedOnlyAfterAQuestion) {
+    for (const Int16 base : {JapaneseBase, EnglishBase}) {
+        Screens screens({.Base = base});
+        Form6& form = screens.OpenMap();
+        screens.Choose(1, SectionKind::XY, "0");
+        screens.Start();
+        screens.Desktop.Forget();
+        const std::string data = screens.Folder.Path("road.eva");
+        test::PutFile(data, " 3 4\r\n");
+        screens.Desktop.Paths = {data, data};
+        screens.Desktop.Answers = {forms::Answer::No, forms::Answer::Yes};
+        form.Command7.UserClick();
+        ASSERT_EQ(screens.Desktop.Boxes.size(), 1U);
+        EXPECT_EQ(screens.Desktop.Boxes[0].Text, GetMessage(base, 64));
+        EXPECT_EQ(screens.Desktop.Boxes[0].Choice, forms::Buttons::YesNo);
+        EXPECT_EQ(screens.Picture().Saved, Texts{});
+        EXPECT_EQ(test::GetFile(data), " 3 4\r\n");
+        form.Command7.UserClick();
+        EXPECT_EQ(screens.Picture().Saved, Texts{data});
+    }
+}
+
+TEST(CopyPicture, ControlCCopiesTheMapThatStands) {
+    MapScreen screens;
+    Form6& form = screens.Form;
+    const auto copy = [&form](forms::Control& control) {
+        control.UserFocus();
+        form.Strike({.Code = 'C', .Character = 3, .Control = true});
+    };
+    copy(form.Command7);
+    EXPECT_EQ(screens.Picture().Copies, 1);
+    copy(form.Check1(0));
+    EXPECT_EQ(screens.Picture().Copies, 2);
+    form.Text3.UserFocus();
+    form.Text3.SelStart = 0;
+    form.Text3.SelLength = 2;
+    copy(form.Text3);
+    EXPECT_EQ(screens.Picture().Copies, 2) << "what is selected in a box is copied instead";
+    form.Text3.SelLength = 0;
+    copy(form.Text3);
+    EXPECT_EQ(screens.Picture().Copies, 3);
+    form.Command8.UserClick();  // no map
+    copy(form.Combo1);
+    EXPECT_EQ(screens.Picture().Copies, 3);
+}
+
 }  // namespace
 }  // namespace zirvo

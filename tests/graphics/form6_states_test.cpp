@@ -505,5 +505,49 @@ TEST(Form6, TheFrameDoesNotCloseIt) {
     EXPECT_FALSE(screens.App.HasEnded());
 }
 
+TEST(Form6, ATextThatIsNoComponentGoesWithTheFocusAndTheOneInForceComesBack) {
+    Screens screens;
+    Form6& form = screens.OpenMap();
+    forms::Type(form, "EPSz");
+    ASSERT_EQ(form.Combo1.Text.Get(), "EPSz");
+    forms::Type(form, "q");  // no entry: it stands there while the box has the focus
+    EXPECT_NE(form.Combo1.Text.Get(), "EPSz");
+    const auto component = form.Plot.Section.OutputComponent;
+    forms::Type(form, "\t");
+    EXPECT_EQ(form.Combo1.Text.Get(), "EPSz");
+    EXPECT_EQ(form.Combo1.ListIndex, 1);
+    EXPECT_EQ(form.Plot.Section.OutputComponent, component);
+    EXPECT_TRUE(form.Option3.Enabled);
+}
+
+TEST(Form6, ATextThatIsNoComponentLeavesTheMapAndItsButtonsAlone) {
+    Screens screens;
+    Form6& form = screens.OpenMap();
+    screens.Choose(1, SectionKind::XY, "0");
+    screens.Start();
+    const auto drawn = screens.Picture().Drawn().size();
+    form.Combo1.UserFocus();
+    forms::Type(form, "\bE\b");
+    form.Check1(0).UserFocus();
+    EXPECT_EQ(form.Combo1.Text.Get(), "EPSx");
+    EXPECT_EQ(screens.Picture().Drawn().size(), drawn);
+    EXPECT_FALSE(form.Command5.Enabled) << "nothing to draw again";
+    EXPECT_TRUE(form.Command7.Enabled);
+}
+
+TEST(Form6, BehindAClearNothingIsInForceAndNothingTypedStays) {
+    Screens screens;
+    Form6& form = screens.OpenMap();
+    form.Combo1.UserChoose(0);
+    form.Option3.UserClick();
+    forms::Type(form, "0");
+    screens.Start();
+    form.Command8.UserClick();
+    form.Combo1.UserFocus();
+    forms::Type(form, "q\t");
+    EXPECT_EQ(form.Combo1.Text.Get(), "");
+    EXPECT_FALSE(form.Option3.Enabled);
+}
+
 }  // namespace
 }  // namespace zirvo

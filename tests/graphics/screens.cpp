@@ -24,6 +24,18 @@ void RecordedPicture::SaveBitmap(const std::string& path) {
     Saved.push_back(path);
 }
 
+void RecordedPicture::Save(const std::string& path, MapFileFormat format, const std::string& title,
+                           const std::function<void(PlotSurface&)>& draw) {
+    if (SaveFault != 0) {
+        throw RuntimeFault(SaveFault);
+    }
+    Saved.push_back(path);
+    SavedAs.emplace_back(format, title);
+    RecordingSurface surface(surface_.Picture().PixelsWide, surface_.Picture().PixelsHigh);
+    draw(surface);
+    DrawnForFile = surface.Commands;
+}
+
 std::vector<PlotCommand> RecordedPicture::Drawn() const {
     const auto& all = surface_.Commands;
     const auto clear = std::find_if(all.rbegin(), all.rend(),

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/runtime_fault.h"
@@ -43,6 +44,9 @@ public:
     PlotSurface& Surface() override { return surface_; }
     void Present() override;
     void SaveBitmap(const std::string& path) override;
+    void Save(const std::string& path, MapFileFormat format, const std::string& title,
+              const std::function<void(PlotSurface&)>& draw) override;
+    void Copy() override { ++Copies; }
 
     /// What has been drawn since the last clear.
     std::vector<PlotCommand> Drawn() const;
@@ -53,6 +57,11 @@ public:
     bool IsPresented() const { return presented_ == surface_.Commands.size(); }
 
     std::vector<std::string> Saved;
+    /// Format and title of the pictures that were saved as something else than a bitmap, and what was drawn for the
+    /// last of them.
+    std::vector<std::pair<MapFileFormat, std::string>> SavedAs;
+    std::vector<PlotCommand> DrawnForFile;
+    int Copies = 0;
     int SaveFault = 0;  ///< 0: it succeeds
     /// Called when something has been drawn, before the handler goes on.
     std::function<void()> OnPresent;

@@ -1,8 +1,12 @@
 // Pictures of maps, see map_pictures.h.
 #include "qt/widgets/map_pictures.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+
 #include "contour/plot_layout.h"
 #include "forms/simple_controls.h"
+#include "platform/files.h"
 #include "qt/image_surface.h"
 #include "qt/picture_files.h"
 
@@ -29,8 +33,28 @@ public:
     }
 
     void SaveBitmap(const std::string& path) override { zirvo::SaveBitmap(surface_.Image(), path); }
+    void Save(const std::string& path, MapFileFormat format, const std::string& title,
+              const std::function<void(PlotSurface&)>& draw) override {
+        WriteWholeFile(path, BytesOf(format, title, draw));
+    }
+    void Copy() override { QGuiApplication::clipboard()->setImage(surface_.Image()); }
 
 private:
+    std::string BytesOf(MapFileFormat format, const std::string& title, const DrawPicture& draw) const {
+        const QImage& image = surface_.Image();
+        switch (format) {
+            case MapFileFormat::Svg:
+                return SvgBytes(image.width(), image.height(), title, draw);
+            case MapFileFormat::Pdf:
+                return PdfBytes(image.width(), image.height(), title, draw);
+            case MapFileFormat::Png:
+                return PngBytes(image);
+            case MapFileFormat::Bitmap:
+                break;
+        }
+        return BitmapBytes(image);
+    }
+
     MapPictures& owner_;
     forms::PictureBox& control_;
     std::weak_ptr<const void> life_;
