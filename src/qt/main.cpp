@@ -14,6 +14,7 @@
 #include "platform/folders.h"
 #include "platform/process.h"
 #include "qt/program_fonts.h"
+#include "qt/widgets/program_icon.h"
 #include "qt/widgets/qt_desktop.h"
 #include "qt/widgets/screen_fonts.h"
 #include "shell/form1.h"
@@ -88,6 +89,7 @@ int main(int /*argc*/, char** argv) {
     const QApplication program(nameOnly, argv);
     QApplication::setApplicationName(QStringLiteral("zirvo"));
     QApplication::setApplicationDisplayName(QString());
+    QApplication::setWindowIcon(zirvo::widgets::ProgramIcon());
     QApplication::setQuitOnLastWindowClosed(false);  // between two screens there is none
     zirvo::RegisterFonts(zirvo::JoinPath(zirvo::ProgramFolder(), zirvo::FontsFolderName));
     QApplication::setFont(zirvo::widgets::ScreenFont({}));

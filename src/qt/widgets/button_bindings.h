@@ -15,6 +15,7 @@ public:
 
 protected:
     void ShowState() override;
+    std::optional<TextInBox> TextToFit() const override;
 
 private:
     forms::CommandButton& button_;
@@ -27,6 +28,7 @@ public:
 
 protected:
     void ShowState() override;
+    std::optional<TextInBox> TextToFit() const override;
 
 private:
     forms::OptionButton& option_;
@@ -39,6 +41,7 @@ public:
 
 protected:
     void ShowState() override;
+    std::optional<TextInBox> TextToFit() const override;
 
 private:
     forms::CheckBox& check_;

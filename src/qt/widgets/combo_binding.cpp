@@ -89,6 +89,11 @@ void ComboBinding::ShowState() {
     }
 }
 
+std::optional<TextInBox> ComboBinding::TextToFit() const {
+    constexpr int edges = 4;
+    return TextInBox{.Text = {}, .Room = Place().size() - QSize(0, edges)};
+}
+
 bool ComboBinding::eventFilter(QObject* watched, QEvent* event) {
     if (IsRetired()) {
         return false;

@@ -32,6 +32,7 @@ public:
 
 protected:
     void ShowState() override;
+    std::optional<TextInBox> TextToFit() const override;
     /// Keys while the list is open: it moves in itself, everything else is for the box.
     bool eventFilter(QObject* watched, QEvent* event) override;
 

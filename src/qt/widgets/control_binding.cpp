@@ -2,6 +2,7 @@
 #include "qt/widgets/control_binding.h"
 
 #include "forms/form.h"
+#include "qt/widgets/form_window.h"
 #include "qt/widgets/pixels.h"
 #include "qt/widgets/screen_fonts.h"
 
@@ -56,14 +57,8 @@ void ControlBinding::Refresh() {
         return;
     }
     showing_ = true;
-    const forms::FontSpec& own = model_.Font;
-    const forms::FontSpec& font = own == forms::FontSpec{} ? model_.Parent().Font.Get() : own;
-    if (!fontShown_ || font != shownFont_) {
-        fontShown_ = true;
-        shownFont_ = font;
-        widget_->setFont(ScreenFont(font));
-    }
     widget_->setGeometry(Place());
+    ShowFont();
     ShowState();
     widget_->setEnabled(model_.Enabled || ScrollsDisabled());
     widget_->setVisible(model_.Visible);
@@ -75,6 +70,22 @@ void ControlBinding::Refresh() {
         widget_->setFocus(Qt::OtherFocusReason);  // Qt took it from a widget that was disabled for a while
     }
     showing_ = false;
+}
+
+/// As told, unless the user has asked for another size or the text would be cut off.
+void ControlBinding::ShowFont() {
+    const forms::FontSpec& own = model_.Font;
+    const auto* window = dynamic_cast<const FormWindow*>(widget_->window());
+    FontChoice choice{.Spec = own == forms::FontSpec{} ? model_.Parent().Font.Get() : own,
+                      .Scale = window == nullptr ? 1 : window->TextScale(),
+                      .Text = TextToFit()};
+    if (shownFont_ == choice) {
+        return;
+    }
+    QFont font =
+        ScaledFont(ScreenFont(choice.Spec), choice.Scale, choice.Text ? choice.Text->Room.height() : AnyHeight);
+    widget_->setFont(choice.Text ? FontThatFits(font, *choice.Text) : font);
+    shownFont_ = std::move(choice);
 }
 
 QRect ControlBinding::Place() const {

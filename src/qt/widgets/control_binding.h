@@ -6,11 +6,13 @@
 #include <QRect>
 #include <QString>
 #include <QWidget>
+#include <optional>
 #include <string>
 #include <utility>
 
 #include "forms/application.h"
 #include "forms/control.h"
+#include "qt/widgets/fitted_font.h"
 
 namespace zirvo::widgets {
 
@@ -57,6 +59,8 @@ protected:
     virtual QRect Place() const;
     /// The control is going; the widget lives on for a while and must not look at it any more.
     virtual void Retiring() {}
+    /// What must not be cut off, and the room for it. Nothing where the text can be scrolled.
+    virtual std::optional<TextInBox> TextToFit() const { return std::nullopt; }
 
     /// True while the widget is brought up to date: its signals then are no acts of the user.
     bool IsShowing() const { return showing_; }
@@ -75,11 +79,19 @@ protected:
     }
 
 private:
+    void ShowFont();
+
     forms::Control& model_;
     QWidget* widget_;
     QString shownName_;
-    forms::FontSpec shownFont_;
-    bool fontShown_ = false;
+    /// What the widget's font was chosen by.
+    struct FontChoice {
+        forms::FontSpec Spec;
+        double Scale = 1;
+        std::optional<TextInBox> Text;
+        bool operator==(const FontChoice&) const = default;
+    };
+    std::optional<FontChoice> shownFont_;
     int shownDepth_ = 0;
     bool showing_ = false;
     bool retired_ = false;

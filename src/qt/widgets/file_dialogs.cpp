@@ -2,47 +2,23 @@
 // the system's on Windows.
 #include "qt/widgets/file_dialogs.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
-#include <QLibraryInfo>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QSplitter>
-#include <QTranslator>
 #include <QTreeView>
 #include <array>
 
 #include "qt/widgets/control_binding.h"
+#include "qt/widgets/dialog_words.h"
 #include "qt/widgets/screen_fonts.h"
 
 namespace zirvo::widgets {
 namespace {
-
-/// Qt's own words in the language of the screens, for as long as a dialog stands.
-class DialogWords {
-public:
-    explicit DialogWords(forms::Language language) {
-        if (language != forms::Language::Japanese) {
-            return;
-        }
-        const QString beside = QCoreApplication::applicationDirPath() + QStringLiteral("/translations");
-        const QString file = QStringLiteral("qtbase_ja");
-        if (translator_.load(file, beside) ||
-            translator_.load(file, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-            QCoreApplication::installTranslator(&translator_);
-        }
-    }
-    ~DialogWords() { QCoreApplication::removeTranslator(&translator_); }
-    DialogWords(const DialogWords&) = delete;
-    DialogWords& operator=(const DialogWords&) = delete;
-
-private:
-    QTranslator translator_;
-};
 
 /// Keeps the dialog open where the system's own would: at a pattern in place of a name, at a folder that is not there.
 class CarefulDialog final : public QFileDialog {

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "forms/application.h"
+#include "forms/ms_flex_grid.h"
 #include "forms/text_box.h"
 #include "qt/widgets/key_strokes.h"
 #include "qt/widgets/make_binding.h"
@@ -24,6 +25,7 @@ FormWindow::FormWindow(forms::Form& form, const MapPictures& maps) : form_(form)
     setObjectName(ToQt(form.Name()));
     setWindowRole(objectName());  // by which other programs tell the windows apart: their titles are all the same
     setFocusPolicy(Qt::NoFocus);
+    setAcceptDrops(true);
     for (forms::Control* control : form_.Controls) {
         if (BindingOf(control) == nullptr) {
             Bind(*control);
@@ -86,6 +88,22 @@ void FormWindow::Refresh() {
                   size));
     } else {
         move(PixelEdge(form_.Left), PixelEdge(form_.Top));
+    }
+}
+
+void FormWindow::SetTextScale(double scale) {
+    if (scale == textScale_) {
+        return;
+    }
+    textScale_ = scale;
+    form_.TextSizesChanged();
+    for (forms::Control* control : form_.Controls) {
+        if (auto* grid = dynamic_cast<forms::MSFlexGrid*>(control)) {
+            form_.App().Dispatch([grid, scale] { grid->UserScaleCells(scale); });
+        }
+    }
+    for (const auto& [control, binding] : bindings_) {
+        binding->Refresh();
     }
 }
 
@@ -190,7 +208,7 @@ bool FormWindow::event(QEvent* event) {
 /// The form sees the stroke, and what it leaves goes to the widget that edits: to that alone, since Qt hands what a
 /// widget makes nothing of on to the widgets around it, where it would come by here as another stroke.
 void FormWindow::Key(const QKeyEvent& event, QObject* receiver) {
-    if (IsBusy()) {
+    if (IsBusy() || WindowKey(event)) {
         return;
     }
     const forms::Control* before = form_.ActiveControl();

@@ -9,6 +9,8 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include "qt/widgets/find_window.h"
+#include "qt/widgets/fitted_font.h"
 #include "qt/widgets/screen_fonts.h"
 
 namespace zirvo::widgets {
@@ -34,7 +36,10 @@ HelpWindow::HelpWindow() {
     back_.setObjectName(QStringLiteral("HelpBack"));
     forward_.setObjectName(QStringLiteral("HelpForward"));
     setFont(ScreenFont({}));
-    page_.setFont(ScreenFont({.Name = {}, .Size = 11}));
+    told_.setObjectName(QStringLiteral("HelpTold"));
+    SetTextScale(1);
+    page_.installEventFilter(this);
+    words_.installEventFilter(this);
     page_.setOpenExternalLinks(false);
     words_.setClearButtonEnabled(true);
 
@@ -42,6 +47,7 @@ HelpWindow::HelpWindow() {
     bar->addWidget(&back_);
     bar->addWidget(&forward_);
     bar->addStretch();
+    bar->addWidget(&told_);
     bar->addWidget(&words_);
     bar->addWidget(&find_);
     auto* all = new QVBoxLayout(this);
@@ -56,6 +62,7 @@ HelpWindow::HelpWindow() {
     connect(&page_, &QTextBrowser::backwardAvailable, &back_, &QWidget::setEnabled);
     connect(&page_, &QTextBrowser::forwardAvailable, &forward_, &QWidget::setEnabled);
     connect(&find_, &QPushButton::clicked, this, [this] { FindNext(); });
+    connect(&words_, &QLineEdit::textEdited, &told_, &QLabel::clear);
     connect(&words_, &QLineEdit::returnPressed, this, [this] { FindNext(); });
 
     const QSize room = QGuiApplication::primaryScreen()->availableSize();
@@ -67,7 +74,10 @@ bool HelpWindow::Open(const QString& file) {
     if (!info.isFile() || !info.isReadable()) {
         return false;
     }
-    const Words& words = info.completeBaseName().endsWith(QLatin1Char('1')) ? JapaneseWords : EnglishWords;
+    const bool japanese = info.completeBaseName().endsWith(QLatin1Char('1'));
+    const Words& words = japanese ? JapaneseWords : EnglishWords;
+    language_ = japanese ? forms::Language::Japanese : forms::Language::English;
+    told_.clear();
     back_.setText(QString::fromUtf8(words.Back));
     forward_.setText(QString::fromUtf8(words.Forward));
     find_.setText(QString::fromUtf8(words.Find));
@@ -85,9 +95,44 @@ bool HelpWindow::Open(const QString& file) {
     return true;
 }
 
+void HelpWindow::SetTextScale(double scale) {
+    setFont(ScaledFont(ScreenFont({}), scale, AnyHeight));
+    page_.setFont(ScaledFont(ScreenFont({.Name = {}, .Size = 11}), scale, AnyHeight));
+}
+
+bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
+    Q_UNUSED(watched)
+    return event->type() == QEvent::KeyPress && WindowKey(static_cast<QKeyEvent&>(*event));
+}
+
+bool HelpWindow::WindowKey(const QKeyEvent& event) {
+    if (const std::optional<TextStep> step = TextStepOf(event)) {
+        if (TextSizeAsked) {
+            TextSizeAsked(*step);
+        }
+        return true;
+    }
+    if (event.modifiers() != Qt::ControlModifier) {
+        return false;
+    }
+    if (event.key() == Qt::Key_F) {
+        words_.setFocus();
+        words_.selectAll();
+        return true;
+    }
+    if (event.key() == Qt::Key_P && ChoosePrinter) {
+        PrintDocument(*page_.document(), *this, language_, ChoosePrinter);
+        return true;
+    }
+    return false;
+}
+
 void HelpWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) {
         close();
+        return;
+    }
+    if (WindowKey(*event)) {
         return;
     }
     QWidget::keyPressEvent(event);
@@ -95,6 +140,7 @@ void HelpWindow::keyPressEvent(QKeyEvent* event) {
 
 /// From the caret on, then once more from the top.
 void HelpWindow::FindNext() {
+    told_.clear();
     const QString words = words_.text();
     if (words.isEmpty() || page_.find(words)) {
         return;
@@ -103,6 +149,7 @@ void HelpWindow::FindNext() {
     page_.moveCursor(QTextCursor::Start);
     if (!page_.find(words)) {
         page_.setTextCursor(before);
+        told_.setText(NothingFoundWords(language_));
     }
 }
 

@@ -19,6 +19,9 @@ Qt::Alignment ToQt(forms::Alignment alignment) {
     return Qt::AlignLeft | Qt::AlignTop;
 }
 
+/// Pixels between the edge of a label that looks like a field and its text.
+constexpr int FieldMargin = 4;
+
 /// A path with a place to break behind each separator: a long one is wrapped like words, not cut off.
 QString Breakable(QString path) {
     constexpr QChar zeroWidthSpace(0x200B);
@@ -45,11 +48,11 @@ LabelBinding::LabelBinding(forms::Label& label, QWidget& parent)
 void LabelBinding::ShowState() {
     shown_.setText(ToQt(label_.Caption.Get()));
     Qt::Alignment alignment = ToQt(label_.Align);
-    if (label_.BackColor.Get() != forms::DefaultColor) {  // it looks like a field
+    if (LooksLikeField() && label_.Align == forms::Alignment::Left) {
+        ShowAsTextField();
+    }
+    if (LooksLikeField() || IsOneLine()) {
         alignment = (alignment & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter;
-        if (label_.Align == forms::Alignment::Left) {
-            ShowAsTextField();
-        }
     }
     shown_.setAlignment(alignment);
     const bool coloured =
@@ -64,9 +67,26 @@ void LabelBinding::ShowState() {
     }
 }
 
+bool LabelBinding::LooksLikeField() const {
+    return label_.BackColor.Get() != forms::DefaultColor;
+}
+
+bool LabelBinding::IsOneLine() const {
+    const QString text = ToQt(label_.Caption.Get());
+    return !text.contains(QLatin1Char('\n')) && shown_.fontMetrics().horizontalAdvance(text) <= Place().width();
+}
+
+std::optional<TextInBox> LabelBinding::TextToFit() const {
+    const QString text = ToQt(label_.Caption.Get());
+    if (LooksLikeField() && label_.Align == forms::Alignment::Left) {
+        return TextInBox{.Text = Breakable(text), .Room = Place().size() - QSize(2 * FieldMargin, 0), .Wrapped = true};
+    }
+    return TextInBox{.Text = text, .Room = Place().size(), .Wrapped = true};
+}
+
 /// Away from the edge, and whatever the length: wrapped, and whole beside the mouse.
 void LabelBinding::ShowAsTextField() {
-    constexpr int margin = 4;
+    constexpr int margin = FieldMargin;
     shown_.setContentsMargins(margin, 0, margin, 0);
     const QString text = ToQt(label_.Caption.Get());
     const bool fits = shown_.fontMetrics().horizontalAdvance(text) <= Place().width() - 2 * margin;
@@ -84,7 +104,7 @@ void FrameBox::SetCaption(const QString& caption) {
 
 void FrameBox::paintEvent(QPaintEvent* event) {
     Q_UNUSED(event)
-    constexpr int titleIndent = 8;
+    constexpr int titleIndent = TitleIndent;
     constexpr int titleGap = 3;
     QPainter painter(this);
     const QFontMetrics metrics(font());
@@ -108,6 +128,13 @@ FrameBinding::FrameBinding(forms::Frame& frame, QWidget& parent)
 
 void FrameBinding::ShowState() {
     shown_.SetCaption(ToQt(frame_.Caption.Get()));
+}
+
+std::optional<TextInBox> FrameBinding::TextToFit() const {
+    // The title may be as high as the edge that it stands in.
+    constexpr int highest = 18;
+    return TextInBox{.Text = ToQt(frame_.Caption.Get()),
+                     .Room = {Place().width() - 2 * FrameBox::TitleIndent, highest}};
 }
 
 }  // namespace zirvo::widgets

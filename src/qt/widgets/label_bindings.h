@@ -12,16 +12,20 @@ namespace zirvo::widgets {
 /// Colours of the screens as Qt has them; DefaultColor is the palette's.
 QColor ToQt(forms::ScreenColor color, const QColor& standard);
 
-/// Plain text from the upper left corner, wrapped to the width. One with a colour behind it looks like a field.
+/// Plain text, wrapped to the width: one line in the middle of the box's height, several from its upper edge. One with
+/// a colour behind it looks like a field.
 class LabelBinding final : public ControlBinding {
 public:
     LabelBinding(forms::Label& label, QWidget& parent);
 
 protected:
     void ShowState() override;
+    std::optional<TextInBox> TextToFit() const override;
 
 private:
     void ShowAsTextField();
+    bool LooksLikeField() const;
+    bool IsOneLine() const;
 
     forms::Label& label_;
     QLabel& shown_;
@@ -32,6 +36,8 @@ class FrameBox final : public QGroupBox {
 public:
     explicit FrameBox(QWidget& parent) : QGroupBox(&parent) {}
     void SetCaption(const QString& caption);
+    /// Pixels between either side and the title.
+    static constexpr int TitleIndent = 8;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -46,6 +52,7 @@ public:
 
 protected:
     void ShowState() override;
+    std::optional<TextInBox> TextToFit() const override;
 
 private:
     forms::Frame& frame_;

@@ -60,7 +60,7 @@ void PictureWidget::paintEvent(QPaintEvent* event) {
         shapes_->Paint(painter, inside);
     }
     if (!text_.isEmpty()) {
-        constexpr int margin = 6;
+        constexpr int margin = TextMargin;
         painter.setPen(palette().color(QPalette::WindowText));
         painter.drawText(inside.adjusted(margin, margin, -margin, -margin),
                          Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, text_);
@@ -113,6 +113,11 @@ QRect PictureBinding::Place() const {
     // As large as the map, whose pixels count from its own corner.
     return {PixelEdge(picture_.Left), PixelEdge(picture_.Top), PixelsOfTwips(picture_.Width),
             PixelsOfTwips(picture_.Height)};
+}
+
+std::optional<TextInBox> PictureBinding::TextToFit() const {
+    constexpr int edges = 2 * (PictureWidget::TextMargin + 1);
+    return TextInBox{.Text = ToQt(picture_.Text.Get()), .Room = Place().size() - QSize(edges, edges), .Wrapped = true};
 }
 
 void PictureBinding::ShowState() {

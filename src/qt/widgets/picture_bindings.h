@@ -23,6 +23,8 @@ public:
     void SetText(const QString& text);
     void SetImage(const QImage& image);
     void SetBorder(bool border);
+    /// Pixels between the border and a text.
+    static constexpr int TextMargin = 6;
     std::function<void(int button, int x, int y)> Pressed;
 
 protected:
@@ -56,6 +58,7 @@ public:
 protected:
     void ShowState() override;
     QRect Place() const override;
+    std::optional<TextInBox> TextToFit() const override;
 
 private:
     forms::PictureBox& picture_;

@@ -21,19 +21,23 @@ QtDesktop::~QtDesktop() {
 }
 
 forms::Answer QtDesktop::Show(const forms::Message& message) {
+    const WorkShown::Pause pause(work_);
     return ended_ ? forms::Answer::Cancel : AskUser(message, Front());
 }
 
 std::optional<std::string> QtDesktop::Open(const forms::FileDialog& dialog) {
+    const WorkShown::Pause pause(work_);
     return ended_ ? std::nullopt : AskForFile(dialog, FilePurpose::Open, WindowOf(dialog.Owner));
 }
 
 std::optional<std::string> QtDesktop::Save(const forms::FileDialog& dialog) {
+    const WorkShown::Pause pause(work_);
     return ended_ ? std::nullopt : AskForFile(dialog, FilePurpose::Save, WindowOf(dialog.Owner));
 }
 
 std::optional<std::string> QtDesktop::ChooseFolder(forms::Form& owner, const std::string& title,
                                                    const std::string& start, forms::Language words) {
+    const WorkShown::Pause pause(work_);
     return ended_ ? std::nullopt : AskForFolder(title, start, words, WindowOf(&owner));
 }
 
@@ -44,6 +48,9 @@ bool QtDesktop::ShowHelp(forms::Form& owner, const std::string& file) {
     }
     if (help_ == nullptr) {
         help_ = std::make_unique<HelpWindow>();
+        help_->TextSizeAsked = [this](TextStep step) { TakeTextStep(step); };
+        help_->ChoosePrinter = choosePrinter_;
+        help_->SetTextScale(textSizes_.Scale());
     }
     return help_->Open(ToQt(file));
 }
@@ -54,11 +61,11 @@ forms::ScreenSize QtDesktop::Screen() const {
 }
 
 float QtDesktop::TextWidth(const forms::FontSpec& font, std::string_view text) const {
-    return TextWidthTwips(font, text);
+    return static_cast<float>(textSizes_.Scale()) * TextWidthTwips(font, text);
 }
 
 float QtDesktop::TextHeight(const forms::FontSpec& font, std::string_view text) const {
-    return TextHeightTwips(font, text);
+    return static_cast<float>(textSizes_.Scale()) * TextHeightTwips(font, text);
 }
 
 void QtDesktop::ShowForm(forms::Form& form) {
@@ -69,11 +76,37 @@ void QtDesktop::ShowForm(forms::Form& form) {
     if (window == nullptr) {
         window = new FormWindow(form, maps_);
         windows_.emplace(&form, window);
+        window->TextSizeAsked = [this](TextStep step) { TakeTextStep(step); };
+        window->ChoosePrinter = choosePrinter_;
+        window->SetTextScale(textSizes_.Scale());
     }
     front_ = window;
     window->show();
     window->raise();
     window->activateWindow();
+}
+
+void QtDesktop::SetPrinterChoice(PrinterChoice choose) {
+    choosePrinter_ = std::move(choose);
+    for (const auto& [form, window] : windows_) {
+        window->ChoosePrinter = choosePrinter_;
+    }
+    if (help_ != nullptr) {
+        help_->ChoosePrinter = choosePrinter_;
+    }
+}
+
+/// All windows follow, also those that are hidden and come back.
+void QtDesktop::TakeTextStep(TextStep step) {
+    if (!textSizes_.Take(step)) {
+        return;
+    }
+    for (const auto& [form, window] : windows_) {
+        window->SetTextScale(textSizes_.Scale());
+    }
+    if (help_ != nullptr) {
+        help_->SetTextScale(textSizes_.Scale());
+    }
 }
 
 void QtDesktop::HideForm(forms::Form& form) {
@@ -112,6 +145,18 @@ void QtDesktop::PaintNow(forms::Form& form) {
     }
     window->repaint();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void QtDesktop::WorkBegins() {
+    work_.Begin();
+}
+
+void QtDesktop::WorkEnds() {
+    work_.End();
+}
+
+void QtDesktop::WorkGoesOn(double done) {
+    work_.GoOn(Front(), done);
 }
 
 void QtDesktop::DiscardInput() {

@@ -11,6 +11,7 @@
 #include "qt/widgets/form_window.h"
 #include "qt/widgets/help_window.h"
 #include "qt/widgets/map_pictures.h"
+#include "qt/widgets/work_shown.h"
 
 namespace zirvo::widgets {
 
@@ -39,6 +40,9 @@ public:
     std::string ClipboardText() const override;
     void SetClipboardText(const std::string& text) override;
     void PaintNow(forms::Form& form) override;
+    void WorkBegins() override;
+    void WorkEnds() override;
+    void WorkGoesOn(double done) override;
     void DiscardInput() override;
     void CallLater(int milliseconds, std::function<void()> call) override;
     void EndProgram(int status) override;
@@ -48,6 +52,8 @@ public:
 
     /// Makes the pictures of maps that picture controls show. This object must outlive them.
     MapPictureFactory MapPictureMaker();
+    /// How a printer is chosen from now on: a test has one that writes a PDF.
+    void SetPrinterChoice(PrinterChoice choose);
     /// Lets go of every form and closes the windows; the forms may then be destroyed.
     void ReleaseForms();
 
@@ -56,8 +62,13 @@ private:
     /// What a box of the program stands in front of: the form that was shown last, if it is on the screen.
     QWidget* Front() const;
 
+    void TakeTextStep(TextStep step);
+
     MapPictures maps_;
     QObject timers_;  ///< calls that wait go with it
+    TextSizes textSizes_;
+    WorkShown work_;
+    PrinterChoice choosePrinter_ = AskForPrinter;
     std::unordered_map<const forms::Form*, FormWindow*> windows_;
     QPointer<FormWindow> front_;
     std::unique_ptr<HelpWindow> help_;

@@ -32,6 +32,12 @@ void TextBinding::ShowState() {
     shown_.Display(ToQt(box_.Text.Get()), {box_.SelStart, box_.SelLength});
 }
 
+/// It scrolls sideways; a line of it must be as high as the box.
+std::optional<TextInBox> TextBinding::TextToFit() const {
+    const int edges = box_.BorderStyle.Get() != 0 ? 4 : 0;
+    return TextInBox{.Text = {}, .Room = Place().size() - QSize(0, edges)};
+}
+
 PageBinding::PageBinding(forms::TextBox& box, QWidget& parent)
     : ControlBinding(box, *new QPlainTextEdit(&parent)), box_(box), shown_(static_cast<QPlainTextEdit&>(Widget())) {
     shown_.setLineWrapMode(QPlainTextEdit::NoWrap);

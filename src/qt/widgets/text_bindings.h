@@ -17,6 +17,7 @@ public:
 
 protected:
     void ShowState() override;
+    std::optional<TextInBox> TextToFit() const override;
 
 private:
     forms::TextBox& box_;

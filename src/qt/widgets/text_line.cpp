@@ -68,14 +68,14 @@ void TextLine::Display(const QString& text, CharacterRange selected) {
     quiet_ = false;
 }
 
-/// Without a frame it lies over a cell of a grid: it shows the lines of the grid that it covers.
+/// Without a frame it lies over a cell of a grid: a thin one in the colour of what is chosen tells that the cell is
+/// open.
 void TextLine::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
     if (!hasFrame() && parentWidget() != nullptr && qobject_cast<QComboBox*>(parentWidget()) == nullptr) {
         QPainter painter(this);
-        painter.setPen(palette().color(QPalette::Mid));
-        painter.drawLine(rect().topRight(), rect().bottomRight());
-        painter.drawLine(rect().bottomLeft(), rect().bottomRight());
+        painter.setPen(palette().color(QPalette::Active, QPalette::Highlight));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
 }
 

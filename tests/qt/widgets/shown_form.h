@@ -42,6 +42,9 @@ public:
     /// What has been raised, in order: "Command1 Click", "Text1 KeyDown 53".
     std::vector<std::string> Log;
     bool Cancel = false;
+    std::string Takes;  ///< the one file that can be dropped here
+    bool TakesFile(const std::string& path) const override { return !Takes.empty() && path == Takes; }
+    void UserDrop(const std::string& path) override { Log.push_back("drop " + path); }
     void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override;
 
 private:

@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <cmath>
 
+#include "qt/widgets/program_icon.h"
 #include "qt/widgets/shown_form.h"
 
 namespace zirvo::widgets {
@@ -255,6 +256,17 @@ TEST_F(Pictures, AMapMadeBeforeTheWindowIsShownByIt) {
     form.Show();
     EXPECT_EQ(Find("Picture1").size(), QSize(100, 100));
     EXPECT_EQ(Find("Picture1").grab().toImage().pixelColor(50, 50), QColor(0, 0, 0));
+}
+
+TEST(Icon, IsThereInEverySizeThatADesktopAsksFor) {
+    const QIcon icon = ProgramIcon();
+    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+        const QImage image = icon.pixmap(QSize(size, size), 1.0).toImage();
+        EXPECT_EQ(image.size(), QSize(size, size));
+        EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0) << "beside the wheel nothing is painted";
+        EXPECT_GT(image.pixelColor(size / 2, size / 2).red(), 150) << "the strain under the wheel";
+        EXPECT_EQ(image.pixelColor(1, size - 1).alpha(), 255);
+    }
 }
 
 }  // namespace
