@@ -84,6 +84,15 @@ TEST(Conrec, AStraightLineThroughACellIsDrawnTriangleByTriangle) {
 // (1, 0). m = 2 (- + +): case 9, S(3, 2) at (2, 1), then S(2, 0).  m = 3 (+ + -): case 8, S(0, 4): (1 - 0.2, 1 + 0.2);
 // S(4, 3): from (0, 2), h -0.5, to (2, 2), h 1: x = 2/3.  m = 4 (- + +): case 9, S(1, 4): y = 2 * 1 / 1.5 = 4/3; S(4,
 // 0).
+TEST(Conrec, TellsBehindEachRowOfCellsHowMuchIsDone) {
+    const TestField field = FieldOf(3, 5);
+    RecordingSurface surface(0, 0);
+    std::vector<double> told;
+    conrec(surface, 0, 1, field.D, field.X, field.Y, 5, 1, field.LastX(), 1, field.LastY(), 0,
+           [&](double done) { told.push_back(done); });
+    EXPECT_EQ(told, (std::vector<double>{0.25, 0.5, 0.75, 1}));
+}
+
 TEST(Conrec, TheCentreDecidesHowTheLinesOfASaddleJoin) {
     const auto lines = Trace(CellOf(1, -1, 1, -0.5), -2, 2, 3);
     const std::vector<PlotCommand> expected{Line(10.0 / 9, 8.0 / 9, 1, 0, Green), Line(2, 1, 10.0 / 9, 8.0 / 9, Green),

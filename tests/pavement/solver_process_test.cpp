@@ -75,6 +75,27 @@ TEST_F(RunHiddenTest, OpensWaitsAndClosesBetweenTheCallbacks) {
     EXPECT_EQ(Log, (Lines{"start solver", "open 41", "handle obtained", "wait 7", "close 7", "wait over"}));
 }
 
+/// Has ended at the third look.
+class ThirdLook : public test::ScriptedProcess {
+public:
+    using ScriptedProcess::ScriptedProcess;
+    bool WaitFor(std::intptr_t handle, int /*milliseconds*/) override {
+        Log.push_back("look " + std::to_string(handle));
+        return ++looks_ == 3;
+    }
+
+private:
+    int looks_ = 0;
+};
+
+TEST_F(RunHiddenTest, CallsBackBetweenTheLooksWhereSomebodyWantsToKnow) {
+    ThirdLook process(Log);
+    Callbacks.Waiting = [this] { Log.emplace_back("waiting"); };
+    RunHidden(process, "solver", StartFailure::Fault, Callbacks);
+    EXPECT_EQ(Log, (Lines{"start solver", "open 41", "handle obtained", "look 7", "waiting", "look 7", "waiting",
+                          "look 7", "close 7", "wait over"}));
+}
+
 TEST_F(RunHiddenTest, WithoutAHandleThereIsNoWaitButTheWaitIsOver) {
     Process.Handle = 0;
     RunHidden(Process, "solver", StartFailure::Fault, Callbacks);

@@ -49,6 +49,24 @@ TEST(Process, WaitLastsUntilTheProgramHasEnded) {
     EXPECT_EQ(folder.Get("out"), "done\n");
 }
 
+TEST(Process, WaitForComesBackWhileTheProgramRunsAndTellsItsEnd) {
+    const TemporaryFolder folder;
+    const auto service = MakeProcessService();
+    const std::string script =
+        PutScript(folder, "waits", "while [ ! -e \"$(dirname \"$0\")/go\" ]; do sleep 0.01; done\n");
+    const int identifier = service->StartHidden(script);
+    const std::intptr_t handle = service->Open(identifier);
+    ASSERT_NE(handle, 0);
+    EXPECT_FALSE(service->WaitFor(handle, 0));
+    EXPECT_FALSE(service->WaitFor(handle, 30));
+    folder.Put("go", "");
+    while (!service->WaitFor(handle, 10000)) {
+    }
+    EXPECT_TRUE(IsGone(identifier));
+    EXPECT_TRUE(service->WaitFor(handle, 10000)) << "a second wait comes back at once";
+    service->Close(handle);
+}
+
 TEST(Process, RunsInTheCurrentFolderWithoutArgumentsAndOnTheNullDevice) {
     const TemporaryFolder folder;
     const std::string script = PutScript(folder, "look",

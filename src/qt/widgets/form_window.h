@@ -5,19 +5,19 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QWidget>
 #include <functional>
 #include <unordered_map>
 
 #include "forms/form.h"
 #include "qt/widgets/control_binding.h"
+#include "qt/widgets/find_window.h"
 #include "qt/widgets/map_pictures.h"
 #include "qt/widgets/print_page.h"
 #include "qt/widgets/text_sizes.h"
 
 namespace zirvo::widgets {
-
-class FindWindow;
 
 /// Of fixed size and without a close entry in its frame. Every key press goes to the form first; Qt's own editing gets
 /// only what the form leaves to it. Qt never moves the focus: the form's active control has it.
@@ -74,7 +74,7 @@ private:
     bool passing_ = false;   ///< a stroke that the form has seen is on its way to a widget
     bool retired_ = false;
     double textScale_ = 1;
-    FindWindow* find_ = nullptr;  ///< belongs to this window; none before the first search
+    QPointer<FindWindow> find_;  ///< belongs to this window; none before the first search
 };
 
 }  // namespace zirvo::widgets

@@ -7,7 +7,6 @@
 #include <optional>
 
 #include "forms/text_box.h"
-#include "qt/widgets/find_window.h"
 #include "qt/widgets/form_window.h"
 
 namespace zirvo::widgets {
@@ -40,7 +39,7 @@ bool FormWindow::WindowKey(const QKeyEvent& event) {
         return false;
     }
     if (event.key() == Qt::Key_F) {
-        if (find_ == nullptr) {
+        if (find_.isNull()) {
             find_ = new FindWindow(*page, form_.ViewLanguage);
         }
         find_->Open();
@@ -92,7 +91,7 @@ void FormWindow::dropEvent(QDropEvent* event) {
 }
 
 void FormWindow::hideEvent(QHideEvent* event) {
-    if (find_ != nullptr) {
+    if (!find_.isNull()) {
         find_->close();
     }
     QWidget::hideEvent(event);

@@ -25,6 +25,7 @@ QFont ScreenFont(const forms::FontSpec& spec) {
     font.setPixelSize(std::max(1, static_cast<int>(std::floor(spec.Size * pixelsPerPoint + 0.5))));
     font.setBold(spec.Bold);
     font.setItalic(spec.Italic);
+    font.setStretch(QFont::Unstretched);  // said, or what stands in a frame would take over its condensed title's
     return font;
 }
 
