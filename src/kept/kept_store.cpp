@@ -1,6 +1,7 @@
 // The store of kept screens and its thread, see kept_store.h.
 #include "kept/kept_store.h"
 
+#include <algorithm>
 #include <exception>
 #include <system_error>
 
@@ -76,9 +77,12 @@ void KeptStore::Wait() {
     changed_.wait(hold, [this] { return jobs_.empty() && !busy_; });
 }
 
-bool KeptStore::IsKept() {
+std::optional<bool> KeptStore::IsKept() {
     Wait();
-    return kept_;
+    if (kept_.empty()) {
+        return std::nullopt;
+    }
+    return std::all_of(kept_.begin(), kept_.end(), [](const auto& screen) { return screen.second; });
 }
 
 void KeptStore::Keep(Snapshot now, Snapshot inFile) {
@@ -92,16 +96,16 @@ void KeptStore::KeepNow(const KeptScreen& now, const KeptScreen* inFile) {
     if (inFile != nullptr && HoldSameData(now, *inFile)) {
         folder_.Forget(now.Screen);
         written_.erase(now.Screen);
-        kept_ = true;
+        kept_.erase(now.Screen);
         return;
     }
     if (before != written_.end() && HoldSameData(now, before->second)) {
         return;
     }
-    kept_ = false;
-    kept_ = folder_.Write(now);
-    if (kept_) {
+    kept_[now.Screen] = false;
+    if (folder_.Write(now)) {
         written_[now.Screen] = now;
+        kept_[now.Screen] = true;
     }
 }
 
@@ -109,6 +113,7 @@ void KeptStore::StartAnother(const std::string& screen) {
     Post({.Screen = "", .Work = [this, screen] {
               folder_.StartAnother(screen);
               written_.erase(screen);
+              kept_.erase(screen);
           }});
 }
 
@@ -116,6 +121,7 @@ void KeptStore::Forget(const std::string& screen) {
     Post({.Screen = "", .Work = [this, screen] {
               folder_.Forget(screen);
               written_.erase(screen);
+              kept_.erase(screen);
           }});
 }
 

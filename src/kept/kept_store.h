@@ -40,8 +40,9 @@ public:
 
     /// Comes back when all that was asked for is done.
     void Wait();
-    /// Whether the last Keep of a screen has brought it to the disk, or there was nothing to bring. Waits.
-    bool IsKept();
+    /// Whether all that stands on the screens and in no file of the user's is on the disk; nothing where there is no
+    /// such thing. Waits.
+    std::optional<bool> IsKept();
 
 private:
     struct Job {
@@ -55,7 +56,7 @@ private:
     // The worker's own.
     KeptFolder folder_;
     std::map<std::string, KeptScreen> written_;  ///< by screen: what its last file holds
-    bool kept_ = true;
+    std::map<std::string, bool> kept_;           ///< by screen with data that stand in no file: whether it is written
 
     // Shared, under the mutex.
     std::mutex mutex_;

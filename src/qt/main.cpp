@@ -54,6 +54,7 @@ int Run() {
     KeptStore kept(KeptFolderOf(UserStateFolder()));
     widgets::QtDesktop desktop;
     forms::Application application(desktop);
+    application.KeepTypedData = [&kept] { return kept.IsKept(); };  // behind what each screen does at the end
     Register<Form1>(application);
     Register<Form2>(application);
     application.Register(Form3::FormName, [&](forms::Application& owner) {

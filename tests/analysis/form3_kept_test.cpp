@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "analysis/analysis_screens.h"
+#include "base/fault_words.h"
 #include "kept/kept_folder.h"
 #include "platform/clock.h"
 #include "shell/kept_data.h"
@@ -192,9 +193,11 @@ TEST_F(Form3Kept, ARunTimeErrorKeepsTheDataBeforeItsBox) {
         Type(program->Form(), "1000\r0.35\t");
         program->Form().MSFlexGrid2.UserFocus();
         Type(program->Form(), "49\r15\r0\r0\r0\r0\t");
+        program->Screens.App.KeepTypedData = [&] { return program->Store.IsKept(); };
         bool keptAtTheBox = false;
         program->Screens.Desktop.OnBox = [&](const forms::Message& box) {
             EXPECT_EQ(box.Text.substr(0, 20), "Run-time error '13':");
+            EXPECT_NE(box.Text.find(TypedDataKept(FaultLanguage::English, true)), std::string::npos);
             for (const auto& file : std::filesystem::recursive_directory_iterator(Folder)) {
                 keptAtTheBox = keptAtTheBox || file.path().filename() == "Form3.json";
             }

@@ -115,17 +115,26 @@ TEST_F(KeptStores, OffersTakesAndDeclines) {
     EXPECT_EQ(Next(), "1");
 }
 
-TEST_F(KeptStores, TellsWhetherTheLastIsOnTheDisk) {
+TEST_F(KeptStores, TellsWhetherWhatStandsInNoFileIsOnTheDisk) {
     KeptStore good(Folder);
+    EXPECT_EQ(good.IsKept(), std::nullopt);
     good.Keep(Snapshot("1"), nullptr);
-    EXPECT_TRUE(good.IsKept());
+    EXPECT_EQ(good.IsKept(), true);
+    good.Keep(Snapshot("1"), nullptr);
+    EXPECT_EQ(good.IsKept(), true);
+    good.Keep(Snapshot("1"), Snapshot("1"));
+    EXPECT_EQ(good.IsKept(), std::nullopt);
+    good.Keep(Snapshot("2"), Snapshot("1"));
+    good.Forget("Form3");
+    EXPECT_EQ(good.IsKept(), std::nullopt);
     KeptStore bad(Home.Put("file", "x") + "/kept");
-    EXPECT_TRUE(bad.IsKept());
     bad.Keep(Snapshot("1"), nullptr);
-    EXPECT_FALSE(bad.IsKept());
+    EXPECT_EQ(bad.IsKept(), false);
+    bad.StartAnother("Form3");
+    EXPECT_EQ(bad.IsKept(), std::nullopt);
     KeptStore none("");
     none.Keep(Snapshot("1"), nullptr);
-    EXPECT_FALSE(none.IsKept());
+    EXPECT_EQ(none.IsKept(), false);
     EXPECT_FALSE(none.Newest("Form3", FitsAll).has_value());
 }
 
@@ -133,10 +142,10 @@ TEST_F(KeptStores, AFailedWriteIsTriedAgain) {
     KeptStore store(Home.Path("file/kept"));
     Home.Put("file", "x");
     store.Keep(Snapshot("1"), nullptr);
-    EXPECT_FALSE(store.IsKept());
+    EXPECT_EQ(store.IsKept(), false);
     std::filesystem::remove(Home.Path("file"));
     store.Keep(Snapshot("1"), nullptr);
-    EXPECT_TRUE(store.IsKept());
+    EXPECT_EQ(store.IsKept(), true);
 }
 
 }  // namespace
