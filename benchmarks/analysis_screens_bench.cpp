@@ -5,6 +5,9 @@
 //   - ScrollToTheEnd, EditTheLastRow: the points' grid
 //   - TypeAndUndo: a digit, Enter and Ctrl+Z in the last row, each stroke timed by itself (at most 16 ms)
 //   - PasteAll: Ctrl+V of 10000 new rows, 200 times, so that 200 of them can be undone (memory within 200 MB)
+//   - StrokeWhileKept: a digit typed into a cell at the very moment when all is handed over to be kept, while the
+//     former state is still being written (at most 16 ms; "longest" of all)
+//   - KeepAll: from that moment until the data are on the disk, which nobody waits for
 //   - WholeView, RebuiltView: a report of 10000 points (at most 0.5 s)
 #include <benchmark/benchmark.h>
 
@@ -14,13 +17,16 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "analysis/form3.h"
 #include "analysis/form4.h"
 #include "analysis/solver_run.h"
 #include "answering_desktop.h"
 #include "forms/key_stroke.h"
+#include "kept/kept_store.h"
 #include "pavement/analysis_input.h"
 #include "platform/files.h"
 #include "qt/widgets/screen_fonts.h"
@@ -55,7 +61,7 @@ PavementModel LargestModel() {
 /// The screens of an analysis in a folder of their own that holds the largest file.
 class Screens {
 public:
-    Screens() : folder_(std::filesystem::temp_directory_path() / "zirvo-screens-bench") {
+    explicit Screens(bool keeps = false) : folder_(std::filesystem::temp_directory_path() / "zirvo-screens-bench") {
         std::filesystem::remove_all(folder_);
         std::filesystem::create_directories(folder_);
         ChangeFolder(folder_.string());
@@ -63,7 +69,14 @@ public:
         desktop_.Path = (folder_ / "big.eva").string();
         App.Register("Form1", [](auto& app) { return std::make_unique<Form1>(app); });
         App.Register("Form2", [this](auto& app) { return std::make_unique<Form2>(app, folder_.string()); });
-        App.Register("Form3", [this](auto& app) { return std::make_unique<Form3>(app, *processes_, ProgramFolder()); });
+        App.Register("Form3", [this, keeps](auto& app) {
+            auto form = std::make_unique<Form3>(app, *processes_, ProgramFolder());
+            if (keeps) {
+                form->KeepIn(Kept);
+            }
+            return form;
+        });
+        desktop_.HoldsCalls = keeps;
         App.Register("Form4", [](auto& app) { return std::make_unique<Form4>(app); });
         App.Dispatch([this] {
             App.Get<Form1>().Option2.Value = true;
@@ -74,6 +87,7 @@ public:
     }
     ~Screens() {
         desktop_.Release();
+        Kept.Wait();
         std::filesystem::remove_all(folder_);
     }
     Screens(const Screens&) = delete;
@@ -104,6 +118,13 @@ public:
     }
     void SetClipboard(const std::string& text) { desktop_.SetClipboardText(text); }
     void Paint(forms::Form& form) { desktop_.PaintNow(form); }
+    /// The time of what waits has come.
+    void MakeWaitingCall() {
+        const std::function<void()> call = std::exchange(desktop_.Waiting, {});
+        if (call) {
+            call();
+        }
+    }
 
 private:
     std::filesystem::path folder_;
@@ -111,6 +132,7 @@ private:
     bench::AnsweringDesktop desktop_;
 
 public:
+    KeptStore Kept{(folder_ / "state").string()};
     forms::Application App{desktop_};
 };
 
@@ -231,6 +253,47 @@ void PasteAll(benchmark::State& state) {
     state.counters["program, MB"] = MemoryInUse();
 }
 BENCHMARK(PasteAll)->Unit(benchmark::kMillisecond)->Iterations(200);
+
+/// A digit into a cell of the last row, which is begun anew now and then.
+void StrokeWhileKept(benchmark::State& state) {
+    Screens screens(true);
+    screens.Import();
+    Form3& form = screens.Data();
+    form.MSFlexGrid3.UserFocus();
+    form.MSFlexGrid3.UserClickCell(MaximumPoints, 2);
+    double longest = 0;  // ms
+    int strokes = 0;
+    for (auto step : state) {
+        const auto start = std::chrono::steady_clock::now();
+        form.Strike(forms::StrokeOf(static_cast<char32_t>('0' + strokes % 10)));
+        screens.MakeWaitingCall();
+        screens.Paint(form);
+        const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
+        longest = std::max(longest, taken.count());
+        if (++strokes % 10 == 0) {
+            state.PauseTiming();
+            form.Strike(forms::StrokeOfKey(forms::key::Escape));
+            state.ResumeTiming();
+        }
+    }
+    state.counters["longest stroke, ms"] = longest;
+}
+BENCHMARK(StrokeWhileKept)->Unit(benchmark::kMillisecond);
+
+void KeepAll(benchmark::State& state) {
+    Screens screens(true);
+    screens.Import();
+    Form3& form = screens.Data();
+    form.MSFlexGrid3.UserFocus();
+    form.MSFlexGrid3.UserClickCell(MaximumPoints, 2);
+    int strokes = 0;
+    for (auto step : state) {
+        form.Strike(forms::StrokeOf(static_cast<char32_t>('0' + strokes++ % 10)));
+        screens.MakeWaitingCall();
+        screens.Kept.Wait();
+    }
+}
+BENCHMARK(KeepAll)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 /// Both views by turns, of which one is timed.
 void View(benchmark::State& state, bool rebuilt) {
