@@ -58,7 +58,7 @@ public:
 
     static constexpr std::size_t MostSteps = 1000;
     /// So many are kept however large they are; beyond them the oldest go where all take more than LargeBytes.
-    static constexpr std::size_t LeastSteps = 250;
+    static constexpr std::size_t LeastSteps = 200;
     static constexpr std::size_t LargeBytes = 32U << 20U;
 
     void CellChanges(const forms::MSFlexGrid& grid, int row, int col) override;

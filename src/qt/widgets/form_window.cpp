@@ -216,7 +216,12 @@ void FormWindow::Key(const QKeyEvent& event, QObject* receiver) {
     const QPointer<QWidget> widget = active == nullptr ? nullptr : &active->Widget();
     const QPointer<QObject> alive = receiver;
     forms::KeyStroke stroke = StrokeOfEvent(event);
-    if (event.isAutoRepeat() && keyDown_.isValid()) {
+    // A display that is busy hands a repetition over as a new press; no hand strikes one key so fast again.
+    constexpr quint64 fasterThanAHand = 60;  // ms
+    const bool sameKey = event.key() == lastKey_ && event.timestamp() - lastStroke_ <= fasterThanAHand;
+    lastKey_ = event.key();
+    lastStroke_ = event.timestamp();
+    if ((event.isAutoRepeat() || sameKey) && keyDown_.isValid()) {
         stroke.HeldFor = static_cast<int>(std::clamp<qint64>(keyDown_.elapsed(), 1, 1'000'000));
     } else {
         keyDown_.start();

@@ -71,7 +71,9 @@ private:
     const MapPictures& maps_;
     std::unordered_map<const forms::Control*, ControlBinding*> bindings_;
     QElapsedTimer keyDown_;  ///< since the last stroke that was no repetition
-    bool passing_ = false;   ///< a stroke that the form has seen is on its way to a widget
+    int lastKey_ = 0;
+    quint64 lastStroke_ = 0;  ///< the display's time of it [ms]
+    bool passing_ = false;    ///< a stroke that the form has seen is on its way to a widget
     bool retired_ = false;
     double textScale_ = 1;
     QPointer<FindWindow> find_;  ///< belongs to this window; none before the first search
