@@ -81,7 +81,10 @@ std::optional<TextInBox> LabelBinding::TextToFit() const {
     if (LooksLikeField() && label_.Align == forms::Alignment::Left) {
         return TextInBox{.Text = Breakable(text), .Room = Place().size() - QSize(2 * FieldMargin, 0), .Wrapped = true};
     }
-    return TextInBox{.Text = text, .Room = Place().size(), .Wrapped = true};
+    // Headings stand side by side in boxes that touch.
+    constexpr int gap = 4;
+    const int apart = label_.Align == forms::Alignment::Center ? gap : 0;
+    return TextInBox{.Text = text, .Room = Place().size() - QSize(apart, 0), .Wrapped = true};
 }
 
 /// Away from the edge, and whatever the length: wrapped, and whole beside the mouse.

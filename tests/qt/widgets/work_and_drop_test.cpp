@@ -130,7 +130,9 @@ protected:
         QCoreApplication::sendEvent(&Window(), &event);
         return event.isAccepted();
     }
+    /// As from another program: it comes over the window first, and Qt drops nothing where that was refused.
     void Drop(const QStringList& files) {
+        EnterAccepted(files);
         const auto data = Dragged(files);
         QDropEvent event(QPointF(50, 50), Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&Window(), &event);
