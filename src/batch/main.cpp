@@ -44,6 +44,7 @@ ExitCode Run(int argumentCount, char** arguments, Console& console) {
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
+    const zirvo::PlainStreams streams;
     Console console;
     return static_cast<int>(Run(argumentCount, arguments, console));
 }

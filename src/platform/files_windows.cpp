@@ -13,7 +13,21 @@
 namespace zirvo {
 namespace {
 
+void RequireReadableLength(std::uint64_t length, const std::string& path) {
+    if (length > LongestFile) {
+        RaiseFileFault(fault::InvalidCall, path);
+    }
+}
+
+/// The system would call the empty name a path that is not there.
+void RequireAName(const std::string& path) {
+    if (path.empty()) {
+        RaiseFileFault(fault::FileNotFound, path);
+    }
+}
+
 WIN32_FILE_ATTRIBUTE_DATA DataOf(const std::string& path) {
+    RequireAName(path);
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (GetFileAttributesExW(ToWide(path).c_str(), GetFileExInfoStandard, &data) == 0) {
         RaiseSystemFault(GetLastError(), path);
@@ -59,6 +73,7 @@ FileAttributes AttributesOf(const std::string& path) {
 }
 
 std::string ReadFileBytes(const std::string& path) {
+    RequireAName(path);
     const std::wstring name = ToWide(path);
     const DWORD attributes = GetFileAttributesW(name.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && IsFolder(attributes)) {
@@ -72,13 +87,17 @@ std::string ReadFileBytes(const std::string& path) {
     if (GetFileType(file.Get()) != FILE_TYPE_DISK) {  // "CON" and its like have no end
         RaiseFileFault(fault::PathAccess, path);
     }
+    LARGE_INTEGER told{};
+    if (GetFileSizeEx(file.Get(), &told) == 0) {
+        RaiseSystemFault(GetLastError(), path);
+    }
+    RequireReadableLength(static_cast<std::uint64_t>(told.QuadPart), path);
     constexpr std::size_t Step = 1 << 20;
     std::string bytes;
+    bytes.reserve(static_cast<std::size_t>(told.QuadPart) + Step);
     for (DWORD got = 1; got != 0;) {
         const std::size_t length = bytes.size();
-        if (length > LongestFile) {
-            RaiseFileFault(fault::InvalidCall, path);
-        }
+        RequireReadableLength(length, path);  // it may have grown since
         bytes.resize(length + Step);
         if (ReadFile(file.Get(), bytes.data() + length, static_cast<DWORD>(Step), &got, nullptr) == 0) {
             RaiseSystemFault(GetLastError(), path);

@@ -85,7 +85,9 @@ public:
     }
 
     std::intptr_t Open(int identifier) override {
-        return reinterpret_cast<std::intptr_t>(OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(identifier)));
+        // The second right is for Close, which asks the handle whose it is.
+        return reinterpret_cast<std::intptr_t>(
+            OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION, FALSE, static_cast<DWORD>(identifier)));
     }
 
     void Wait(std::intptr_t handle) override { WaitForSingleObject(reinterpret_cast<HANDLE>(handle), INFINITE); }

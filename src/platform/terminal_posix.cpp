@@ -12,6 +12,9 @@ std::vector<std::string> CommandLineArguments(int count, char** arguments) {
     return {arguments + 1, arguments + count};
 }
 
+PlainStreams::PlainStreams() = default;
+PlainStreams::~PlainStreams() = default;
+
 bool IsErrorTerminal() {
     return isatty(STDERR_FILENO) != 0;
 }

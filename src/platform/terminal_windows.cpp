@@ -1,8 +1,11 @@
 // The command line and the terminal on Windows, see terminal.h.
 #include <windows.h>
 //
+#include <fcntl.h>
+#include <io.h>
 #include <shellapi.h>
 
+#include <cstdio>
 #include <memory>
 
 #include "platform/terminal.h"
@@ -19,6 +22,22 @@ std::vector<std::string> CommandLineArguments(int /*count*/, char** /*arguments*
         arguments.push_back(FromWide(wide.get()[i]));
     }
     return arguments;
+}
+
+PlainStreams::PlainStreams() {
+    for (std::FILE* stream : {stdin, stdout, stderr}) {
+        _setmode(_fileno(stream), _O_BINARY);
+    }
+    earlierCodePage_ = GetConsoleOutputCP();
+    if (earlierCodePage_ != 0) {
+        SetConsoleOutputCP(CP_UTF8);
+    }
+}
+
+PlainStreams::~PlainStreams() {
+    if (earlierCodePage_ != 0) {
+        SetConsoleOutputCP(earlierCodePage_);  // the console outlives this program
+    }
 }
 
 bool IsErrorTerminal() {
