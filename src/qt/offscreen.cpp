@@ -60,8 +60,10 @@ OffscreenQt::OffscreenQt() : earlier_(qInstallMessageHandler(KeepQuiet)) {
     static std::array<char*, 4> arguments{name, option, platform, nullptr};
     static int count = 3;
     const RuntimeFolder runtime;
+    const std::string fonts = JoinPath(ProgramFolder(), FontsFolderName);
+    FindFontSettings(fonts);
     application_ = std::make_unique<QGuiApplication>(count, arguments.data());
-    RegisterFonts(JoinPath(ProgramFolder(), FontsFolderName));
+    RegisterFonts(fonts);
 }
 
 OffscreenQt::~OffscreenQt() {
