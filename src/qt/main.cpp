@@ -20,6 +20,8 @@
 #include "shell/form1.h"
 #include "shell/form2.h"
 #include "shell/form7.h"
+#include "shell/settings.h"
+#include "text/file_helpers.h"
 
 namespace zirvo {
 namespace {
@@ -49,14 +51,27 @@ QPalette ReadablePalette() {
     return palette;
 }
 
+/// A word, once, where the settings do not stand in the program's folder as the manual has it.
+void TellOfSettings(forms::Desktop& desktop, const std::string& folder) {
+    if (folder != ProgramFolder() && !FileExists(JoinPath(folder, SettingsFileName))) {
+        desktop.Show({.Text = "The program's folder cannot be written: the settings are kept in\n"
+                              "プログラムのフォルダに書き込めないため、設定の保存先は\n\n" +
+                              folder,
+                      .Picture = forms::Icon::Information});
+    }
+}
+
 int Run() {
+    const std::string settings = SettingsFolder(ProgramFolder(), UserStateFolder());
     const std::unique_ptr<ProcessService> processes = MakeProcessService();
     KeptStore kept(KeptFolderOf(UserStateFolder()));
     widgets::QtDesktop desktop;
     forms::Application application(desktop);
     application.KeepTypedData = [&kept] { return kept.IsKept(); };  // behind what each screen does at the end
     Register<Form1>(application);
-    Register<Form2>(application);
+    application.Register(Form2::FormName, [&settings](forms::Application& owner) {
+        return std::make_unique<Form2>(owner, ProgramFolder(), settings);
+    });
     application.Register(Form3::FormName, [&](forms::Application& owner) {
         return KeptIn(kept, std::make_unique<Form3>(owner, *processes, ProgramFolder()));
     });
@@ -68,6 +83,7 @@ int Run() {
     });
     Register<Form7>(application);
     application.Show(Form1::FormName);
+    TellOfSettings(desktop, settings);
     const int status = desktop.WaitForEnd();
     desktop.ReleaseForms();  // the windows go before what they show
     return status;
@@ -86,13 +102,15 @@ int main(int /*argc*/, char** argv) {
         qputenv("QT_QPA_PLATFORM", "windows:fontengine=freetype");
     }
 #endif
+    const std::string fonts = zirvo::JoinPath(zirvo::ProgramFolder(), zirvo::FontsFolderName);
+    zirvo::FindFontSettings(fonts);
     int nameOnly = 1;  // whatever else is written behind the name counts for nothing
     const QApplication program(nameOnly, argv);
     QApplication::setApplicationName(QStringLiteral("zirvo"));
     QApplication::setApplicationDisplayName(QString());
     QApplication::setWindowIcon(zirvo::widgets::ProgramIcon());
     QApplication::setQuitOnLastWindowClosed(false);  // between two screens there is none
-    zirvo::RegisterFonts(zirvo::JoinPath(zirvo::ProgramFolder(), zirvo::FontsFolderName));
+    zirvo::RegisterFonts(fonts);
     QApplication::setFont(zirvo::widgets::ScreenFont({}));
     QApplication::setPalette(zirvo::ReadablePalette());
     return zirvo::Run();

@@ -28,8 +28,10 @@ Int16 NumberOfSet(const Option&... options) {
 
 }  // namespace
 
-Form2::Form2(forms::Application& application, std::string programFolder)
-    : Form(application, FormName), programFolder_(std::move(programFolder)) {
+Form2::Form2(forms::Application& application, std::string programFolder, std::string settingsFolder)
+    : Form(application, FormName),
+      programFolder_(std::move(programFolder)),
+      settingsFolder_(settingsFolder.empty() ? programFolder_ : std::move(settingsFolder)) {
     Command1.Click = [this] { Command1_Click(); };
     Command2.Click = [this] { Command2_Click(); };
     Command3.Click = [this] { Command3_Click(); };
@@ -75,7 +77,7 @@ void Form2::Form_Load() {
 }
 
 void Form2::RestoreOrClear() {
-    const std::optional<Settings> settings = LoadSettings(programFolder_);
+    const std::optional<Settings> settings = LoadSettings(settingsFolder_);
     if (!settings || !IsGoodFolder(settings->WorkFolder)) {
         StartEmpty();
         return;
@@ -166,7 +168,7 @@ void Form2::Command3_Click() {  // QUIT
 void Form2::Command4_Click() {  // NEXT
     const Int16 objective = Objective();
     WorkFolder = Label2.Caption;
-    SaveSettings(WorkFolder, UnitSystem(), objective, programFolder_);
+    SaveSettings(WorkFolder, UnitSystem(), objective, settingsFolder_);
     if (objective == 0) {
         return;  // no screen would come, so this one stays
     }

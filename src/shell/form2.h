@@ -14,7 +14,9 @@ class Form2 : public forms::Form {
 public:
     static constexpr const char* FormName = "Form2";
     /// @param programFolder  where the settings file and the manual lie
-    explicit Form2(forms::Application& application, std::string programFolder = ProgramFolder());
+    /// @param settingsFolder  where the settings file stands; "" is the program's folder
+    explicit Form2(forms::Application& application, std::string programFolder = ProgramFolder(),
+                   std::string settingsFolder = {});
 
     forms::Label Label1{*this, "Label1"};
     forms::Frame Frame1{*this, "Frame1"};
@@ -53,6 +55,7 @@ private:
     void SetCaptions();
 
     std::string programFolder_;
+    std::string settingsFolder_;
     Int16 languageBase_ = 0;
 };
 

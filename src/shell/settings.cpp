@@ -3,8 +3,10 @@
 
 #include <fstream>
 
+#include "base/runtime_fault.h"
 #include "platform/code_page.h"
 #include "platform/fault_subject.h"
+#include "platform/folders.h"
 #include "platform/open_file.h"
 #include "text/file_helpers.h"
 #include "text/number_text.h"
@@ -51,7 +53,25 @@ std::string FolderLine(const std::string& folder) {
     return bytes.find(',') == std::string::npos ? bytes : Quote + bytes + Quote;
 }
 
+/// Tried out, since what a system tells of rights is not always the whole truth.
+bool MayWriteIn(const std::string& folder) {
+    const std::string probe = JoinPath(folder, ".zirvo-may-write");
+    try {
+        WriteWholeFile(probe, "", Flush::ToSystem);
+        RemoveFile(probe);
+        return true;
+    } catch (const RuntimeFault&) {
+        return false;
+    }
+}
+
 }  // namespace
+
+std::string SettingsFolder(const std::string& programFolder, const std::string& userFolder) {
+    const bool usersOwn =
+        !MayWriteIn(programFolder) && !userFolder.empty() && MakePrivateFolders(userFolder) && MayWriteIn(userFolder);
+    return usersOwn ? userFolder : programFolder;
+}
 
 std::optional<Settings> LoadSettings(const std::string& programFolder) {
     const std::string path = JoinPath(programFolder, SettingsFileName);

@@ -10,7 +10,7 @@
 
 namespace zirvo {
 
-/// Stands in the folder of the program.
+/// Stands in the folder of the program, or in the user's own.
 inline constexpr std::string_view SettingsFileName = "zirvo_sv.ini";
 
 struct Settings {
@@ -20,6 +20,10 @@ struct Settings {
 
     bool operator==(const Settings&) const = default;
 };
+
+/// Where the settings file is to stand: in the program's folder; in the user's own, which is made if need be, where the
+/// program's may not be written (an installed program). The program's again where that fails too.
+std::string SettingsFolder(const std::string& programFolder, const std::string& userFolder);
 
 /// What the settings file holds; nothing where there is none. A file that is too short is fault 62, one whose second or
 /// third field is no integer is fault 13 (a folder with a comma and no quotes makes it so: its field ends there), one

@@ -95,6 +95,29 @@ TEST(SaveSettings, IsAFaultWhereTheProgramFolderIsGoneOrTheDiskFull) {
     EXPECT_EQ(program.Entries(), 1U);
 }
 
+TEST(SettingsFolder, IsTheProgramsAsLongAsItMayBeWritten) {
+    const TemporaryFolder program;
+    const TemporaryFolder user;
+    EXPECT_EQ(SettingsFolder(program.Path(), user.Path("zirvo")), program.Path());
+    EXPECT_EQ(program.Entries() + user.Entries(), 0U) << "nothing is left behind";
+}
+
+TEST(SettingsFolder, IsTheUsersWhereTheProgramsMayNotBeWrittenAndIsMadeThen) {
+    const TemporaryFolder program;
+    const TemporaryFolder user;
+    chmod(program.Path().c_str(), 0555);
+    const auto chosen = [&](const std::string& users) {
+        return FaultAsOrdinaryUser([&] { SaveSettings("/d", 1, 2, SettingsFolder(program.Path(), users)); });
+    };
+    EXPECT_EQ(chosen(user.Path("new/zirvo")), 0);
+    EXPECT_EQ(user.Get("new/zirvo/zirvo_sv.ini"), "/d\r\n 1 \r\n 2 \r\n");
+    EXPECT_FALSE(program.Has(Name));
+    // No folder of the user's, or one that cannot be made: the program's own, and its fault when it is written.
+    EXPECT_EQ(chosen(""), 75);
+    EXPECT_EQ(chosen(user.Path("new/zirvo/zirvo_sv.ini/below")), 75);
+    chmod(program.Path().c_str(), 0777);
+}
+
 TEST(LoadSettings, GivesNothingWhereThereIsNoFile) {
     const TemporaryFolder program;
     EXPECT_EQ(LoadSettings(program.Path()), std::nullopt);
