@@ -82,9 +82,9 @@ void ControlBinding::ShowFont() {
     if (shownFont_ == choice) {
         return;
     }
-    QFont font =
-        ScaledFont(ScreenFont(choice.Spec), choice.Scale, choice.Text ? choice.Text->Room.height() : AnyHeight);
-    widget_->setFont(choice.Text ? FontThatFits(font, *choice.Text) : font);
+    const QFont told = ScreenFont(choice.Spec);
+    const QFont scaled = ScaledFont(told, choice.Scale, choice.Text ? choice.Text->Room.height() : AnyHeight);
+    widget_->setFont(choice.Text ? LargestFontThatFits(told, scaled, *choice.Text) : scaled);
     shownFont_ = std::move(choice);
 }
 

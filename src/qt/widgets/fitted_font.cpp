@@ -55,6 +55,16 @@ QFont FontThatFits(const QFont& told, const TextInBox& text) {
     return Condensed(font, text);
 }
 
+QFont LargestFontThatFits(const QFont& told, const QFont& scaled, const TextInBox& text) {
+    constexpr int littleNarrower = 85;  // [percent]
+    for (QFont font = scaled; font.pixelSize() > told.pixelSize(); font.setPixelSize(font.pixelSize() - 1)) {
+        if (Fits(Narrowed(font, littleNarrower), text)) {
+            return FontThatFits(font, text);
+        }
+    }
+    return FontThatFits(scaled.pixelSize() < told.pixelSize() ? scaled : told, text);
+}
+
 QFont ScaledFont(const QFont& told, double scale, int roomHigh) {
     if (scale == 1) {
         return told;

@@ -20,6 +20,11 @@ struct TextInBox {
 /// width, and then smaller.
 QFont FontThatFits(const QFont& told, const TextInBox& text);
 
+/// The same where the user has asked for larger letters: they grow as far as the text fits with little narrowing, and
+/// what does not fit in the told size is drawn as FontThatFits has it.
+/// @param scaled  of ScaledFont
+QFont LargestFontThatFits(const QFont& told, const QFont& scaled, const TextInBox& text);
+
 /// No bound for ScaledFont.
 inline constexpr int AnyHeight = 100000;
 
