@@ -56,6 +56,7 @@ void ComboBox::ShowEntry(int index) {
     if (text != Text.Get()) {
         StoreSelection(0, 0);
         Text.Store(text);
+        StoreSelection(0, CheckedSelLength(text, 0, static_cast<int>(text.size())));
     }
 }
 

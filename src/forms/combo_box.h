@@ -26,6 +26,7 @@ public:
 
     void AddItem(std::string text);
     /// Shows an entry, -1 for none and an empty text, without an event: what the user has left there is no choice.
+    /// It is selected, as behind a choice.
     void ShowEntry(int index);
     int ListCount() const { return static_cast<int>(items_.size()); }
     /// Outside the list: fault 5.

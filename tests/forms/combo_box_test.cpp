@@ -176,6 +176,8 @@ TEST_F(Combo, AnEntryIsShownAgainWithoutAnEvent) {
     combo.ShowEntry(1);
     EXPECT_TRUE(combo.Text == "EPSz");
     EXPECT_EQ(combo.ListIndex, 1);
+    EXPECT_EQ(combo.SelStart, 0);
+    EXPECT_EQ(combo.SelLength, 4) << "what is typed next takes its place";
     combo.ShowEntry(-1);
     EXPECT_TRUE(combo.Text == "");
     EXPECT_EQ(combo.ListIndex, -1);
