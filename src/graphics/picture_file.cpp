@@ -1,6 +1,7 @@
 // Names and kinds of picture files, see picture_file.h.
 #include "graphics/picture_file.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -57,13 +58,32 @@ bool LooksLikeBitmap(std::string_view bytes) {
     return false;
 }
 
-/// A document whose first element is "svg": before it stand a byte order mark, a declaration, comments.
+/// Takes what `head` begins with up to and with `end`; false where it does not begin so or has no such end.
+bool Take(std::string_view& head, std::string_view begin, std::string_view end) {
+    const std::size_t at = head.starts_with(begin) ? head.find(end, begin.size()) : std::string_view::npos;
+    if (at == std::string_view::npos) {
+        return false;
+    }
+    head.remove_prefix(at + end.size());
+    return true;
+}
+
+void SkipBlanks(std::string_view& head) {
+    head.remove_prefix(std::min(head.find_first_not_of(" \t\r\n"), head.size()));
+}
+
+/// A document whose first element is "svg": before it stand a byte order mark, declarations, comments.
 bool LooksLikeSvg(std::string_view bytes) {
     constexpr std::size_t far = 4096;
-    const std::string_view head = bytes.substr(0, far);
-    const std::size_t element = head.find("<svg");
-    const std::size_t first = head.find_first_not_of("\xEF\xBB\xBF \t\r\n"sv);
-    return element != std::string_view::npos && head.substr(first, 1) == "<";
+    std::string_view head = bytes.substr(0, far);
+    Take(head, "\xEF\xBB\xBF"sv, "");
+    SkipBlanks(head);
+    while (Take(head, "<?", "?>") || Take(head, "<!--", "-->") || Take(head, "<!DOCTYPE", ">")) {
+        SkipBlanks(head);
+    }
+    constexpr std::string_view element = "<svg";
+    return head.starts_with(element) && head.size() > element.size() &&
+           " \t\r\n/>"sv.find(head[element.size()]) != std::string_view::npos;
 }
 
 }  // namespace

@@ -51,14 +51,16 @@ TEST(PictureFileKind, IsToldByTheFirstBytes) {
     EXPECT_TRUE(LooksLikePicture("%PDF-1.4\n"));
     EXPECT_TRUE(LooksLikePicture("<?xml version=\"1.0\"?>\n<!-- a road -->\n<svg width=\"1\"/>"));
     EXPECT_TRUE(LooksLikePicture("\xEF\xBB\xBF<svg/>"));
+    EXPECT_TRUE(LooksLikePicture("\r\n<!DOCTYPE svg>\n<svg\n>"));
     EXPECT_TRUE(LooksLikePicture("\xFF\xD8\xFF\xE0"));
     EXPECT_TRUE(LooksLikePicture("GIF89a"));
     EXPECT_TRUE(LooksLikePicture(std::string("II*\0", 4)));
 }
 
 TEST(PictureFileKind, IsNotMistakenForTextsAndData) {
-    for (const char* bytes : {"", "B", "BM", "BMW tyres, 40 kN each, on the new road\r\n", "<html><svg2></html>",
-                              "see <svg/>", " 3 4 ,,,,,layers and loads\r\n", "   <ZIRVO Ver2.3>\r\n", "%PD"}) {
+    for (const char* bytes :
+         {"", "B", "BM", "BMW tyres, 40 kN each, on the new road\r\n", "<html><svg2></html>", "<html><svg/></html>",
+          "<svgx/>", "<!-- <svg/>", "see <svg/>", " 3 4 ,,,,,layers and loads\r\n", "   <ZIRVO Ver2.3>\r\n", "%PD"}) {
         EXPECT_FALSE(LooksLikePicture(bytes)) << bytes;
     }
     std::string beyond = TinyBitmap();
