@@ -188,7 +188,7 @@ private:
     Int16 languageBase_ = 0;
     std::shared_ptr<clsFlexGridEdit> editor_;
     std::optional<TableEditing> editing_;
-    std::unique_ptr<KeptData> kept_;  ///< nothing where nothing is kept
+    std::unique_ptr<KeptData> kept_;      ///< nothing where nothing is kept
     std::optional<std::string> dropped_;  ///< the file that OPEN FILE is to take
 };
 

@@ -159,7 +159,7 @@ TEST_F(EditedForm3, ClearFormAndNewDataAreUndoneInOneStepWithTheirScreen) {
     form.Command8.UserFocus();
     const std::string layer = RowOf(layers, 1);
     const std::string name = form.Text7.Text;
-    form.Command4.UserClick();  // CLEAR FORM
+    form.Command4.UserClick();             // CLEAR FORM
     EXPECT_EQ(form.Label7.Caption, " 0");  // as its bar writes it
     Control('Z');
     EXPECT_EQ(form.Label7.Caption, " 1");

@@ -107,8 +107,8 @@ TEST(SurvivesInFile, IsTrueForWhatComesBackAsItWasWritten) {
          {"a", "run.eva", "a b", "a .eva", "道路.eva", "ｱｲｳ.bre", "Straße.san", "a\"b", "10％", "　a"}) {
         EXPECT_TRUE(SurvivesInFile(name)) << name;
     }
-    for (const std::string name : {"", " ", " a", "a ", "\ta", "a,b", ",", "\"a\"", "\"a", "a/b", "/a", "a/", "a\nb", "a\rb",
-                                   "ﾂｵ", "aﾂｵ.bre", "a\x7F", "a\xFF"}) {
+    for (const std::string name : {"", " ", " a", "a ", "\ta", "a,b", ",", "\"a\"", "\"a", "a/b", "/a", "a/", "a\nb",
+                                   "a\rb", "ﾂｵ", "aﾂｵ.bre", "a\x7F", "a\xFF"}) {
         EXPECT_FALSE(SurvivesInFile(name)) << name;
     }
     EXPECT_FALSE(SurvivesInFile(std::string("a\0b", 3)));
