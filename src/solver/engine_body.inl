@@ -17,6 +17,8 @@ namespace {
 // The loops need the vectors above.
 #include "solver/engine_bessel.inl"
 #include "solver/engine_half_space.inl"
+#include "solver/engine_layers.inl"
+// The fields need the layers.
 #include "solver/engine_kernels.inl"
 #include "solver/engine_sums.inl"
 }  // namespace

@@ -11,7 +11,7 @@ constexpr double Margin = 50;       // K: decay of the trapezoid's error in the 
 constexpr double PhaseRange = 40;   // c times the reach
 constexpr double LowShare = 1e-4;   // of the reciprocal thickness: the kernel is constant below
 constexpr double StartBelow = 4;    // the doubly exponential end: exp(-exp(4)) is nothing
-constexpr double WindowSigma = 12;  // sigma times the gap
+constexpr double WindowSigma = 16;  // sigma times the gap
 constexpr double WindowMiddle = 6;  // centre and half width of the window in sigmas
 }  // namespace
 

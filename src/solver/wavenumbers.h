@@ -19,7 +19,8 @@ struct NodeRule {
 };
 
 /// Where a sum may be windowed: for radii at least `gap` from the edge of the load, half erfc((xi - 6 sigma) / sigma)
-/// with sigma = 12 / gap changes it by less than 1E-15 of a unit load.
+/// with sigma = 16 / gap changes it by about 1E-17 of its largest kernel, which may be far larger than the load: by
+/// exp(-(sigma gap / 2)^2) = 1E-28 where it ends the sum and by erfc(6) / 2 at zero.
 struct WaveRange {
     double Reach = 0;      ///< largest radius plus largest load radius [cm]
     double Largest = 0;    ///< wavenumber at which the sum may be expected to have ended [1/cm]

@@ -30,9 +30,9 @@ TEST(TrueValues, EveryCaseIsWithinTheThousandMillionthPart) {
     }
 }
 
-TEST(TrueValues, ThinStiffLayersCancellingLoadsAndEdgesOfLargeCirclesAreAsGood) {
+TEST(TrueValues, SkinsFilmsCancellingLoadsFarPointsAndEdgesOfLargeCirclesAreAsGood) {
     const auto paths = CaseFilePaths("hard_cases");
-    ASSERT_EQ(paths.size(), 5U);
+    ASSERT_GE(paths.size(), 9U);
     for (const std::string& path : paths) {
         const CaseFile file = ReadCaseFile(path);
         const Solution solution = Solve(file.TheProblem, {1});
