@@ -14,7 +14,7 @@ using namespace zirvo::solver;
 
 struct Block {
     LayerTable Layers{zirvo::bench::GearWork()};
-    std::vector<double> Xi, Radii, Rows[4], Kernels, Total, Difference;
+    std::vector<double> Xi, XiLow, Radii, Rows[4], Kernels, Total, Difference;
     double* Bessel[4];
     static constexpr int Tiles = 16;
     static constexpr int Depths = 8;
@@ -23,6 +23,7 @@ struct Block {
     Block() : Kernels(static_cast<std::size_t>(Depths) * RowCount * NodeBlock) {
         for (int i = 0; i < NodeBlock; ++i) {
             Xi.push_back(0.005 * (i + 1));
+            XiLow.push_back(0);
         }
         for (int i = 0; i < Tiles * TileWidth; ++i) {
             Radii.push_back(3.0 * i);
@@ -65,7 +66,8 @@ void BesselOfABlock(benchmark::State& state) {
     const Engine* engine = EngineOf(state);
     Block block;
     for (auto _ : state) {
-        engine->Bessel(Bessels(), block.Xi.data(), NodeBlock, block.Radii.data(), Block::Tiles, block.Bessel);
+        engine->Bessel(Bessels(), block.Xi.data(), block.XiLow.data(), NodeBlock, block.Radii.data(), Block::Tiles,
+                       block.Bessel);
         benchmark::DoNotOptimize(block.Rows[0].data());
     }
     state.SetItemsProcessed(state.iterations() * NodeBlock * Block::Tiles * TileWidth);

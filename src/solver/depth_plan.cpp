@@ -120,6 +120,29 @@ std::vector<DepthChunk> WithoutNodes(const Problem& problem, const DepthChunk& c
     return chunks;
 }
 
+DepthChunk PartOf(const DepthChunk& chunk, const std::vector<bool>& wanted) {
+    DepthChunk part;
+    std::vector<int> place(chunk.Depths.size(), -1);
+    for (std::size_t i = 0; i < chunk.Points.size(); ++i) {
+        if (wanted[i]) {
+            place[static_cast<std::size_t>(chunk.Points[i].Depth)] = 0;
+        }
+    }
+    for (std::size_t d = 0; d < place.size(); ++d) {
+        if (place[d] == 0) {
+            place[d] = static_cast<int>(part.Depths.size());
+            part.Depths.push_back(chunk.Depths[d]);
+        }
+    }
+    for (std::size_t i = 0; i < chunk.Points.size(); ++i) {
+        if (wanted[i]) {
+            part.Points.push_back(chunk.Points[i]);
+            part.Points.back().Depth = place[static_cast<std::size_t>(chunk.Points[i].Depth)];
+        }
+    }
+    return part;
+}
+
 std::vector<DepthChunk> PlanDepths(const Problem& problem, std::size_t mostSources) {
     const auto order = SortedPoints(problem);
     std::vector<Distinct> distinct;

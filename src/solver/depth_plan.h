@@ -50,6 +50,10 @@ std::vector<double> LayerTopsOf(const Problem& problem);
 /// enough.
 std::vector<DepthChunk> WithoutNodes(const Problem& problem, const DepthChunk& chunk, std::size_t mostSources);
 
+/// What is left of a chunk when only some of its points are wanted; its depths have no sources yet (WithoutNodes).
+/// @param wanted  for each of the chunk's points
+DepthChunk PartOf(const DepthChunk& chunk, const std::vector<bool>& wanted);
+
 /// All points, in chunks of work. A chunk has at most `mostSources` sources.
 std::vector<DepthChunk> PlanDepths(const Problem& problem, std::size_t mostSources);
 

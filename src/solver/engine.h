@@ -12,6 +12,9 @@ struct LayeredSystem {
     const double* Nu = nullptr;
     const double* Thickness = nullptr;
     const double* Spring = nullptr;
+    /// What M2 and Spring lost to rounding, for the kernels in two parts.
+    const double* M2Low = nullptr;
+    const double* SpringLow = nullptr;
 };
 
 /// A depth at which kernels are wanted: 0-based layer, distance from its top and to its bottom [cm] (the latter unused
@@ -20,6 +23,7 @@ struct KernelDepth {
     int Layer = 0;
     double FromTop = 0;
     double FromBottom = 0;
+    double FromTopLow = 0, FromBottomLow = 0;  ///< what they lost to rounding
 };
 
 /// Rows of kernels: what is summed, per unit surface traction. Displacements over the wavenumber, strains as they are,
@@ -95,13 +99,19 @@ struct Engine {
     void (*Kernels)(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
                     int depthCount, bool vertical, bool horizontal, int& deepest, double* out);
 
+    /// The same in numbers of two parts, rounded to a double at the end: for pavements whose kernels lose digits, and
+    /// to tell how many.
+    void (*PreciseKernels)(const LayeredSystem& system, double radius, const double* xi, int nodes,
+                           const KernelDepth* depths, int depthCount, bool vertical, bool horizontal, int& deepest,
+                           double* out);
+
     /// out = raw * factor for one row of kernels. Gives the sum and adds to the maximum of |raw| * size.
     void (*Weigh)(const double* raw, const double* factor, const double* size, int nodes, double* out, double& sum,
                   double& peak);
 
-    /// J0..J3 of xi * r: out[order][(tile * NodeBlock + node) * TileWidth + lane]; null orders are left out.
-    void (*Bessel)(const BesselTable& table, const double* xi, int nodes, const double* radii, int tiles,
-                   double* const out[4]);
+    /// J0..J3 of (xi + xiLow) * r: out[order][(tile * NodeBlock + node) * TileWidth + lane]; null orders are left out.
+    void (*Bessel)(const BesselTable& table, const double* xi, const double* xiLow, int nodes, const double* radii,
+                   int tiles, double* const out[4]);
 
     /// total[(row * depthCount + depth) * columns + column] += sum over nodes of kernel * Bessel, difference the same
     /// with even nodes positive and odd ones negative; columns = tiles * TileWidth, tiles counted from firstTile of the

@@ -1,4 +1,5 @@
-// J0..J3 at xi * r for a block of nodes and tiles of radii.
+// J0..J3 at (xi + xiLow) * r for a block of nodes and tiles of radii; the product is kept in two parts, so that far
+// points lose nothing to the rounding of large arguments.
 //
 // Below 32: Taylor's series round the nearest multiple of 1/2, the four orders side by side (13 terms: 0.25^13 / 13! is
 // 2E-18). Beyond: Hankel's asymptotic series (Abramowitz and Stegun 9.2.5 to 9.2.10) with 8 + 8 terms, the last 1E-16
@@ -6,9 +7,9 @@
 
 #if defined(__GNUC__) && !defined(ZIRVO_PLAIN_VECTORS)
 typedef double Four __attribute__((vector_size(32)));
-inline void TaylorBessel(const BesselTable& table, double x, double out[4]) {
+inline void TaylorBessel(const BesselTable& table, double x, double rest, double out[4]) {
     const int centre = static_cast<int>(2 * x + 0.5);
-    const double d = x - 0.5 * centre;
+    const double d = (x - 0.5 * centre) + rest;
     const double(*c)[4] = table.Taylor[centre];
     Four sum;
     __builtin_memcpy(&sum, c[BesselTable::Terms - 1], sizeof sum);
@@ -20,9 +21,9 @@ inline void TaylorBessel(const BesselTable& table, double x, double out[4]) {
     __builtin_memcpy(out, &sum, sizeof sum);
 }
 #else
-inline void TaylorBessel(const BesselTable& table, double x, double out[4]) {
+inline void TaylorBessel(const BesselTable& table, double x, double rest, double out[4]) {
     const int centre = static_cast<int>(2 * x + 0.5);
-    const double d = x - 0.5 * centre;
+    const double d = (x - 0.5 * centre) + rest;
     for (int n = 0; n < 4; ++n) {
         double sum = 0;
         for (int k = BesselTable::Terms - 1; k >= 0; --k) {
@@ -33,11 +34,12 @@ inline void TaylorBessel(const BesselTable& table, double x, double out[4]) {
 }
 #endif
 
-/// sin and cos of x >= 0 up to about 1E6, by reduction with pi / 2 in three parts of 33 bits.
-inline void SinCos(Vec x, Vec& sine, Vec& cosine) {
+/// sin and cos of x + rest, x >= 0 up to about 1E6, by reduction with pi / 2 in three parts of 33 bits.
+inline void SinCos(Vec x, Vec rest, Vec& sine, Vec& cosine) {
     const Vec shifted = x * 0.63661977236758134308 + Magic;
     const Vec n = shifted - Magic;
-    const Vec r = ((x - n * 1.57079632673412561417) - n * 6.07710050630396597660e-11) - n * 2.02226624879595063154e-21;
+    const Vec r =
+        ((x - n * 1.57079632673412561417) - n * 6.07710050630396597660e-11) - (n * 2.02226624879595063154e-21 - rest);
     const Vec r2 = r * r;
     Vec s = All(1.0 / 355687428096000.0);
     s = s * r2 - 1.0 / 1307674368000.0;
@@ -75,11 +77,11 @@ inline Vec Series(const double* terms, Vec y) {
 }
 
 /// x >= 32 in every lane.
-inline void AsymptoticBessel(const BesselTable& table, Vec x, Vec out[4]) {
+inline void AsymptoticBessel(const BesselTable& table, Vec x, Vec rest, Vec out[4]) {
     const Vec inverse = 1.0 / x;
     const Vec y = inverse * inverse;
     Vec s, c;
-    SinCos(x, s, c);
+    SinCos(x, rest, s, c);
     const Vec scale = Sqrt(inverse * 0.31830988618379067154);
     const Vec sum = s + c, difference = s - c;
     out[0] = scale * (Series(table.P0, y) * sum - Series(table.Q0, y) * inverse * difference);
@@ -88,7 +90,7 @@ inline void AsymptoticBessel(const BesselTable& table, Vec x, Vec out[4]) {
     out[3] = 4.0 * inverse * out[2] - out[1];
 }
 
-void Bessel(const BesselTable& table, const double* xi, int nodes, const double* radii, int tiles,
+void Bessel(const BesselTable& table, const double* xi, const double* xiLow, int nodes, const double* radii, int tiles,
             double* const out[4]) {
     for (int tile = 0; tile < tiles; ++tile) {
         const double* r = radii + tile * TileWidth;
@@ -102,9 +104,11 @@ void Bessel(const BesselTable& table, const double* xi, int nodes, const double*
             alignas(64) double rows[4][TileWidth];
             if (xi[node] * largest > BesselTable::Limit) {
                 for (int i = 0; i < TileWidth; i += ZIRVO_LANES) {
-                    const Vec x = Load(r + i) * xi[node];
+                    const Vec radius = Load(r + i);
+                    const Vec x = radius * xi[node];
+                    const Vec rest = RestOfProduct(radius, All(xi[node]), x) + radius * xiLow[node];
                     Vec j[4];
-                    AsymptoticBessel(table, Choose(x < BesselTable::Limit, All(BesselTable::Limit), x), j);
+                    AsymptoticBessel(table, Choose(x < BesselTable::Limit, All(BesselTable::Limit), x), rest, j);
                     for (int n = 0; n < 4; ++n) {
                         Store(rows[n] + i, j[n]);
                     }
@@ -115,7 +119,7 @@ void Bessel(const BesselTable& table, const double* xi, int nodes, const double*
                     const double x = xi[node] * r[i];
                     if (x <= BesselTable::Limit) {
                         double j[4];
-                        TaylorBessel(table, x, j);
+                        TaylorBessel(table, x, RestOfProduct(xi[node], r[i], x) + xiLow[node] * r[i], j);
                         for (int n = 0; n < 4; ++n) {
                             rows[n][i] = j[n];
                         }

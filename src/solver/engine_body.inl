@@ -17,12 +17,15 @@ namespace {
 // The loops need the vectors above.
 #include "solver/engine_bessel.inl"
 #include "solver/engine_half_space.inl"
-#include "solver/engine_layers.inl"
-// The fields need the layers.
-#include "solver/engine_kernels.inl"
+#include "solver/engine_plain.inl"
 #include "solver/engine_sums.inl"
 }  // namespace
 
+// In a file of its own (engine_precise.inl), compiled without contraction.
+void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
+                    int depthCount, bool vertical, bool horizontal, int& deepest, double* out);
+
 extern const Engine TheEngine;
-const Engine TheEngine = {ZIRVO_ENGINE_NAME, Kernels, Weigh, Bessel, Accumulate, Interpolate, HalfSpace};
+const Engine TheEngine = {ZIRVO_ENGINE_NAME, Kernels,     PreciseKernels, Weigh, Bessel,
+                          Accumulate,        Interpolate, HalfSpace};
 }  // namespace zirvo::solver::ZIRVO_ENGINE

@@ -2,14 +2,14 @@
 // there): the field at each depth, and the rows that are summed.
 
 struct FieldValues {
-    Vec U, W, T, S, V, Q;  // Q over m2
+    Number U, W, T, S, V, Q;  // Q over m2
 };
 
 /// The half-space's field of amplitudes a1, a2 and as, to be taken away from a thin layer 1.
-inline void SubtractHalfSpace(double nu, Vec zeta, double a1, double a2, double as, FieldValues& f) {
-    const double k1 = 2 * (1 - nu);
-    const double k2 = 1 - 2 * nu;
-    const Vec down = ExpMinus(zeta);
+inline void SubtractHalfSpace(Constant nu, Number zeta, Constant a1, Constant a2, Constant as, FieldValues& f) {
+    const Constant k1 = 2.0 * (1.0 - nu);
+    const Constant k2 = 1.0 - 2.0 * nu;
+    const Number down = ExpMinus(zeta);
     f.U -= down * (a1 + a2 * (zeta - k1));
     f.W += down * (a1 + a2 * (zeta + k2));
     f.T -= down * (a2 * (1.0 - zeta) - a1);
@@ -19,20 +19,16 @@ inline void SubtractHalfSpace(double nu, Vec zeta, double a1, double a2, double 
 }
 
 /// The field at `distance` (times xi) above a place where it is known; below where the distance is negative.
-inline FieldValues FieldAbove(double nu, Vec distance, const FieldValues& f) {
+inline FieldValues FieldAbove(Constant nu, Number distance, const FieldValues& f) {
     const Propagator p = PropagatorOf(nu, distance);
-    const Vec(&m)[4][4] = p.P;
-    const Vec q = 2.0 * f.Q;  // over mu
+    const Number(&m)[4][4] = p.P;
+    const Number q = 2.0 * f.Q;  // over mu
     return {m[0][0] * f.U + m[0][1] * f.W + m[0][2] * f.T + m[0][3] * f.S,
             m[1][0] * f.U + m[1][1] * f.W + m[1][2] * f.T + m[1][3] * f.S,
             m[2][0] * f.U + m[2][1] * f.W + m[2][2] * f.T + m[2][3] * f.S,
             m[3][0] * f.U + m[3][1] * f.W + m[3][2] * f.T + m[3][3] * f.S,
             p.Cosh * f.V - p.Sinh * q,
             0.5 * (p.Cosh * q - p.Sinh * f.V)};
-}
-
-inline Vec Size(Vec x) {
-    return Choose(x < 0.0, -x, x);
 }
 
 inline double LargestOf(Vec x) {
@@ -46,13 +42,13 @@ inline double LargestOf(Vec x) {
 
 /// Displacements on the way down, and how far rounding may have moved them, in units of rounding.
 struct Carried {
-    Vec U, W;
+    Number U, W;
     double Doubt;
 };
 
 /// Displacements as compliance times traction, with what that loses: a traction is good to rounding of the larger of
 /// its two parts, whatever its own size.
-inline Carried FromTraction(const Compliance& c, Vec t, Vec s) {
+inline Carried FromTraction(const Compliance& c, Number t, Number s) {
     const Vec size = Size(t) + Size(s);
     return {c.UU * t + c.UW * s, c.UW * t + c.WW * s, LargestOf((Size(c.UU) + Size(c.UW) + Size(c.WW)) * size)};
 }
@@ -66,7 +62,7 @@ struct ThinField {
 /// Displacements at the top of a thin layer come from above by continuity or from its own compliance, at its bottom
 /// from its top or from the compliance below, whichever has lost less: below a stiff layer that of a soft film, or of a
 /// spring, turns the rounding of the tractions into displacements out of all proportion.
-inline ThinField ThinFieldOf(const LayerState& s, double nu, Vec q, const Traction& top, const Traction& bottom,
+inline ThinField ThinFieldOf(const LayerState& s, Constant nu, Number q, const Traction& top, const Traction& bottom,
                              Carried& carried, bool first) {
     const Carried own = FromTraction(s.Top, top.T, top.S);
     if (first || own.Doubt <= carried.Doubt) {
@@ -76,7 +72,7 @@ inline ThinField ThinFieldOf(const LayerState& s, double nu, Vec q, const Tracti
     ThinField f;
     f.Top = {carried.U, carried.W, top.T, top.S, s.Top.VV * (2.0 * top.Q), top.Q};
     f.Bottom = {below.U, below.W, bottom.T, bottom.S, s.Bottom.VV * (2.0 * bottom.Q), bottom.Q};
-    const double share = q[ZIRVO_LANES - 1];
+    const double share = LastLane(q);
     const double through = (1 + 2 * share) * carried.Doubt + 2 * share * LargestOf(Size(top.T) + Size(top.S));
     f.TopIsBetter = through < below.Doubt;
     if (f.TopIsBetter) {
@@ -88,33 +84,33 @@ inline ThinField ThinFieldOf(const LayerState& s, double nu, Vec q, const Tracti
     return f;
 }
 
-inline FieldValues ThinFieldAt(const ThinField& f, double nu, Vec xi, const KernelDepth& depth) {
+inline FieldValues ThinFieldAt(const ThinField& f, Constant nu, Number xi, const KernelDepth& depth) {
     if (depth.FromTop == 0 && f.TopIsBetter) {
         return f.Top;
     }
     if (depth.FromBottom == 0) {
         return f.Bottom;
     }
-    return f.TopIsBetter ? FieldAbove(nu, -(xi * depth.FromTop), f.Top)
-                         : FieldAbove(nu, xi * depth.FromBottom, f.Bottom);
+    return f.TopIsBetter ? FieldAbove(nu, -(xi * ConstantOf(depth.FromTop, depth.FromTopLow)), f.Top)
+                         : FieldAbove(nu, xi * ConstantOf(depth.FromBottom, depth.FromBottomLow), f.Bottom);
 }
 
 /// Displacements at the bottom of a thick layer.
-inline Carried BelowThick(const LayerState& s, const LayerField& a, double nu, Vec q) {
-    const double k1 = 2 * (1 - nu);
-    const double k2 = 1 - 2 * nu;
-    const Vec a1 = s.E * a.A1, a2 = s.E * a.A2;
+inline Carried BelowThick(const LayerState& s, const LayerField& a, Constant nu, Number q) {
+    const Constant k1 = 2.0 * (1.0 - nu);
+    const Constant k2 = 1.0 - 2.0 * nu;
+    const Number a1 = s.E * a.A1, a2 = s.E * a.A2;
     return {a1 + a2 * (q - k1) + a.B1 - k1 * a.B2, a.B1 + k2 * a.B2 - a1 - a2 * (q + k2),
-            LargestOf(Size(a1) + Size(a2) * (q + k1) + Size(a.B1) + Size(a.B2) * k1)};
+            LargestOf(Size(a1) + Size(a2) * (Rounded(q) + 2.0) + Size(a.B1) + 2.0 * Size(a.B2))};
 }
 
 /// The field at a depth of a thick layer, or of the last.
-inline FieldValues ThickFieldAt(const LayerField& a, double nu, Vec xi, const KernelDepth& depth, bool last) {
-    const double k1 = 2 * (1 - nu);
-    const double k2 = 1 - 2 * nu;
-    const Vec zeta = xi * depth.FromTop;
-    const Vec down = depth.FromTop == 0 ? All(1.0) : ExpMinus(zeta);
-    const Vec a1 = a.A1 * down, a2 = a.A2 * down;
+inline FieldValues ThickFieldAt(const LayerField& a, Constant nu, Number xi, const KernelDepth& depth, bool last) {
+    const Constant k1 = 2.0 * (1.0 - nu);
+    const Constant k2 = 1.0 - 2.0 * nu;
+    const Number zeta = xi * ConstantOf(depth.FromTop, depth.FromTopLow);
+    const Number down = depth.FromTop == 0 ? NumberOf(1.0) : ExpMinus(zeta);
+    const Number a1 = a.A1 * down, a2 = a.A2 * down;
     FieldValues f;
     f.U = a1 + a2 * (zeta - k1);
     f.W = -a1 - a2 * (zeta + k2);
@@ -123,9 +119,9 @@ inline FieldValues ThickFieldAt(const LayerField& a, double nu, Vec xi, const Ke
     f.V = a.As * down;
     f.Q = -f.V;
     if (!last) {
-        const Vec eta = xi * depth.FromBottom;
-        const Vec up = depth.FromBottom == 0 ? All(1.0) : ExpMinus(eta);
-        const Vec b1 = a.B1 * up, b2 = a.B2 * up, b = a.Bs * up;
+        const Number eta = xi * ConstantOf(depth.FromBottom, depth.FromBottomLow);
+        const Number up = depth.FromBottom == 0 ? NumberOf(1.0) : ExpMinus(eta);
+        const Number b1 = a.B1 * up, b2 = a.B2 * up, b = a.Bs * up;
         f.U += b1 + b2 * (eta - k1);
         f.W += b1 + b2 * (eta + k2);
         f.T += b1 + b2 * (eta - 1.0);
@@ -137,49 +133,49 @@ inline FieldValues ThickFieldAt(const LayerField& a, double nu, Vec xi, const Ke
     return f;
 }
 
-inline void StoreVertical(const FieldValues& f, Vec inverseXi, double* out) {
-    Store(out + RowVerticalW * NodeBlock, f.W * inverseXi);
-    Store(out + RowVerticalS * NodeBlock, f.S);
-    Store(out + RowVerticalU0 * NodeBlock, f.U);
-    Store(out + RowVerticalU1 * NodeBlock, f.U * inverseXi);
-    Store(out + RowVerticalT * NodeBlock, f.T);
-    Store(out + RowVerticalU2 * NodeBlock, f.U);
+inline void StoreVertical(const FieldValues& f, Number inverseXi, double* out) {
+    Store(out + RowVerticalW * NodeBlock, Rounded(f.W * inverseXi));
+    Store(out + RowVerticalS * NodeBlock, Rounded(f.S));
+    Store(out + RowVerticalU0 * NodeBlock, Rounded(f.U));
+    Store(out + RowVerticalU1 * NodeBlock, Rounded(f.U * inverseXi));
+    Store(out + RowVerticalT * NodeBlock, Rounded(f.T));
+    Store(out + RowVerticalU2 * NodeBlock, Rounded(f.U));
 }
 
-inline void StoreHorizontal(const FieldValues& f, Vec inverseXi, double* out) {
-    const Vec sum = (f.U + f.V) * 0.5;
-    const Vec difference = (f.U - f.V) * 0.5;
-    Store(out + RowHorizontalW * NodeBlock, f.W * inverseXi);
-    Store(out + RowHorizontalS * NodeBlock, f.S);
-    Store(out + RowHorizontalU * NodeBlock, f.U);
-    Store(out + RowSum1 * NodeBlock, sum);
-    Store(out + RowSum0 * NodeBlock, sum * inverseXi);
-    Store(out + RowShear0 * NodeBlock, (f.T + f.Q) * 0.5);
-    Store(out + RowDifference2 * NodeBlock, difference * inverseXi);
-    Store(out + RowShear2 * NodeBlock, (f.T - f.Q) * 0.5);
-    Store(out + RowDifference3 * NodeBlock, difference);
+inline void StoreHorizontal(const FieldValues& f, Number inverseXi, double* out) {
+    const Number sum = (f.U + f.V) * 0.5;
+    const Number difference = (f.U - f.V) * 0.5;
+    Store(out + RowHorizontalW * NodeBlock, Rounded(f.W * inverseXi));
+    Store(out + RowHorizontalS * NodeBlock, Rounded(f.S));
+    Store(out + RowHorizontalU * NodeBlock, Rounded(f.U));
+    Store(out + RowSum1 * NodeBlock, Rounded(sum));
+    Store(out + RowSum0 * NodeBlock, Rounded(sum * inverseXi));
+    Store(out + RowShear0 * NodeBlock, Rounded((f.T + f.Q) * 0.5));
+    Store(out + RowDifference2 * NodeBlock, Rounded(difference * inverseXi));
+    Store(out + RowShear2 * NodeBlock, Rounded((f.T - f.Q) * 0.5));
+    Store(out + RowDifference3 * NodeBlock, Rounded(difference));
 }
 
 /// One load case downwards at one vector of nodes. The traction is unit: (T, S, Q) at the surface. Returns the deepest
 /// layer that the field reaches with more than ReachLimit of the surface traction.
 constexpr double ReachLimit = 1e-26;
 
-inline int Downwards(const LayeredSystem& system, double radius, const LayerState* states, Vec xi, int bottom,
+inline int Downwards(const LayeredSystem& system, double radius, const LayerState* states, Number xi, int bottom,
                      bool horizontal, const KernelDepth* depths, int depthCount, double* out) {
-    const Vec inverseXi = 1.0 / xi;
+    const Number inverseXi = 1.0 / xi;
     const double t0 = horizontal ? -1.0 : 0.0, s0 = horizontal ? 0.0 : -1.0, q0 = t0;
-    Traction t{All(t0), All(s0), All(q0)};
+    Traction t{NumberOf(t0), NumberOf(s0), NumberOf(q0)};
     int next = 0;
     int layer = 0;
-    double above = 1;  // what the traction at hand is taken over
+    Constant above = ConstantOf(1, 0);  // what the traction at hand is taken over
     Carried carried{};
     for (; layer <= bottom; ++layer) {
-        const double m2 = system.M2[layer];
-        const double nu = system.Nu[layer];
+        const Constant m2 = ConstantOf(system.M2[layer], system.M2Low[layer]);
+        const Constant nu = ConstantOf(system.Nu[layer], 0);
         const bool last = layer == bottom;
         const bool thin = !last && states[layer].Thin;
-        const Vec q = xi * system.Thickness[layer];
-        const double change = above / m2;
+        const Number q = xi * ConstantOf(system.Thickness[layer], 0);
+        const Constant change = above / m2;
         above = m2;
         t.T *= All(change);
         t.S *= All(change);
@@ -208,7 +204,8 @@ inline int Downwards(const LayeredSystem& system, double radius, const LayerStat
             FieldValues f =
                 thin ? ThinFieldAt(thinField, nu, xi, depths[next]) : ThickFieldAt(field, nu, xi, depths[next], last);
             if (thin && layer == 0) {
-                SubtractHalfSpace(nu, xi * depths[next].FromTop, s0 / m2, (t0 + s0) / m2, -2 * q0 / m2, f);
+                SubtractHalfSpace(nu, xi * ConstantOf(depths[next].FromTop, depths[next].FromTopLow), s0 / m2,
+                                  (t0 + s0) / m2, -2 * q0 / m2, f);
             }
             double* row = out + next * RowCount * NodeBlock;
             if (horizontal) {
@@ -220,10 +217,10 @@ inline int Downwards(const LayeredSystem& system, double radius, const LayerStat
         if (last) {
             break;
         }
-        const Vec spring = xi * (system.Spring[layer] * radius * m2);
+        const Number spring = xi * (ConstantOf(system.Spring[layer], system.SpringLow[layer]) * radius * m2);
         carried.U += spring * t.T;
-        carried.Doubt += LargestOf(spring * (Size(t.T) + Size(t.S)));
-        const double reach = (LargestOf(t.T) + LargestOf(t.S) + LargestOf(t.Q)) * m2;
+        carried.Doubt += LargestOf(Size(spring) * (Size(t.T) + Size(t.S)));
+        const double reach = LargestOf(Size(t.T) + Size(t.S) + Size(t.Q)) * system.M2[layer];
         if (reach < ReachLimit) {
             ++layer;
             break;
@@ -233,36 +230,36 @@ inline int Downwards(const LayeredSystem& system, double radius, const LayerStat
     const int end = horizontal ? RowCount : VerticalRows;
     for (; next < depthCount; ++next) {
         for (int r = first; r < end; ++r) {
-            Store(out + (next * RowCount + r) * NodeBlock, All(0));
+            Store(out + (next * RowCount + r) * NodeBlock, All(0.0));
         }
     }
     return layer < bottom ? layer : bottom;
 }
 
 /// All layers' states at one vector of nodes, from layer `bottom` upwards.
-inline void Upwards(const LayeredSystem& system, double radius, Vec xi, int bottom, LayerState* states) {
-    Compliance c = HalfSpaceCompliance(system.Nu[bottom]);
-    double m2Below = system.M2[bottom];
+inline void Upwards(const LayeredSystem& system, double radius, Number xi, int bottom, LayerState* states) {
+    Compliance c = HalfSpaceCompliance(ConstantOf(system.Nu[bottom], 0));
+    Constant m2Below = ConstantOf(system.M2[bottom], system.M2Low[bottom]);
     Propagator propagator;
     for (int i = bottom - 1; i >= 0; --i) {
         LayerState& s = states[i];
-        const double m2 = system.M2[i];
-        const double ratio = m2 / m2Below;
-        const double spring = system.Spring[i] * radius * m2;
+        const Constant m2 = ConstantOf(system.M2[i], system.M2Low[i]);
+        const Constant ratio = m2 / m2Below;
+        const Constant spring = ConstantOf(system.Spring[i], system.SpringLow[i]) * radius * m2;
         const Compliance below = {c.UU * ratio - xi * spring, c.UW * ratio, c.WW * ratio,
                                   c.VV * ratio - xi * (0.5 * spring)};
-        const Vec q = xi * system.Thickness[i];
-        s.Thin = q[ZIRVO_LANES - 1] <= ThinLimit;  // the largest: wavenumbers ascend
+        const Number q = xi * ConstantOf(system.Thickness[i], 0);
+        s.Thin = LastLane(q) <= ThinLimit;  // the largest: wavenumbers ascend
         // Many layers of one thickness share their exponential, the dearest part of a layer.
         const bool same = i + 1 < bottom && system.Thickness[i] == system.Thickness[i + 1];
         if (s.Thin) {
             if (!same || system.Nu[i] != system.Nu[i + 1]) {
-                propagator = PropagatorOf(system.Nu[i], q);
+                propagator = PropagatorOf(ConstantOf(system.Nu[i], 0), q);
             }
             ThroughThin(propagator, below, s);
         } else {
             s.E = same ? states[i + 1].E : ExpMinus(q);
-            ThroughThick(system.Nu[i], q, below, s);
+            ThroughThick(ConstantOf(system.Nu[i], 0), q, below, s);
         }
         c = s.Top;
         m2Below = m2;
@@ -273,7 +270,7 @@ void Kernels(const LayeredSystem& system, double radius, const double* xi, int n
              int depthCount, bool vertical, bool horizontal, int& deepest, double* out) {
     LayerState states[MostLayers];
     for (int node = 0; node < nodes; node += ZIRVO_LANES) {
-        const Vec x = Load(xi + node);
+        const Number x = NumberAt(xi + node);
         const int bottom = deepest;
         Upwards(system, radius, x, bottom, states);
         int reach = 0;

@@ -27,72 +27,49 @@ constexpr double ThinLimit = 1.5;
 
 /// Compliance over the layer's m2 (scalar: over mu).
 struct Compliance {
-    Vec UU, UW, WW, VV;
+    Number UU, UW, WW, VV;
 };
 
 /// Traction over the layer's m2.
 struct Traction {
-    Vec T, S, Q;
+    Number T, S, Q;
 };
 
 /// One layer at one vector of nodes.
 struct LayerState {
     bool Thin;
-    Vec E;                        // thick: exp(-q)
-    Vec R00, R01, R10, R11, Rho;  // thick
-    Vec I00, I01, I10, I11, IQ;   // thick: G^-1, mu / g; thin: K^-1
-    Compliance Top, Bottom;       // thin
+    Number E;                        // thick: exp(-q)
+    Number R00, R01, R10, R11, Rho;  // thick
+    Number I00, I01, I10, I11, IQ;   // thick: G^-1, mu / g; thin: K^-1
+    Compliance Top, Bottom;          // thin
 };
 
-inline Compliance HalfSpaceCompliance(double nu) {
-    const double k1 = 2 * (1 - nu);
-    const double k2 = 1 - 2 * nu;
-    return {All(-k1), All(-k2), All(-k1), All(-1.0)};
+inline Compliance HalfSpaceCompliance(Constant nu) {
+    const Constant k1 = 2.0 * (1.0 - nu);
+    const Constant k2 = 1.0 - 2.0 * nu;
+    return {All(-k1), All(-k2), All(-k1), NumberOf(-1.0)};
 }
 
-/// ch q, sh q and (q ch q - sh q) / 2 by their series, for 0 <= q <= ThinLimit.
+/// ch q, sh q and (q ch q - sh q) / 2 for |q| <= ThinLimit.
 struct Hyperbolic {
-    Vec Cosh, Sinh, Third;
+    Number Cosh, Sinh, Third;
 };
-
-inline Hyperbolic HyperbolicOf(Vec q) {
-    const Vec x = q * q;
-    Vec c = All(1.0 / 2432902008176640000.0);
-    Vec s = All(1.0 / 51090942171709440000.0);
-    Vec t = All(10.0 / 51090942171709440000.0);
-    constexpr double Factorials[10] = {1.0,
-                                       6.0,
-                                       120.0,
-                                       5040.0,
-                                       362880.0,
-                                       39916800.0,
-                                       6227020800.0,
-                                       1307674368000.0,
-                                       355687428096000.0,
-                                       121645100408832000.0};
-    for (int k = 9; k >= 0; --k) {
-        const double f = Factorials[k];  // (2 k + 1)!, of the term q^(2 k + 1)
-        c = c * x + (2 * k + 1) / f;
-        s = s * x + 1.0 / f;
-        t = t * x + k / f;
-    }
-    return {c, s * q, t * q};
-}
+Hyperbolic HyperbolicOf(Number q);
 
 /// exp(-B q), rows and columns u, w, T, S.
 struct Propagator {
-    Vec P[4][4];
-    Vec Cosh, Sinh;
+    Number P[4][4];
+    Number Cosh, Sinh;
 };
 
-inline Propagator PropagatorOf(double nu, Vec q) {
-    const double d = 1 / (1 - nu);
+inline Propagator PropagatorOf(Constant nu, Number q) {
+    const Constant d = 1.0 / (1.0 - nu);
     const Hyperbolic f = HyperbolicOf(q);
-    const Vec a = f.Cosh, b = f.Sinh;
-    const Vec m = q * b * (0.5 * d), n = f.Third * d;
-    const Vec nb = b * (nu * d);
+    const Number a = f.Cosh, b = f.Sinh;
+    const Number m = q * b * (0.5 * d), n = f.Third * d;
+    const Number nb = b * (nu * d);
     return {{{a + m, b + n, -2.0 * b - n, -m},
-             {-nb - n, a - m, m, n - b * ((1 - 2 * nu) * d)},
+             {-nb - n, a - m, m, n - b * ((1.0 - 2.0 * nu) * d)},
              {-n - b * d, -m, a + m, nb + n},
              {m, n, -b - n, a - m}},
             a,
@@ -101,18 +78,18 @@ inline Propagator PropagatorOf(double nu, Vec q) {
 
 /// The compliance below a thin layer taken to its top.
 inline void ThroughThin(const Propagator& p, const Compliance& below, LayerState& s) {
-    const Vec(&m)[4][4] = p.P;
+    const Number(&m)[4][4] = p.P;
     s.Bottom = below;
-    const Vec uu = below.UU, uw = below.UW, ww = below.WW, c = below.VV;
-    const Vec k00 = m[2][0] * uu + m[2][1] * uw + m[2][2], k01 = m[2][0] * uw + m[2][1] * ww + m[2][3];
-    const Vec k10 = m[3][0] * uu + m[3][1] * uw + m[3][2], k11 = m[3][0] * uw + m[3][1] * ww + m[3][3];
-    const Vec inverse = 1.0 / (k00 * k11 - k01 * k10);
+    const Number uu = below.UU, uw = below.UW, ww = below.WW, c = below.VV;
+    const Number k00 = m[2][0] * uu + m[2][1] * uw + m[2][2], k01 = m[2][0] * uw + m[2][1] * ww + m[2][3];
+    const Number k10 = m[3][0] * uu + m[3][1] * uw + m[3][2], k11 = m[3][0] * uw + m[3][1] * ww + m[3][3];
+    const Number inverse = 1.0 / (k00 * k11 - k01 * k10);
     s.I00 = k11 * inverse;
     s.I01 = -k01 * inverse;
     s.I10 = -k10 * inverse;
     s.I11 = k00 * inverse;
-    const Vec d00 = m[0][0] * uu + m[0][1] * uw + m[0][2], d01 = m[0][0] * uw + m[0][1] * ww + m[0][3];
-    const Vec d10 = m[1][0] * uu + m[1][1] * uw + m[1][2], d11 = m[1][0] * uw + m[1][1] * ww + m[1][3];
+    const Number d00 = m[0][0] * uu + m[0][1] * uw + m[0][2], d01 = m[0][0] * uw + m[0][1] * ww + m[0][3];
+    const Number d10 = m[1][0] * uu + m[1][1] * uw + m[1][2], d11 = m[1][0] * uw + m[1][1] * ww + m[1][3];
     s.IQ = 1.0 / (p.Cosh - p.Sinh * c);
     // c is symmetric (reciprocity): the mean of the two off-diagonal values keeps rounding from tilting it.
     s.Top = {d00 * s.I00 + d01 * s.I10, 0.5 * (d00 * s.I01 + d01 * s.I11 + d10 * s.I00 + d11 * s.I10),
@@ -120,32 +97,32 @@ inline void ThroughThin(const Propagator& p, const Compliance& below, LayerState
 }
 
 /// The same for a thick layer, whose E stands already.
-inline void ThroughThick(double nu, Vec q, const Compliance& below, LayerState& s) {
-    const double k1 = 2 * (1 - nu);
-    const double k2 = 1 - 2 * nu;
-    const Vec cuu = below.UU, cuw = below.UW, cww = below.WW, c = below.VV;
-    const Vec e2 = s.E * s.E;
-    const Vec m00 = 1.0 - cuu - cuw, m01 = cuu - k1, m10 = 1.0 - cuw - cww, m11 = cuw + k2;
-    const Vec n00 = 1.0 + cuu - cuw, n01 = q - k1 - cuu * (1.0 - q) - cuw * q;
-    const Vec n10 = cuw - cww - 1.0, n11 = -q - k2 - cuw * (1.0 - q) - cww * q;
-    const Vec mi = 1.0 / (m01 * m10 - m00 * m11);  // minus the inverse determinant
+inline void ThroughThick(Constant nu, Number q, const Compliance& below, LayerState& s) {
+    const Constant k1 = 2.0 * (1.0 - nu);
+    const Constant k2 = 1.0 - 2.0 * nu;
+    const Number cuu = below.UU, cuw = below.UW, cww = below.WW, c = below.VV;
+    const Number e2 = s.E * s.E;
+    const Number m00 = 1.0 - cuu - cuw, m01 = cuu - k1, m10 = 1.0 - cuw - cww, m11 = cuw + k2;
+    const Number n00 = 1.0 + cuu - cuw, n01 = q - k1 - cuu * (1.0 - q) - cuw * q;
+    const Number n10 = cuw - cww - 1.0, n11 = -q - k2 - cuw * (1.0 - q) - cww * q;
+    const Number mi = 1.0 / (m01 * m10 - m00 * m11);  // minus the inverse determinant
     s.R00 = (m11 * n00 - m01 * n10) * mi;
     s.R01 = (m11 * n01 - m01 * n11) * mi;
     s.R10 = (m00 * n10 - m10 * n00) * mi;
     s.R11 = (m00 * n11 - m10 * n01) * mi;
-    const Vec g00 = e2 * (s.R00 + (q - 1.0) * s.R10) - 1.0, g01 = e2 * (s.R01 + (q - 1.0) * s.R11) + 1.0;
-    const Vec g10 = e2 * (s.R00 + q * s.R10) + 1.0, g11 = e2 * (s.R01 + q * s.R11);
-    const Vec gi = 1.0 / (g00 * g11 - g01 * g10);
+    const Number g00 = e2 * (s.R00 + (q - 1.0) * s.R10) - 1.0, g01 = e2 * (s.R01 + (q - 1.0) * s.R11) + 1.0;
+    const Number g10 = e2 * (s.R00 + q * s.R10) + 1.0, g11 = e2 * (s.R01 + q * s.R11);
+    const Number gi = 1.0 / (g00 * g11 - g01 * g10);
     s.I00 = g11 * gi;
     s.I01 = -g01 * gi;
     s.I10 = -g10 * gi;
     s.I11 = g00 * gi;
-    const Vec d00 = e2 * (s.R00 + (q - k1) * s.R10) + 1.0, d01 = e2 * (s.R01 + (q - k1) * s.R11) - k1;
-    const Vec d10 = e2 * (s.R00 + (q + k2) * s.R10) - 1.0, d11 = e2 * (s.R01 + (q + k2) * s.R11) - k2;
+    const Number d00 = e2 * (s.R00 + (q - k1) * s.R10) + 1.0, d01 = e2 * (s.R01 + (q - k1) * s.R11) - k1;
+    const Number d10 = e2 * (s.R00 + (q + k2) * s.R10) - 1.0, d11 = e2 * (s.R01 + (q + k2) * s.R11) - k2;
     // rho = -(1 + c) / (1 - c) and mu / g = 1 / (e2 rho - 1), over one denominator.
-    const Vec more = 1.0 + c, less = 1.0 - c;
-    const Vec sum = more * e2 + less;
-    const Vec both = -1.0 / (less * sum);
+    const Number more = 1.0 + c, less = 1.0 - c;
+    const Number sum = more * e2 + less;
+    const Number both = -1.0 / (less * sum);
     s.Rho = more * sum * both;
     s.IQ = less * less * both;
     s.Top = {d00 * s.I00 + d01 * s.I10, 0.5 * (d00 * s.I01 + d01 * s.I11 + d10 * s.I00 + d11 * s.I10),
@@ -154,14 +131,14 @@ inline void ThroughThick(double nu, Vec q, const Compliance& below, LayerState& 
 
 /// Amplitudes of a thick layer.
 struct LayerField {
-    Vec A1, A2, B1, B2, As, Bs;
+    Number A1, A2, B1, B2, As, Bs;
 };
 
 /// The layer's field from the traction at its top, and the traction at its bottom (over the same m2).
-inline LayerField DownLayer(const LayerState& s, Vec q, Traction& t) {
+inline LayerField DownLayer(const LayerState& s, Number q, Traction& t) {
     LayerField f{};
-    const Vec first = s.I00 * t.T + s.I01 * t.S;
-    const Vec second = s.I10 * t.T + s.I11 * t.S;
+    const Number first = s.I00 * t.T + s.I01 * t.S;
+    const Number second = s.I10 * t.T + s.I11 * t.S;
     if (s.Thin) {
         t = {first, second, s.IQ * t.Q};
         return f;
@@ -179,12 +156,12 @@ inline LayerField DownLayer(const LayerState& s, Vec q, Traction& t) {
 }
 
 /// Takes layer 1's own half-space out of a thick layer's amplitudes: (t, n, turned) the surface traction over m2.
-inline void TakeOutHalfSpace(const LayerState& s, Vec q, double t, double n, double turned, LayerField& f) {
-    const Vec e2 = s.E * s.E;
-    const double a1 = n;  // the half-space's amplitudes: A1 = S, A2 = T + A1
-    const double a2 = t + n;
-    const Vec p0 = e2 * (s.R00 * a1 + s.R01 * a2 + (q - 1.0) * (s.R10 * a1 + s.R11 * a2));
-    const Vec p1 = e2 * (s.R00 * a1 + s.R01 * a2 + q * (s.R10 * a1 + s.R11 * a2));
+inline void TakeOutHalfSpace(const LayerState& s, Number q, Constant t, Constant n, Constant turned, LayerField& f) {
+    const Number e2 = s.E * s.E;
+    const Constant a1 = n;  // the half-space's amplitudes: A1 = S, A2 = T + A1
+    const Constant a2 = t + n;
+    const Number p0 = e2 * (s.R00 * a1 + s.R01 * a2 + (q - 1.0) * (s.R10 * a1 + s.R11 * a2));
+    const Number p1 = e2 * (s.R00 * a1 + s.R01 * a2 + q * (s.R10 * a1 + s.R11 * a2));
     f.A1 = -(s.I00 * p0 + s.I01 * p1);
     f.A2 = -(s.I10 * p0 + s.I11 * p1);
     f.As = 2.0 * turned * (e2 * s.Rho * s.IQ);  // 2 turned (1 / (e2 rho - 1) + 1)

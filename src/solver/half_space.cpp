@@ -3,6 +3,7 @@
 // - 2 nu + zeta, T = zeta - 1, S = -zeta, v = 2, Q = -1.
 #include "solver/half_space.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "solver/tables.h"
@@ -104,6 +105,15 @@ std::array<double, RowCount> HalfSpaceRows(const Engine& engine, double m2, doub
         }
     }
     return rows;
+}
+
+HalfSpaceRounding HalfSpaceRoundingAt(double a, double gap, double z) {
+    constexpr double Rounding = 3e-15;  // of the sums of sizes
+    const double r = a + gap;
+    const double nearest = std::max(std::hypot(gap, z), EdgeShare * a);
+    // The mean of a / distance over the circle: a logarithm near the edge, a / r far away.
+    const double near = nearest < a ? 1 + 0.3 * std::log(a / nearest) : 1;
+    return {Rounding * near * std::min(1.0, 2 * a / std::hypot(r, z)), Rounding};
 }
 
 }  // namespace zirvo::solver

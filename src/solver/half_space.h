@@ -25,4 +25,11 @@ Contact ContactOf(double gap, double a);
 std::array<double, RowCount> HalfSpaceRows(const Engine& engine, double m2, double nu, double a, double gap, double z,
                                            bool vertical, bool horizontal);
 
+/// What rounding may leave in those rows, in units of 1 / m2 (strains) and a / m2 (displacements): the angular sums are
+/// sums of 1 / distance.
+struct HalfSpaceRounding {
+    double Strain = 0, Displacement = 0;
+};
+HalfSpaceRounding HalfSpaceRoundingAt(double a, double gap, double z);
+
 }  // namespace zirvo::solver

@@ -7,24 +7,24 @@
 
 #include "solver/depth_plan.h"
 #include "solver/engine.h"
+#include "solver/level_sum.h"
 #include "solver/prepared_problem.h"
 #include "solver/radius_plan.h"
 
 namespace zirvo::solver {
 
-/// Errors of the sums of one item at one depth, per unit pressure and per unit shear: of displacements [cm] and of
-/// strains.
-struct SumErrors {
-    std::array<double, 2> Displacement{};
-    std::array<double, 2> Strain{};
+/// How much work is put into a table.
+struct TableCare {
+    double Budget = 0;        ///< about how many nanoseconds it may take; what is cut off shows in the errors
+    bool Precise = false;     ///< kernels in numbers of two parts
+    int FirstRefinement = 0;  ///< the step of the nodes is halved so many times from the start
 };
 
 class SumTable {
 public:
     /// Sums for all items at the chunk's sources. The items' Group is -1 for all or for none.
-    /// @param budget  about how many nanoseconds they may take; what is cut off shows in the errors.
     SumTable(const LayerTable& layers, const std::vector<LoadGroup>& groups, const DepthChunk& chunk,
-             std::vector<RadiusItem> items, const Engine& engine, double budget);
+             std::vector<RadiusItem> items, const Engine& engine, const TableCare& care);
 
     const std::vector<RadiusItem>& Items() const { return items_; }
 
@@ -54,7 +54,8 @@ public:
     bool Smooth() const { return smooth_; }
 
 private:
-    friend class LevelSum;
+    void Take(const LevelSum& sum, const RadiusLevel& level, const std::vector<LoadGroup>& groups, std::size_t index);
+
     struct Place {
         std::size_t Level = 0, Column = 0;
     };

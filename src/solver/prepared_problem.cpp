@@ -12,18 +12,34 @@ namespace zirvo::solver {
 LayerTable::LayerTable(const Problem& problem) : Tops(LayerTopsOf(problem)) {
     for (const Layer& layer : problem.Layers) {
         const bool last = M2.size() + 1 == problem.Layers.size();
+        const auto more = 1 + static_cast<long double>(layer.PoissonRatio);
+        const auto slip = static_cast<long double>(layer.SlipRate);
         M2.push_back(layer.Modulus / (1 + layer.PoissonRatio));
+        M2Low.push_back(static_cast<double>(layer.Modulus / more - M2.back()));
         Nu.push_back(layer.PoissonRatio);
         Thickness.push_back(last ? 0 : layer.Thickness);
         Spring.push_back(last ? 0 : layer.SlipRate / (1 - layer.SlipRate) * (1 + layer.PoissonRatio) / layer.Modulus);
+        SpringLow.push_back(last ? 0 : static_cast<double>(slip / (1 - slip) * more / layer.Modulus - Spring.back()));
         Slips = Slips || (!last && layer.SlipRate > 0);
+    }
+    long double top = 0;
+    for (std::size_t i = 0; i < Tops.size(); ++i) {
+        TopsLow.push_back(static_cast<double>(top - Tops[i]));
+        top += Thickness[i];
     }
     TotalThickness = Tops.back();
     Contrast = *std::max_element(M2.begin(), M2.end()) / *std::min_element(M2.begin(), M2.end());
+    LowScale = TotalThickness * std::max(1.0, Contrast / 160);
 }
 
 LayeredSystem LayerTable::View() const {
-    return {static_cast<int>(M2.size()), M2.data(), Nu.data(), Thickness.data(), Spring.data()};
+    return {static_cast<int>(M2.size()),
+            M2.data(),
+            Nu.data(),
+            Thickness.data(),
+            Spring.data(),
+            M2Low.data(),
+            SpringLow.data()};
 }
 
 namespace {

@@ -26,7 +26,12 @@ struct LoadGroup {
 /// The layers, prepared.
 struct LayerTable {
     std::vector<double> M2, Nu, Thickness, Spring, Tops;
+    std::vector<double> M2Low, SpringLow;  ///< what M2 and Spring lost to rounding
+    std::vector<double> TopsLow;           ///< and the tops
     double TotalThickness = 0;
+    /// 1E-4 of its reciprocal is a wavenumber below which all kernels are constant [cm]: a plate as stiff as the
+    /// contrast turns the field over so much later.
+    double LowScale = 0;
     double Contrast = 1;  ///< largest modulus over the smallest
     bool Slips = false;
 

@@ -23,10 +23,11 @@ namespace {
 constexpr std::size_t MostSources = 16;
 constexpr std::size_t SmallWork = 1000;
 constexpr double NarrowestShare = 0.1;
-constexpr double DepthGoal = 1e-13;          // of interpolation in z, in units of the load
-constexpr double RelativeDepthGoal = 2e-11;  // or as a share of the value
+constexpr double DepthGoal = 1e-15;          // of interpolation in z, in units of the load
+constexpr double RelativeDepthGoal = 5e-12;  // or as a share of the value
+constexpr double DepthSpread = 2;            // of errors at the nodes in z, by the weights of the interpolation
+constexpr double RedoGoal = 5e-11;           // a bound above this is not good enough: the point is done again
 constexpr double Budget = 6e10;  // of all sums [ns, roughly]: no pavement comes near it, absurd numbers must end too
-constexpr double HalfSpaceError = 2e-14;  // of the closed form, as a share of a unit load
 
 /// What all chunks share, read only.
 struct Work {
@@ -85,7 +86,9 @@ bool WithinReach(const Problem& problem) {
 /// One chunk: its sums, then its points.
 class ChunkWork {
 public:
-    ChunkWork(const Work& work, const DepthChunk& chunk, double budget) : work_(work), chunk_(chunk), budget_(budget) {}
+    /// @param careful  with kernels in two parts, finer nodes and narrower cells, for points that were not good enough
+    ChunkWork(const Work& work, const DepthChunk& chunk, double budget, bool careful)
+        : work_(work), chunk_(chunk), budget_(budget), careful_(careful) {}
 
     void Run();
 
@@ -93,6 +96,10 @@ private:
     std::vector<RadiusItem> ChooseItems(double share);
     std::size_t ItemOf(std::size_t group, double r) const;
     bool GoodInDepth();
+    void MakeTable();
+    void RunParts(const DepthChunk& whole, bool careful) const;
+    void DoAgain() const;
+    void Keep(std::size_t point, const PointResult& result) const;
     void AddPlace(std::size_t first, std::size_t last);
     void AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t sum,
                  std::size_t first, std::size_t last);
@@ -102,6 +109,7 @@ private:
     const Work& work_;
     const DepthChunk& chunk_;
     double budget_;
+    bool careful_;
     std::vector<SumTable> table_;  // none in one material
     bool cells_ = true;
     int columns_ = ChebyshevCount;                 // of an item: 1 where radii are taken as they are
@@ -176,18 +184,29 @@ std::size_t ChunkWork::ItemOf(std::size_t group, double r) const {
            static_cast<std::size_t>(std::lower_bound(radii.begin(), radii.end(), r) - radii.begin());
 }
 
+void ChunkWork::MakeTable() {
+    const TableCare care{budget_, careful_, careful_ ? 1 : 0};
+    const double widest = (work_.Layers.Slips ? SlipCellShare : CellShare) * (careful_ ? 0.5 : 1);
+    for (double share = widest; table_.empty() || (cells_ && !table_[0].Smooth() && share > NarrowestShare);
+         share *= 0.5) {
+        table_.clear();
+        table_.emplace_back(work_.Layers, work_.Groups, chunk_, ChooseItems(share), work_.TheEngine, care);
+    }
+}
+
+/// The depths of a chunk taken as they are.
+void ChunkWork::RunParts(const DepthChunk& whole, bool careful) const {
+    const auto parts = WithoutNodes(work_.TheProblem, whole, MostSources);
+    for (const DepthChunk& part : parts) {
+        ChunkWork(work_, part, budget_ / static_cast<double>(parts.size()), careful).Run();
+    }
+}
+
 void ChunkWork::Run() {
     if (work_.Layers.M2.size() > 1) {
-        for (double share = work_.Layers.Slips ? SlipCellShare : CellShare;
-             table_.empty() || (cells_ && !table_[0].Smooth() && share > NarrowestShare); share *= 0.5) {
-            table_.clear();
-            table_.emplace_back(work_.Layers, work_.Groups, chunk_, ChooseItems(share), work_.TheEngine, budget_);
-        }
+        MakeTable();
         if (chunk_.Depths.front().Source < 0 && !GoodInDepth()) {
-            const auto parts = WithoutNodes(work_.TheProblem, chunk_, MostSources);
-            for (const DepthChunk& part : parts) {
-                ChunkWork(work_, part, budget_ / static_cast<double>(parts.size())).Run();
-            }
+            RunParts(chunk_, careful_);
             return;
         }
     }
@@ -199,6 +218,34 @@ void ChunkWork::Run() {
         }
         AddPlace(first, last);
         first = last;
+    }
+    if (!table_.empty() && !careful_) {
+        DoAgain();
+    }
+}
+
+double WorstEstimate(const PointResult& result) {
+    return *std::max_element(result.Estimates.begin(), result.Estimates.end());
+}
+
+/// The points whose bounds are not good enough, with more care.
+void ChunkWork::DoAgain() const {
+    std::vector<bool> wanted;
+    bool any = false;
+    for (const ChunkPoint& point : chunk_.Points) {
+        wanted.push_back(!(WorstEstimate(work_.Results[point.Point]) <= RedoGoal));
+        any = any || wanted.back();
+    }
+    if (any) {
+        RunParts(PartOf(chunk_, wanted), true);
+    }
+}
+
+/// Of two results of a point the one with the smaller bounds.
+void ChunkWork::Keep(std::size_t point, const PointResult& result) const {
+    PointResult& kept = work_.Results[point];
+    if (!careful_ || WorstEstimate(result) <= WorstEstimate(kept)) {
+        kept = result;
     }
 }
 
@@ -222,8 +269,8 @@ bool ChunkWork::GoodInDepth() {
                        errors.Strain[load] <= std::max(DepthGoal / m2, RelativeDepthGoal * sizes.Strain[load]) &&
                        errors.Displacement[load] <= std::max(DepthGoal * work_.Groups[g].Radius / m2,
                                                              RelativeDepthGoal * sizes.Displacement[load]);
-                errors.Strain[load] += others.Strain[load];
-                errors.Displacement[load] += others.Displacement[load];
+                errors.Strain[load] += DepthSpread * others.Strain[load];
+                errors.Displacement[load] += DepthSpread * others.Displacement[load];
             }
             depthErrors_.push_back(errors);
         }
@@ -256,8 +303,8 @@ void ChunkWork::AddPlace(std::size_t first, std::size_t last) {
     for (std::size_t i = first; i < last; ++i) {
         const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[i].Depth)];
         const auto layer = static_cast<std::size_t>(depth.Layer);
-        work_.Results[chunk_.Points[i].Point] = ComposeResult(
-            sums_[i - first], work_.Layers.M2[layer], work_.Layers.Nu[layer], depth.Z == 0 && layer == 0, work_.Scale);
+        Keep(chunk_.Points[i].Point, ComposeResult(sums_[i - first], work_.Layers.M2[layer], work_.Layers.Nu[layer],
+                                                   depth.Z == 0 && layer == 0, work_.Scale));
     }
 }
 
@@ -296,9 +343,10 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
                 for (std::size_t row = 0; row < RowCount; ++row) {
                     rows[row] += own[row];
                 }
+                const HalfSpaceRounding rounding = HalfSpaceRoundingAt(radius, gap, depth.Z);
                 for (std::size_t k = 0; k < 2; ++k) {
-                    errors.Strain[k] += HalfSpaceError / m2;
-                    errors.Displacement[k] += HalfSpaceError * radius / m2;
+                    errors.Strain[k] += rounding.Strain / m2;
+                    errors.Displacement[k] += rounding.Displacement * radius / m2;
                 }
             }
         }
@@ -312,8 +360,9 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
         AddRows(load, position, rows, sums);
         const double p = std::fabs(load.Pressure);
         const double h = std::fabs(load.Shear);
-        sums.StrainError += p * errors.Strain[0] + h * errors.Strain[1];
-        sums.DisplacementError += p * errors.Displacement[0] + h * errors.Displacement[1];
+        // Values of a shear load are sums of two rows.
+        sums.StrainError += p * errors.Strain[0] + 2 * h * errors.Strain[1];
+        sums.DisplacementError += p * errors.Displacement[0] + 2 * h * errors.Displacement[1];
         if (depth.Z == 0) {
             AddSurfaceTraction(load, radius, gap, sums);
         }
@@ -366,7 +415,7 @@ Solution Solve(const Problem& problem, const SolveOptions& options) {
     const auto worker = [&] {
         try {
             for (std::size_t i = next++; i < chunks.size(); i = next++) {
-                ChunkWork(work, chunks[i], Budget / static_cast<double>(chunks.size())).Run();
+                ChunkWork(work, chunks[i], Budget / static_cast<double>(chunks.size()), false).Run();
             }
         } catch (...) {  // out of memory: told to the caller, on the caller's thread
             const std::lock_guard lock(failureLock);

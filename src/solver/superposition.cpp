@@ -76,6 +76,9 @@ void AddRows(const GroupLoad& load, const PolarPosition& position, const double*
         sums.AreaStrain -= p * rows[RowVerticalU0];
         sums.StrainDifference += difference * (c * c - s * s);
         sums.ShearStrain += difference * (2 * c * s);
+        sums.DisplacementSize += std::fabs(p) * (std::fabs(rows[RowVerticalU1]) + std::fabs(rows[RowVerticalW]));
+        sums.StrainSize += std::fabs(p) * (std::fabs(rows[RowVerticalS]) + std::fabs(rows[RowVerticalU0]) +
+                                           std::fabs(rows[RowVerticalT]) + std::fabs(rows[RowVerticalU2]));
     }
     if (load.Shear != 0) {
         const double p = load.Shear;
@@ -103,6 +106,12 @@ void AddRows(const GroupLoad& load, const PolarPosition& position, const double*
         sums.AreaStrain -= p * c1 * rows[RowHorizontalU];
         sums.StrainDifference += p * (dx * lc2 - dy * ls2);
         sums.ShearStrain += p * (dx * ls2 + dy * lc2);
+        double sizes[2] = {};
+        for (int row = VerticalRows; row < RowCount; ++row) {
+            sizes[RowIsDisplacement[row] ? 1 : 0] += std::fabs(rows[row]);
+        }
+        sums.StrainSize += std::fabs(p) * sizes[0];
+        sums.DisplacementSize += std::fabs(p) * sizes[1];
     }
 }
 
@@ -121,18 +130,22 @@ void AddSurfaceTraction(const GroupLoad& load, double radius, double gap, PointS
 namespace {
 
 /// What is smaller than rounding leaves of the group's largest value is nothing: zero, so that a report shows a value
-/// that vanishes by symmetry as 0 and not as noise. Far below the promise, and no negative zero either.
-void SweepGroup(std::array<double, ComponentCount>& values, std::size_t first, std::size_t last) {
+/// that vanishes by symmetry as 0 and not as noise. Far below the promise, and no negative zero either. Gives the
+/// largest that was swept.
+double SweepGroup(std::array<double, ComponentCount>& values, std::size_t first, std::size_t last) {
     constexpr double Noise = 1e-14;
+    double swept = 0;
     double largest = 0;
     for (std::size_t i = first; i <= last; ++i) {
         largest = std::max(largest, std::fabs(values[i]));
     }
     for (std::size_t i = first; i <= last; ++i) {
         if (std::fabs(values[i]) <= Noise * largest) {
+            swept = std::max(swept, std::fabs(values[i]));
             values[i] = 0;
         }
     }
+    return swept;
 }
 
 }  // namespace
@@ -161,9 +174,9 @@ PointResult ComposeResult(const PointSums& sums, double m2, double nu, bool surf
     v[TAUzx] = tzx;
     v[GAMyz] = tyz / mu;
     v[GAMzx] = tzx / mu;
-    SweepGroup(v, U, W);
-    SweepGroup(v, SIGx, TAUzx);
-    SweepGroup(v, EPSx, GAMzx);
+    const double sweptDisplacement = SweepGroup(v, U, W);
+    const double sweptStress = SweepGroup(v, SIGx, TAUzx);
+    const double sweptStrain = SweepGroup(v, EPSx, GAMzx);
     // A tolerance of e times the largest plus 1E-4 e units of the load is what an estimate of e stands for.
     constexpr double Floor = 1e-4;
     const double modulus = m2 * (1 + nu);
@@ -174,14 +187,19 @@ PointResult ComposeResult(const PointSums& sums, double m2, double nu, bool surf
         }
         return size;
     };
-    const double stressError = sums.StrainError * m2 * (1 + nu) / (1 - nu);
-    const auto share = [](double error, double allowance) {
-        return error > 0 ? error / std::max(allowance, std::numeric_limits<double>::min()) : 0;
+    // Of the sums that make them up; a shear strain is twice its traction over m2.
+    constexpr double Rounding = 8 * 1.1e-16;
+    const double error = sums.StrainError + Rounding * (sums.StrainSize + std::fabs(sigz) / m2);
+    const double stressError = error * m2 * (1 + nu) / (1 - nu) + sweptStress;
+    const double strainError = 2 * error + sweptStrain;
+    const double displacementError = sums.DisplacementError + Rounding * sums.DisplacementSize + sweptDisplacement;
+    const auto share = [](double bound, double allowance) {
+        return bound > 0 ? bound / std::max(allowance, std::numeric_limits<double>::min()) : 0;
     };
     result.Estimates = {
-        share(sums.DisplacementError, largest(U, W) + Floor * scale.Pressure * scale.Radius / modulus),
+        share(displacementError, largest(U, W) + Floor * scale.Pressure * scale.Radius / modulus),
         share(stressError, largest(SIGx, TAUzx) + Floor * scale.Pressure),
-        share(sums.StrainError, largest(EPSx, GAMzx) + Floor * scale.Pressure / modulus),
+        share(strainError, largest(EPSx, GAMzx) + Floor * scale.Pressure / modulus),
     };
     if (!std::all_of(v.begin(), v.end(), [](double value) { return std::isfinite(value); })) {
         result.Estimates.fill(std::numeric_limits<double>::infinity());

@@ -29,6 +29,7 @@ struct PointSums {
     double StrainDifference = 0;    ///< EPSx - EPSy
     double ShearStrain = 0;         ///< GAMxy
     double DisplacementError = 0, StrainError = 0;
+    double DisplacementSize = 0, StrainSize = 0;  ///< sums of sizes, whose rounding comes on top
     /// At z = 0: the surface traction itself, in the unit of the moduli.
     double SurfaceNormal = 0, SurfaceX = 0, SurfaceY = 0;
     bool OnEdge = false;

@@ -152,6 +152,34 @@ inline Vec Choose(Bits c, Vec yes, Vec no) {
 }
 #endif
 
+/// What a product loses to rounding, without loss; with a fused multiplication where the processor has one, else by
+/// Dekker's halves.
+#if defined(__FMA__) && defined(__GNUC__) && !defined(ZIRVO_PLAIN_VECTORS)
+inline Vec RestOfProduct(Vec a, Vec b, Vec product) {
+    Vec rest;
+    for (int i = 0; i < ZIRVO_LANES; ++i) {
+        rest[i] = __builtin_fma(a[i], b[i], -product[i]);
+    }
+    return rest;
+}
+inline double RestOfProduct(double a, double b, double product) {
+    return __builtin_fma(a, b, -product);
+}
+#else
+inline Vec RestOfProduct(Vec a, Vec b, Vec product) {
+    const Vec aBig = a * 134217729.0, bBig = b * 134217729.0;  // 2^27 + 1
+    const Vec aHigh = aBig - (aBig - a), bHigh = bBig - (bBig - b);
+    const Vec aLow = a - aHigh, bLow = b - bHigh;
+    return ((aHigh * bHigh - product) + aHigh * bLow + aLow * bHigh) + aLow * bLow;
+}
+inline double RestOfProduct(double a, double b, double product) {
+    const double aBig = a * 134217729.0, bBig = b * 134217729.0;
+    const double aHigh = aBig - (aBig - a), bHigh = bBig - (bBig - b);
+    const double aLow = a - aHigh, bLow = b - bHigh;
+    return ((aHigh * bHigh - product) + aHigh * bLow + aLow * bHigh) + aLow * bLow;
+}
+#endif
+
 constexpr double Magic = 6755399441055744.0;  // 1.5 * 2^52: adding it rounds to the nearest integer
 
 /// exp(-x) for x >= 0, to one unit in the last place; 0 beyond 708.

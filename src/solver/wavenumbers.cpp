@@ -17,10 +17,12 @@ constexpr double WindowMiddle = 6;  // centre and half width of the window in si
 
 NodeRule MakeNodeRule(const WaveRange& range, int refinement) {
     NodeRule rule;
-    rule.C = std::min(PhaseRange / range.Reach, 0.25 * range.Largest);
+    // Few digits, so that nodes are known beyond a double.
+    const auto Shortened = [](double x) { return static_cast<double>(static_cast<float>(x)); };
+    rule.C = Shortened(std::min(PhaseRange / range.Reach, 0.25 * range.Largest));
     rule.LowEnd = std::min(std::log(LowShare / (range.Thickness * rule.C)), -8.0);
-    rule.Start = rule.LowEnd - StartBelow;
-    rule.Step = 2 * 3.14159265358979323846 / (Margin + rule.C * range.Reach);
+    rule.Start = Shortened(rule.LowEnd - StartBelow);
+    rule.Step = Shortened(2 * 3.14159265358979323846 / (Margin + rule.C * range.Reach));
     for (int i = 0; i < refinement; ++i) {
         rule.Step *= 0.5;
     }
@@ -35,14 +37,21 @@ double WindowEnd(const NodeRule& rule) {
     return rule.WindowWidth > 0 ? 2 * rule.WindowCentre : std::numeric_limits<double>::infinity();
 }
 
-void FillNodes(const NodeRule& rule, long first, int count, double* xi, double* weight) {
+void FillNodes(const NodeRule& rule, long first, int count, double* xi, double* xiLow, double* weight) {
     for (int i = 0; i < count; ++i) {
-        const double s = rule.Start + rule.Step * static_cast<double>(first + i);
+        const double s = rule.Start + rule.Step * static_cast<double>(first + i);  // exact: few digits each
         const double low = std::exp(rule.LowEnd - s);
         const double t = s - low;
         const double e = std::exp(-std::fabs(t));
+        const double log = std::log1p(e);
+        // t + log in two parts, times C, whose digits are few enough for exact products with halves.
+        const double sum = t > 0 ? t + log : log;
+        const double rest = t > 0 ? (log - (sum - t)) + ((s - t) - low) : 0;
+        const double half = static_cast<float>(sum);
+        const double product = rule.C * sum;
         // A node below the smallest normal number still stands for a wavenumber of its own: its weight is nothing.
-        xi[i] = std::max(rule.C * (t > 0 ? t + std::log1p(e) : std::log1p(e)), 1e-280);
+        xi[i] = std::max(product, 1e-280);
+        xiLow[i] = product < 1e-250 ? 0 : ((rule.C * half - product) + rule.C * (sum - half)) + rule.C * rest;
         weight[i] = rule.Step * rule.C * (1 + low) * (t > 0 ? 1 / (1 + e) : e / (1 + e));
         if (rule.WindowWidth > 0 && xi[i] > 0.01 * rule.WindowWidth) {
             weight[i] *= 0.5 * std::erfc((xi[i] - rule.WindowCentre) / rule.WindowWidth);

@@ -34,8 +34,9 @@ NodeRule MakeNodeRule(const WaveRange& range, int refinement);
 /// Wavenumber at which a windowed sum has ended; infinity without a window.
 double WindowEnd(const NodeRule& rule);
 
-/// Nodes first .. first + count - 1, with their weights (window included).
-void FillNodes(const NodeRule& rule, long first, int count, double* xi, double* weight);
+/// Nodes first .. first + count - 1 in two parts, with their weights (window included). Of a node below C the low part
+/// is not known: it is off by rounding.
+void FillNodes(const NodeRule& rule, long first, int count, double* xi, double* xiLow, double* weight);
 
 /// About how many nodes lie below `largest`.
 double NodesBelow(const NodeRule& rule, double largest);

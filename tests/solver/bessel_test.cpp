@@ -27,7 +27,8 @@ double WorstError(const Engine& engine, const std::vector<double>& xs) {
         for (std::size_t k = 0; k < TileWidth; ++k) {
             radii[k] = 2 * xs[i + k];
         }
-        engine.Bessel(Bessels(), &xi, 1, radii, 1, out);
+        const double low = 0;
+        engine.Bessel(Bessels(), &xi, &low, 1, radii, 1, out);
         for (std::size_t k = 0; k < TileWidth; ++k) {
             for (int order = 0; order < 4; ++order) {
                 const double truth = boost::math::cyl_bessel_j(order, xs[i + k]);

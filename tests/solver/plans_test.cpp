@@ -16,10 +16,11 @@ namespace {
 template <class F>
 double Sum(const NodeRule& rule, double end, F f) {
     std::vector<double> xi(64);
+    std::vector<double> low(64);
     std::vector<double> weight(64);
     double sum = 0;
     for (long first = 0;; first += 64) {
-        FillNodes(rule, first, 64, xi.data(), weight.data());
+        FillNodes(rule, first, 64, xi.data(), low.data(), weight.data());
         for (std::size_t i = 0; i < 64; ++i) {
             sum += weight[i] * f(xi[i]);
         }

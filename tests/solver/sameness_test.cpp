@@ -232,9 +232,9 @@ TEST(Sameness, EnginesAgreeToRounding) {
     for (const DepthChunk& chunk : chunks) {
         const auto items = MakeCells(0, 200, edges, chunk.Sources.front().Effective, CellShare);
         const auto engines = AllEngines();
-        const SumTable first(layers, groups, chunk, items, *engines[0], 1e10);
+        const SumTable first(layers, groups, chunk, items, *engines[0], {1e10, false, 0});
         for (const Engine* engine : engines) {
-            const SumTable other(layers, groups, chunk, items, *engine, 1e10);
+            const SumTable other(layers, groups, chunk, items, *engine, {1e10, false, 0});
             for (std::size_t g = 0; g < groups.size(); ++g) {
                 for (std::size_t item = 0; item < items.size(); ++item) {
                     for (std::size_t d = 0; d < chunk.Sources.size(); ++d) {

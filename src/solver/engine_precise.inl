@@ -1,0 +1,69 @@
+// The kernels in numbers of two parts, one engine's width: included by each engine_precise_*.cpp as engine_body.inl is
+// by engine_*.cpp.
+#include "solver/engine.h"
+
+#if defined(__GNUC__)
+#pragma GCC diagnostic ignored "-Wpsabi"
+#endif
+
+#if !defined(__GNUC__) || defined(ZIRVO_PLAIN_VECTORS)
+#include <cmath>
+#endif
+
+namespace zirvo::solver::ZIRVO_ENGINE {
+namespace {
+#include "solver/vectors.inl"
+// Numbers in two parts need the vectors above.
+#include "solver/pairs.inl"
+
+using Number = TwoVec;
+using Constant = TwoVec;
+
+inline Number NumberOf(double x) {
+    return Exactly(x);
+}
+inline Constant ConstantOf(double high, double low) {
+    return {All(high), All(low)};
+}
+inline Number NumberAt(const double* p) {
+    return {Load(p), All(0.0)};
+}
+inline double LastLane(Number x) {
+    return x.High[ZIRVO_LANES - 1];
+}
+inline Vec Rounded(Number x) {
+    return x.High;
+}
+inline Vec Size(Number x) {
+    return Choose(x.High < 0.0, -x.High, x.High);
+}
+// The layers with these numbers.
+#include "solver/engine_layers.inl"
+
+inline Hyperbolic HyperbolicOf(Number q) {
+    constexpr int Terms = 18;  // 1.5^36 / 36! is 6E-36
+    const Number x = q * q;
+    Number c = InverseFactorial(2 * Terms);
+    Number s = InverseFactorial(2 * Terms + 1);
+    Number t = s * static_cast<double>(Terms);
+    for (int k = Terms - 1; k >= 0; --k) {
+        const Number odd = InverseFactorial(2 * k + 1);
+        c = c * x + InverseFactorial(2 * k);
+        s = s * x + odd;
+        t = t * x + odd * static_cast<double>(k);
+    }
+    return {c, s * q, t * q};
+}
+// The fields at depths with these numbers.
+#include "solver/engine_kernels.inl"
+}  // namespace
+
+void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
+                    int depthCount, bool vertical, bool horizontal, int& deepest, double* out);
+
+void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
+                    int depthCount, bool vertical, bool horizontal, int& deepest, double* out) {
+    Kernels(system, radius, xi, nodes, depths, depthCount, vertical, horizontal, deepest, out);
+}
+
+}  // namespace zirvo::solver::ZIRVO_ENGINE

@@ -1,0 +1,434 @@
+// Sources of error and their measures, per unit load:
+//   rule: halving the step squares the error of a trapezoid whose integrand is analytic in a strip; the half rule's
+//   error
+//     is known from the even and odd nodes. Its square over the sum's magnitude, or over a unit load where that is
+//     less.
+//   cut: the last kernels, as a geometric series of the kernel's decay.
+//   window: what it cuts off is beyond a double (wavenumbers.h).
+//   kernels: at one node of each segment they are made once more in two parts; the difference, at its largest among
+//     neighbours, stands for its segment.
+//   sum: rounding of kernels, Bessel functions and additions, times the magnitudes.
+//   interpolation in r: the two highest Chebyshev coefficients.
+#include "solver/level_sum.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "solver/tables.h"
+
+namespace zirvo::solver {
+
+namespace {
+
+constexpr double EndedKernel = 1e-15;  // share of its peak below which a kernel has ended
+constexpr double EndedPhase = 40;      // and xi * ze above which it may
+constexpr int TailNodes = 4;           // nodes over which that is judged
+constexpr int ExtraNodes = 64;         // block beyond the expected end
+constexpr int MostRefinements = 2;
+constexpr double AbsoluteGoal = 1e-15;  // error that needs no refinement, in units of the load
+constexpr double RelativeGoal = 5e-12;  // or as a share of the value
+constexpr double TailShare = 0.5;       // of the last two Chebyshev coefficients: what follows them at most
+constexpr double Rounding = 1.1e-16;
+constexpr double SumRounding = 6 * Rounding;  // of a product of kernel and Bessel functions, summed
+constexpr double CellSpread = 2;
+constexpr double KernelSafety = 2;  // of a sampled difference
+constexpr double RuleSafety = 2;
+
+/// Size of J1(x) without its oscillation.
+double Envelope(double x) {
+    return std::min(0.5 * x, 0.8 / std::sqrt(x));
+}
+
+/// Largest of J0 .. J3 from x on.
+double EnvelopeOfAll(double x) {
+    return x < 0.8 ? 1 : 0.9 / std::sqrt(x);
+}
+
+int RowsFrom(const LoadGroup& group) {
+    return group.Vertical ? 0 : VerticalRows;
+}
+int RowsTo(const LoadGroup& group) {
+    return group.Horizontal ? static_cast<int>(RowCount) : VerticalRows;
+}
+int KindOf(int row) {
+    return (row < VerticalRows ? 0 : 2) + (RowIsDisplacement[row] ? 1 : 0);
+}
+
+/// z - top, with what the difference loses; exactly 0 on the top as it is known.
+void DistanceBelow(double z, double top, double topLow, double& distance, double& low) {
+    distance = z - top;
+    if (distance == 0) {
+        low = 0;
+        return;
+    }
+    const double part = distance - z;
+    low = (z - (distance - part)) + (-top - part) - topLow;
+}
+
+}  // namespace
+
+LevelSum::LevelSum(const LevelWork& work, const RadiusLevel& level, const SumCare& care)
+    : work_(work), level_(level), care_(care), sources_(static_cast<int>(work.Chunk.Sources.size())) {
+    const LayerTable& layers = work.Layers;
+    for (const SourceDepth& source : work.Chunk.Sources) {
+        const auto layer = static_cast<std::size_t>(source.Layer);
+        KernelDepth depth;
+        depth.Layer = source.Layer;
+        DistanceBelow(source.Z, layers.Tops[layer], layers.TopsLow[layer], depth.FromTop, depth.FromTopLow);
+        if (layer + 1 < layers.M2.size()) {
+            DistanceBelow(source.Z, layers.Tops[layer + 1], layers.TopsLow[layer + 1], depth.FromBottom,
+                          depth.FromBottomLow);
+            depth.FromBottom = -depth.FromBottom;
+            depth.FromBottomLow = -depth.FromBottomLow;
+        }
+        depths_.push_back(depth);
+    }
+    PlaceColumns();
+}
+
+void LevelSum::Run() {
+    for (int refinement = care_.FirstRefinement;; ++refinement) {
+        Sum(refinement);
+        // A finer step must not cut a sum short that had ended.
+        const bool last = refinement >= MostRefinements || 2 * static_cast<double>(nodes_) > care_.MostNodes;
+        if (Finish() || last) {
+            return;
+        }
+    }
+}
+
+void LevelSum::PlaceColumns() {
+    const auto& items = work_.Items;
+    sums_.resize(work_.Groups.size());
+    columnOf_.resize(items.size());
+    const bool shared = items[level_.Items.front()].Group < 0;
+    for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
+        GroupSum& sum = sums_[g];
+        if (shared && g > 0) {
+            sum.FirstTile = sums_[0].FirstTile;
+            sum.Tiles = sums_[0].Tiles;
+        } else {
+            const std::size_t first = radii_.size();
+            for (const std::size_t i : level_.Items) {
+                if (!shared && items[i].Group != static_cast<int>(g)) {
+                    continue;
+                }
+                columnOf_[i] = radii_.size() - first;
+                if (shared) {
+                    const auto nodes = ChebyshevNodes(items[i].Low, items[i].High);
+                    radii_.insert(radii_.end(), nodes.begin(), nodes.end());
+                } else {
+                    radii_.push_back(items[i].Low);
+                }
+            }
+            while (radii_.size() % TileWidth != 0) {
+                radii_.push_back(radii_.back());
+            }
+            sum.FirstTile = static_cast<int>(first / TileWidth);
+            sum.Tiles = static_cast<int>((radii_.size() - first) / TileWidth);
+        }
+        loadRadii_.push_back(work_.Groups[g].Radius);
+    }
+    while (loadRadii_.size() % TileWidth != 0) {
+        loadRadii_.push_back(loadRadii_.back());
+    }
+}
+
+void LevelSum::Sum(int refinement) {
+    rule_ = MakeNodeRule(level_.Range, refinement);
+    bool horizontal = false;
+    for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
+        GroupSum& sum = sums_[g];
+        const auto rows = static_cast<std::size_t>(sources_) * RowCount;
+        sum.Total.assign(rows * static_cast<std::size_t>(sum.Tiles) * TileWidth, 0);
+        sum.Difference.assign(sum.Total.size(), 0);
+        sum.Peak.assign(rows, 0);
+        sum.Tail.assign(rows, 0);
+        sum.Magnitude.clear();
+        sum.Doubt.clear();
+        sum.Deepest = static_cast<int>(work_.Layers.M2.size()) - 1;
+        horizontal = horizontal || work_.Groups[g].Horizontal;
+    }
+    segmentXi_.clear();
+    const std::size_t tiles = radii_.size() / TileWidth;
+    for (std::size_t order = 0; order < (horizontal ? 4U : 3U); ++order) {
+        bessel_[order].resize(tiles * TileWidth * NodeBlock);
+    }
+    loadBessel_.resize(loadRadii_.size() * NodeBlock);
+    raw_.resize(static_cast<std::size_t>(sources_) * RowCount * NodeBlock);
+    weighted_.resize(raw_.size());
+    precise_.resize(raw_.size());
+    rounding_.resize(static_cast<std::size_t>(Segments * sources_ * Kinds));
+
+    alignas(64) double weight[NodeBlock];
+    const double expected = NodesBelow(rule_, level_.Range.Largest);
+    for (long first = 0;;) {
+        const double left = std::max(expected - static_cast<double>(first), static_cast<double>(ExtraNodes));
+        const int nodes = left >= NodeBlock ? NodeBlock : (static_cast<int>(left) + 15) / 16 * 16;
+        FillNodes(rule_, first, nodes, xi_, xiLow_, weight);
+        SumBlock(weight, nodes);
+        first += nodes;
+        nodes_ = first;
+        const double xi = xi_[nodes - 1];
+        if (xi > WindowEnd(rule_) || static_cast<double>(first) >= care_.MostNodes || Ended(xi)) {
+            return;
+        }
+    }
+}
+
+void LevelSum::MakeKernels(double radius, bool vertical, bool horizontal, int nodes, int& deepest) {
+    const auto make = care_.Precise ? work_.TheEngine.PreciseKernels : work_.TheEngine.Kernels;
+    const int before = deepest;
+    make(work_.Layers.View(), radius, xi_, nodes, depths_.data(), sources_, vertical, horizontal, deepest, raw_.data());
+    SampleRounding(radius, vertical, horizontal, nodes, before);
+}
+
+/// Rounding of the kernels at hand, into rounding_.
+void LevelSum::SampleRounding(double radius, bool vertical, bool horizontal, int nodes, int deepest) {
+    std::fill(rounding_.begin(), rounding_.end(), 0.0);
+    if (care_.Precise) {
+        return;  // the sums' own rounding is more
+    }
+    const int segments = (nodes + Segment - 1) / Segment;
+    alignas(64) double xi[Segments];
+    int node[Segments];
+    for (int s = 0; s < Segments; ++s) {
+        node[s] = std::min(std::min(s, segments - 1) * Segment + Segment / 2, nodes - 1);
+        xi[s] = xi_[node[s]];
+    }
+    work_.TheEngine.PreciseKernels(work_.Layers.View(), radius, xi, Segments, depths_.data(), sources_, vertical,
+                                   horizontal, deepest, precise_.data());
+    for (int d = 0; d < sources_; ++d) {
+        for (int row = vertical ? 0 : VerticalRows; row < (horizontal ? static_cast<int>(RowCount) : VerticalRows);
+             ++row) {
+            const double* raw = raw_.data() + static_cast<std::ptrdiff_t>(d * RowCount + row) * NodeBlock;
+            const double* precise = precise_.data() + static_cast<std::ptrdiff_t>(d * RowCount + row) * NodeBlock;
+            for (int s = 0; s < segments; ++s) {
+                double& rounding = rounding_[static_cast<std::size_t>((s * sources_ + d) * Kinds + KindOf(row))];
+                rounding = std::max(rounding, std::fabs(raw[node[s]] - precise[s]));
+            }
+        }
+    }
+}
+
+void LevelSum::SumBlock(const double* weight, int nodes) {
+    double* bessel[4] = {};
+    for (int order = 0; order < 4; ++order) {
+        bessel[order] = bessel_[order].empty() ? nullptr : bessel_[order].data();
+    }
+    const Engine& engine = work_.TheEngine;
+    engine.Bessel(Bessels(), xi_, xiLow_, nodes, radii_.data(), static_cast<int>(radii_.size() / TileWidth), bessel);
+    double* const loadBessel[4] = {nullptr, loadBessel_.data(), nullptr, nullptr};
+    engine.Bessel(Bessels(), xi_, xiLow_, nodes, loadRadii_.data(), static_cast<int>(loadRadii_.size() / TileWidth),
+                  loadBessel);
+    bool anyVertical = false;
+    bool anyHorizontal = false;
+    for (const LoadGroup& group : work_.Groups) {
+        anyVertical = anyVertical || group.Vertical;
+        anyHorizontal = anyHorizontal || group.Horizontal;
+    }
+    for (int first = 0; first < nodes; first += Segment) {
+        segmentXi_.push_back(xi_[std::min(first + Segment, nodes) - 1]);
+    }
+    for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
+        const LoadGroup& group = work_.Groups[g];
+        if (work_.Layers.Slips && sums_[g].Tiles > 0) {
+            MakeKernels(group.Radius, group.Vertical, group.Horizontal, nodes, sums_[g].Deepest);
+        } else if (!work_.Layers.Slips && g == 0) {
+            MakeKernels(0, anyVertical, anyHorizontal, nodes, sums_[0].Deepest);
+        }
+        if (sums_[g].Tiles == 0) {
+            continue;
+        }
+        Weigh(g, weight, nodes);
+        engine.Accumulate(weighted_.data(), sources_, nodes, bessel, sums_[g].FirstTile, sums_[g].Tiles,
+                          RowsFrom(group), RowsTo(group), sums_[g].Total.data(), sums_[g].Difference.data());
+    }
+}
+
+void LevelSum::Weigh(std::size_t g, const double* weight, int nodes) {
+    const LoadGroup& group = work_.Groups[g];
+    GroupSum& sum = sums_[g];
+    alignas(64) double factor[NodeBlock];
+    alignas(64) double size[NodeBlock];
+    const double* j1 = loadBessel_.data() + g / TileWidth * NodeBlock * TileWidth + g % TileWidth;
+    for (int k = 0; k < nodes; ++k) {
+        factor[k] = weight[k] * group.Radius * j1[static_cast<std::ptrdiff_t>(k) * TileWidth];
+        size[k] = weight[k] * group.Radius * Envelope(xi_[k] * group.Radius);
+    }
+    const int segments = (nodes + Segment - 1) / Segment;
+    const std::size_t first = sum.Magnitude.size();
+    sum.Magnitude.resize(first + static_cast<std::size_t>(segments * sources_ * Kinds), 0);
+    for (int d = 0; d < sources_; ++d) {
+        for (int row = RowsFrom(group); row < RowsTo(group); ++row) {
+            const int index = d * RowCount + row;
+            const double* raw = raw_.data() + static_cast<std::ptrdiff_t>(index) * NodeBlock;
+            double* out = weighted_.data() + static_cast<std::ptrdiff_t>(index) * NodeBlock;
+            const auto place = static_cast<std::size_t>(index);
+            for (int s = 0; s < segments; ++s) {
+                const int from = s * Segment;
+                double magnitude = 0;
+                work_.TheEngine.Weigh(raw + from, factor + from, size + from, std::min(Segment, nodes - from),
+                                      out + from, magnitude, sum.Peak[place]);
+                double& largest =
+                    sum.Magnitude[first + static_cast<std::size_t>((s * sources_ + d) * Kinds + KindOf(row))];
+                largest = std::max(largest, magnitude);
+            }
+            double tail = 0;
+            for (int k = std::max(0, nodes - TailNodes); k < nodes; ++k) {
+                tail = std::max(tail, std::fabs(raw[k]) * size[k]);
+            }
+            sum.Tail[place] = tail;
+        }
+    }
+    AddDoubts(g, size, nodes, first);
+}
+
+/// What the rounding of the kernels may amount to in each segment.
+void LevelSum::AddDoubts(std::size_t g, const double* size, int nodes, std::size_t first) {
+    GroupSum& sum = sums_[g];
+    const int segments = (nodes + Segment - 1) / Segment;
+    const auto width = static_cast<std::size_t>(sources_ * Kinds);
+    sum.Doubt.resize(sum.Magnitude.size(), 0);
+    for (int s = 0; s < segments; ++s) {
+        double weights = 0;
+        for (int k = s * Segment; k < std::min((s + 1) * Segment, nodes); ++k) {
+            weights += size[k];
+        }
+        const auto at = static_cast<std::size_t>(s) * width;
+        for (std::size_t i = 0; i < width; ++i) {
+            double worst = rounding_[at + i];
+            worst = s > 0 ? std::max(worst, rounding_[at - width + i]) : worst;
+            worst = s + 1 < segments ? std::max(worst, rounding_[at + width + i]) : worst;
+            sum.Doubt[first + at + i] = KernelSafety * worst * weights;
+        }
+    }
+}
+
+bool LevelSum::Ended(double xi) const {
+    for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
+        for (int d = 0; d < sources_; ++d) {
+            if (xi * work_.Chunk.Sources[static_cast<std::size_t>(d)].Effective < EndedPhase) {
+                return false;
+            }
+            double peak[2] = {};
+            double tail[2] = {};
+            for (int row = RowsFrom(work_.Groups[g]); row < RowsTo(work_.Groups[g]); ++row) {
+                const auto place = static_cast<std::size_t>(d * RowCount + row);
+                const int kind = RowIsDisplacement[row] ? 1 : 0;
+                peak[kind] = std::max(peak[kind], sums_[g].Peak[place]);
+                tail[kind] = std::max(tail[kind], sums_[g].Tail[place]);
+            }
+            if (tail[0] > EndedKernel * peak[0] || tail[1] > EndedKernel * peak[1]) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+const double* LevelSum::Row(std::size_t group, int row, std::size_t source) const {
+    return sums_[group].Total.data() + (static_cast<std::size_t>(row * sources_) + source) * Columns(group);
+}
+
+/// Measures of one item at one source by kind, per unit load.
+struct LevelSum::Measures {
+    std::array<double, Kinds> Rule{}, Interpolation{}, Cut{}, Kernel{}, Sum{}, Value{};
+};
+
+/// Sum over the segments of what stands in each, times the size of the Bessel functions of r there.
+double LevelSum::EnvelopeSum(const std::vector<double>& perSegment, std::size_t place, double r, bool argument) const {
+    const auto width = static_cast<std::size_t>(sources_ * Kinds);
+    double sum = 0;
+    for (std::size_t s = 0; s < segmentXi_.size(); ++s) {
+        const double lowest = s > 0 ? segmentXi_[s - 1] : 0;
+        const double size = perSegment[s * width + place] * EnvelopeOfAll(lowest * r);
+        sum += argument ? size * (SumRounding + Rounding * UnknownArgument(segmentXi_[s])) : size;
+    }
+    return sum;
+}
+
+/// Arguments xi r whose rounding is not known: those of the nodes below C (wavenumbers.h).
+double LevelSum::UnknownArgument(double xi) const {
+    const double reach = level_.Range.Reach;
+    return std::min(xi * reach, 3 * rule_.C * reach * std::exp(-xi / rule_.C));
+}
+
+LevelSum::Measures LevelSum::MeasuresOf(std::size_t g, std::size_t item, std::size_t source) const {
+    const GroupSum& sum = sums_[g];
+    const RadiusItem& radii = work_.Items[item];
+    const bool cell = radii.Group < 0;
+    const std::size_t count = cell ? ChebyshevCount : 1;
+    const std::size_t first = columnOf_[item];
+    const double m2 = work_.Layers.M2[static_cast<std::size_t>(work_.Chunk.Sources[source].Layer)];
+    const double decay = -std::expm1(-rule_.C * rule_.Step * work_.Chunk.Sources[source].Effective);
+    Measures m;
+    std::array<double, Kinds> half{};
+    for (int row = RowsFrom(work_.Groups[g]); row < RowsTo(work_.Groups[g]); ++row) {
+        const auto kind = static_cast<std::size_t>(KindOf(row));
+        const double* total = Row(g, row, source) + first;
+        const double* difference = sum.Difference.data() + (total - sum.Total.data());
+        double high[2] = {};
+        for (std::size_t c = 0; c < count; ++c) {
+            half[kind] = std::max(half[kind], std::fabs(difference[c]));
+            m.Value[kind] = std::max(m.Value[kind], std::fabs(total[c]));
+            if (cell) {
+                high[0] += ChebyshevTail()[0][c] * total[c];
+                high[1] += ChebyshevTail()[1][c] * total[c];
+            }
+        }
+        m.Interpolation[kind] = std::max(m.Interpolation[kind], (std::fabs(high[0]) + std::fabs(high[1])) * TailShare);
+        m.Cut[kind] = std::max(m.Cut[kind], sum.Tail[source * RowCount + static_cast<std::size_t>(row)] / decay);
+    }
+    for (std::size_t kind = 0; kind < Kinds; ++kind) {
+        const std::size_t place = source * Kinds + kind;
+        double magnitude = 0;
+        for (std::size_t s = 0; s < segmentXi_.size(); ++s) {
+            magnitude += sum.Magnitude[s * static_cast<std::size_t>(sources_ * Kinds) + place];
+        }
+        const double unit = (kind % 2 == 1 ? work_.Groups[g].Radius : 1) / m2;
+        m.Rule[kind] = magnitude > 0 ? RuleSafety * half[kind] * half[kind] / std::min(unit, magnitude) : 0;
+        m.Kernel[kind] = EnvelopeSum(sum.Doubt, place, radii.Low, false);
+        m.Sum[kind] = EnvelopeSum(sum.Magnitude, place, radii.Low, true);
+    }
+    return m;
+}
+
+/// True if no item needs a finer step; tells too whether interpolation in r is good enough.
+bool LevelSum::Finish() {
+    bool good = true;
+    smooth_ = true;
+    errors_.assign(work_.Groups.size() * work_.Items.size() * static_cast<std::size_t>(sources_), {});
+    for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
+        for (const std::size_t item : level_.Items) {
+            const int owner = work_.Items[item].Group;
+            if (owner < 0 || owner == static_cast<int>(g)) {
+                good = FinishItem(g, item) && good;
+            }
+        }
+    }
+    return good;
+}
+
+bool LevelSum::FinishItem(std::size_t g, std::size_t item) {
+    bool good = true;
+    // The values of a cell are weighted with numbers whose sizes sum up to 2.7 at most.
+    const double spread = work_.Items[item].Group < 0 ? CellSpread : 1;
+    for (std::size_t d = 0; d < static_cast<std::size_t>(sources_); ++d) {
+        const Measures m = MeasuresOf(g, item, d);
+        const double m2 = work_.Layers.M2[static_cast<std::size_t>(work_.Chunk.Sources[d].Layer)];
+        SumErrors& errors = errors_[(g * work_.Items.size() + item) * static_cast<std::size_t>(sources_) + d];
+        for (std::size_t kind = 0; kind < Kinds; ++kind) {
+            const double unit = (kind % 2 == 1 ? work_.Groups[g].Radius : 1) / m2;
+            const double goal = std::max(AbsoluteGoal * unit, RelativeGoal * m.Value[kind]);
+            good = good && m.Rule[kind] <= goal;
+            smooth_ = smooth_ && m.Interpolation[kind] <= goal;
+            auto& error = kind % 2 == 1 ? errors.Displacement : errors.Strain;
+            error[kind / 2] =
+                m.Interpolation[kind] + spread * (m.Rule[kind] + m.Cut[kind] + m.Kernel[kind] + m.Sum[kind]);
+        }
+    }
+    return good;
+}
+
+}  // namespace zirvo::solver

@@ -1,0 +1,108 @@
+// The sums of one level of radii: its nodes in blocks, kernels and Bessel functions at them, and what bounds their
+// errors. Called by layered_sums alone.
+#pragma once
+#include <array>
+#include <cstddef>
+#include <vector>
+
+#include "solver/depth_plan.h"
+#include "solver/engine.h"
+#include "solver/prepared_problem.h"
+#include "solver/radius_plan.h"
+#include "solver/wavenumbers.h"
+
+namespace zirvo::solver {
+
+/// Bounds of the errors of the sums of one item at one depth, per unit pressure and per unit shear: of displacements
+/// [cm] and of strains.
+struct SumErrors {
+    std::array<double, 2> Displacement{};
+    std::array<double, 2> Strain{};
+};
+
+/// How much work is put into sums.
+struct SumCare {
+    bool Precise = false;     ///< kernels in numbers of two parts
+    int FirstRefinement = 0;  ///< the step is halved so many times from the start
+    double MostNodes = 0;     ///< of one level
+};
+
+/// What is summed for: read only.
+struct LevelWork {
+    const LayerTable& Layers;
+    const std::vector<LoadGroup>& Groups;
+    const DepthChunk& Chunk;
+    const std::vector<RadiusItem>& Items;
+    const Engine& TheEngine;
+};
+
+class LevelSum {
+public:
+    LevelSum(const LevelWork& work, const RadiusLevel& level, const SumCare& care);
+
+    void Run();
+
+    /// Place of an item's first column.
+    std::size_t ColumnOf(std::size_t item) const { return columnOf_[item]; }
+    std::size_t Columns(std::size_t group) const { return static_cast<std::size_t>(sums_[group].Tiles) * TileWidth; }
+    /// All columns of a row at a source.
+    const double* Row(std::size_t group, int row, std::size_t source) const;
+    const SumErrors& Errors(std::size_t group, std::size_t item, std::size_t source) const {
+        return errors_[(group * work_.Items.size() + item) * static_cast<std::size_t>(sources_) + source];
+    }
+    /// False where interpolation in r misses its goal.
+    bool Smooth() const { return smooth_; }
+
+private:
+    /// Loads (pressure, shear) times kinds (strain, displacement).
+    static constexpr int Kinds = 4;
+    /// Nodes that share one measure of rounding.
+    static constexpr int Segment = 32;
+    static constexpr int Segments = NodeBlock / Segment;
+
+    /// Sums and the measures of their errors for one group. Maxima are per depth and row, per unit load; magnitudes and
+    /// doubts (what rounding of the kernels may amount to) per segment, depth and kind.
+    struct GroupSum {
+        int FirstTile = 0, Tiles = 0;
+        std::vector<double> Total, Difference, Peak, Tail, Magnitude, Doubt;
+        int Deepest = 0;
+    };
+
+    void PlaceColumns();
+    void Sum(int refinement);
+    void SumBlock(const double* weight, int nodes);
+    void MakeKernels(double radius, bool vertical, bool horizontal, int nodes, int& deepest);
+    void SampleRounding(double radius, bool vertical, bool horizontal, int nodes, int deepest);
+    void Weigh(std::size_t g, const double* weight, int nodes);
+    void AddDoubts(std::size_t g, const double* size, int nodes, std::size_t first);
+    bool Ended(double xi) const;
+    bool Finish();
+    bool FinishItem(std::size_t g, std::size_t item);
+    struct Measures;
+    Measures MeasuresOf(std::size_t g, std::size_t item, std::size_t source) const;
+    double UnknownArgument(double xi) const;
+    double EnvelopeSum(const std::vector<double>& perSegment, std::size_t place, double r, bool argument) const;
+
+    const LevelWork work_;
+    const RadiusLevel& level_;
+    SumCare care_;
+    int sources_;
+    NodeRule rule_;
+    long nodes_ = 0;  // of the last pass
+    bool smooth_ = true;
+    std::vector<SumErrors> errors_;      // [group][item][source]
+    std::vector<std::size_t> columnOf_;  // of every item of the table
+    std::vector<KernelDepth> depths_;
+    std::vector<double> radii_;      // of all tiles
+    std::vector<double> loadRadii_;  // of the groups, in tiles
+    std::vector<GroupSum> sums_;
+    std::vector<double> segmentXi_;  // largest wavenumber of each segment
+    std::vector<double> bessel_[4];
+    std::vector<double> loadBessel_;
+    std::vector<double> raw_, weighted_, precise_;
+    std::vector<double> rounding_;  // [segment of the block][depth * Kinds + kind]: of the kernels at hand
+    alignas(64) double xi_[NodeBlock] = {};
+    alignas(64) double xiLow_[NodeBlock] = {};
+};
+
+}  // namespace zirvo::solver
