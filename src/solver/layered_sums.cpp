@@ -11,6 +11,7 @@ namespace {
 
 constexpr double MostNodes = 3e6;    // of one level
 constexpr double FewestNodes = 2e4;  // that it may have whatever the budget says
+constexpr double PreciseCost = 15;   // of kernels in two parts over plain ones
 constexpr double TailShare = 0.5;    // of the last two Chebyshev coefficients: what follows them at most
 
 }  // namespace
@@ -36,8 +37,8 @@ SumTable::SumTable(const LayerTable& layers, const std::vector<LoadGroup>& group
     const double cases = horizontal ? 2.5 : 1;
     const auto sources = static_cast<double>(sources_);
     LevelCosts costs;
-    costs.PerNode =
-        kernelSets * (30 * static_cast<double>(std::min<std::size_t>(layers.M2.size(), 20)) + 8 * cases * sources);
+    costs.PerNode = (care.Precise ? PreciseCost : 1) * kernelSets *
+                    (30 * static_cast<double>(std::min<std::size_t>(layers.M2.size(), 20)) + 8 * cases * sources);
     const double served = items_.front().Group < 0 ? static_cast<double>(groups.size()) : 1;
     costs.PerNodeAndColumn = 8 + 0.6 * cases * sources * served;
     const auto levels = SplitIntoLevels(items_, edges, ze, layers.LowScale, costs);

@@ -1,19 +1,11 @@
-// Sources of error and their measures, per unit load:
-//   rule: halving the step squares the error of a trapezoid whose integrand is analytic in a strip; the half rule's
-//   error
-//     is known from the even and odd nodes. Its square over the sum's magnitude, or over a unit load where that is
-//     less.
-//   cut: the last kernels, as a geometric series of the kernel's decay.
-//   window: what it cuts off is beyond a double (wavenumbers.h).
-//   kernels: at one node of each segment they are made once more in two parts; the difference, at its largest among
-//     neighbours, stands for its segment.
-//   sum: rounding of kernels, Bessel functions and additions, times the magnitudes.
-//   interpolation in r: the two highest Chebyshev coefficients.
+// Nodes in blocks: kernels, Bessel functions, sums; and the measures of rounding that go with them. What becomes of
+// those stands in level_errors.cpp.
 #include "solver/level_sum.h"
 
 #include <algorithm>
 #include <cmath>
 
+#include "solver/level_rows.h"
 #include "solver/tables.h"
 
 namespace zirvo::solver {
@@ -24,34 +16,13 @@ constexpr double EndedKernel = 1e-15;  // share of its peak below which a kernel
 constexpr double EndedPhase = 40;      // and xi * ze above which it may
 constexpr int TailNodes = 4;           // nodes over which that is judged
 constexpr int ExtraNodes = 64;         // block beyond the expected end
+constexpr int ShortBlock = 64;         // a last block that takes the rounding of the one before
 constexpr int MostRefinements = 2;
-constexpr double AbsoluteGoal = 1e-15;  // error that needs no refinement, in units of the load
-constexpr double RelativeGoal = 5e-12;  // or as a share of the value
-constexpr double TailShare = 0.5;       // of the last two Chebyshev coefficients: what follows them at most
-constexpr double Rounding = 1.1e-16;
-constexpr double SumRounding = 6 * Rounding;  // of a product of kernel and Bessel functions, summed
-constexpr double CellSpread = 2;
 constexpr double KernelSafety = 2;  // of a sampled difference
-constexpr double RuleSafety = 2;
 
 /// Size of J1(x) without its oscillation.
 double Envelope(double x) {
     return std::min(0.5 * x, 0.8 / std::sqrt(x));
-}
-
-/// Largest of J0 .. J3 from x on.
-double EnvelopeOfAll(double x) {
-    return x < 0.8 ? 1 : 0.9 / std::sqrt(x);
-}
-
-int RowsFrom(const LoadGroup& group) {
-    return group.Vertical ? 0 : VerticalRows;
-}
-int RowsTo(const LoadGroup& group) {
-    return group.Horizontal ? static_cast<int>(RowCount) : VerticalRows;
-}
-int KindOf(int row) {
-    return (row < VerticalRows ? 0 : 2) + (RowIsDisplacement[row] ? 1 : 0);
 }
 
 /// z - top, with what the difference loses; exactly 0 on the top as it is known.
@@ -176,11 +147,25 @@ void LevelSum::Sum(int refinement) {
     }
 }
 
-void LevelSum::MakeKernels(double radius, bool vertical, bool horizontal, int nodes, int& deepest) {
+/// Kernels of the block at hand; `sum` keeps what goes from block to block.
+void LevelSum::MakeKernels(double radius, bool vertical, bool horizontal, int nodes, GroupSum& sum) {
     const auto make = care_.Precise ? work_.TheEngine.PreciseKernels : work_.TheEngine.Kernels;
-    const int before = deepest;
-    make(work_.Layers.View(), radius, xi_, nodes, depths_.data(), sources_, vertical, horizontal, deepest, raw_.data());
-    SampleRounding(radius, vertical, horizontal, nodes, before);
+    const int before = sum.Deepest;
+    make(work_.Layers.View(), radius, xi_, nodes, depths_.data(), sources_, vertical, horizontal, sum.Deepest,
+         raw_.data());
+    const auto segments = static_cast<std::size_t>((nodes + Segment - 1) / Segment);
+    const auto width = static_cast<std::size_t>(sources_ * Kinds);
+    if (nodes > ShortBlock || segments == segmentXi_.size()) {
+        SampleRounding(radius, vertical, horizontal, nodes, before);
+    } else {
+        // The last few nodes of a sum: what share of them is rounding is told by the block before.
+        for (std::size_t s = 0; s < segments; ++s) {
+            std::copy(sum.LastRounding.begin(), sum.LastRounding.end(),
+                      rounding_.begin() + static_cast<std::ptrdiff_t>(s * width));
+        }
+    }
+    const auto last = rounding_.begin() + static_cast<std::ptrdiff_t>((segments - 1) * width);
+    sum.LastRounding.assign(last, last + static_cast<std::ptrdiff_t>(width));
 }
 
 /// Rounding of the kernels at hand, into rounding_.
@@ -199,13 +184,20 @@ void LevelSum::SampleRounding(double radius, bool vertical, bool horizontal, int
     work_.TheEngine.PreciseKernels(work_.Layers.View(), radius, xi, Segments, depths_.data(), sources_, vertical,
                                    horizontal, deepest, precise_.data());
     for (int d = 0; d < sources_; ++d) {
-        for (int row = vertical ? 0 : VerticalRows; row < (horizontal ? static_cast<int>(RowCount) : VerticalRows);
-             ++row) {
-            const double* raw = raw_.data() + static_cast<std::ptrdiff_t>(d * RowCount + row) * NodeBlock;
-            const double* precise = precise_.data() + static_cast<std::ptrdiff_t>(d * RowCount + row) * NodeBlock;
-            for (int s = 0; s < segments; ++s) {
-                double& rounding = rounding_[static_cast<std::size_t>((s * sources_ + d) * Kinds + KindOf(row))];
-                rounding = std::max(rounding, std::fabs(raw[node[s]] - precise[s]));
+        for (int s = 0; s < segments; ++s) {
+            double off[Kinds] = {};
+            double largest[Kinds] = {};
+            for (int row = vertical ? 0 : VerticalRows; row < (horizontal ? static_cast<int>(RowCount) : VerticalRows);
+                 ++row) {
+                const auto place = static_cast<std::size_t>(d * RowCount + row) * NodeBlock;
+                const double precise = precise_[place + static_cast<std::size_t>(s)];
+                const auto kind = static_cast<std::size_t>(KindOf(row));
+                off[kind] = std::max(off[kind], std::fabs(raw_[place + static_cast<std::size_t>(node[s])] - precise));
+                largest[kind] = std::max(largest[kind], std::fabs(precise));
+            }
+            for (std::size_t kind = 0; kind < Kinds; ++kind) {
+                rounding_[static_cast<std::size_t>((s * sources_ + d) * Kinds) + kind] =
+                    off[kind] > 0 ? off[kind] / std::max(largest[kind], off[kind]) : 0;
             }
         }
     }
@@ -233,9 +225,9 @@ void LevelSum::SumBlock(const double* weight, int nodes) {
     for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
         const LoadGroup& group = work_.Groups[g];
         if (work_.Layers.Slips && sums_[g].Tiles > 0) {
-            MakeKernels(group.Radius, group.Vertical, group.Horizontal, nodes, sums_[g].Deepest);
+            MakeKernels(group.Radius, group.Vertical, group.Horizontal, nodes, sums_[g]);
         } else if (!work_.Layers.Slips && g == 0) {
-            MakeKernels(0, anyVertical, anyHorizontal, nodes, sums_[0].Deepest);
+            MakeKernels(0, anyVertical, anyHorizontal, nodes, sums_[0]);
         }
         if (sums_[g].Tiles == 0) {
             continue;
@@ -281,26 +273,20 @@ void LevelSum::Weigh(std::size_t g, const double* weight, int nodes) {
             sum.Tail[place] = tail;
         }
     }
-    AddDoubts(g, size, nodes, first);
+    AddDoubts(sum, segments, first);
 }
 
-/// What the rounding of the kernels may amount to in each segment.
-void LevelSum::AddDoubts(std::size_t g, const double* size, int nodes, std::size_t first) {
-    GroupSum& sum = sums_[g];
-    const int segments = (nodes + Segment - 1) / Segment;
+/// What the rounding of the kernels may amount to in each segment of the block whose magnitudes begin at `first`.
+void LevelSum::AddDoubts(GroupSum& sum, int segments, std::size_t first) const {
     const auto width = static_cast<std::size_t>(sources_ * Kinds);
     sum.Doubt.resize(sum.Magnitude.size(), 0);
     for (int s = 0; s < segments; ++s) {
-        double weights = 0;
-        for (int k = s * Segment; k < std::min((s + 1) * Segment, nodes); ++k) {
-            weights += size[k];
-        }
         const auto at = static_cast<std::size_t>(s) * width;
         for (std::size_t i = 0; i < width; ++i) {
             double worst = rounding_[at + i];
             worst = s > 0 ? std::max(worst, rounding_[at - width + i]) : worst;
             worst = s + 1 < segments ? std::max(worst, rounding_[at + width + i]) : worst;
-            sum.Doubt[first + at + i] = KernelSafety * worst * weights;
+            sum.Doubt[first + at + i] = KernelSafety * worst * sum.Magnitude[first + at + i];
         }
     }
 }
@@ -329,106 +315,6 @@ bool LevelSum::Ended(double xi) const {
 
 const double* LevelSum::Row(std::size_t group, int row, std::size_t source) const {
     return sums_[group].Total.data() + (static_cast<std::size_t>(row * sources_) + source) * Columns(group);
-}
-
-/// Measures of one item at one source by kind, per unit load.
-struct LevelSum::Measures {
-    std::array<double, Kinds> Rule{}, Interpolation{}, Cut{}, Kernel{}, Sum{}, Value{};
-};
-
-/// Sum over the segments of what stands in each, times the size of the Bessel functions of r there.
-double LevelSum::EnvelopeSum(const std::vector<double>& perSegment, std::size_t place, double r, bool argument) const {
-    const auto width = static_cast<std::size_t>(sources_ * Kinds);
-    double sum = 0;
-    for (std::size_t s = 0; s < segmentXi_.size(); ++s) {
-        const double lowest = s > 0 ? segmentXi_[s - 1] : 0;
-        const double size = perSegment[s * width + place] * EnvelopeOfAll(lowest * r);
-        sum += argument ? size * (SumRounding + Rounding * UnknownArgument(segmentXi_[s])) : size;
-    }
-    return sum;
-}
-
-/// Arguments xi r whose rounding is not known: those of the nodes below C (wavenumbers.h).
-double LevelSum::UnknownArgument(double xi) const {
-    const double reach = level_.Range.Reach;
-    return std::min(xi * reach, 3 * rule_.C * reach * std::exp(-xi / rule_.C));
-}
-
-LevelSum::Measures LevelSum::MeasuresOf(std::size_t g, std::size_t item, std::size_t source) const {
-    const GroupSum& sum = sums_[g];
-    const RadiusItem& radii = work_.Items[item];
-    const bool cell = radii.Group < 0;
-    const std::size_t count = cell ? ChebyshevCount : 1;
-    const std::size_t first = columnOf_[item];
-    const double m2 = work_.Layers.M2[static_cast<std::size_t>(work_.Chunk.Sources[source].Layer)];
-    const double decay = -std::expm1(-rule_.C * rule_.Step * work_.Chunk.Sources[source].Effective);
-    Measures m;
-    std::array<double, Kinds> half{};
-    for (int row = RowsFrom(work_.Groups[g]); row < RowsTo(work_.Groups[g]); ++row) {
-        const auto kind = static_cast<std::size_t>(KindOf(row));
-        const double* total = Row(g, row, source) + first;
-        const double* difference = sum.Difference.data() + (total - sum.Total.data());
-        double high[2] = {};
-        for (std::size_t c = 0; c < count; ++c) {
-            half[kind] = std::max(half[kind], std::fabs(difference[c]));
-            m.Value[kind] = std::max(m.Value[kind], std::fabs(total[c]));
-            if (cell) {
-                high[0] += ChebyshevTail()[0][c] * total[c];
-                high[1] += ChebyshevTail()[1][c] * total[c];
-            }
-        }
-        m.Interpolation[kind] = std::max(m.Interpolation[kind], (std::fabs(high[0]) + std::fabs(high[1])) * TailShare);
-        m.Cut[kind] = std::max(m.Cut[kind], sum.Tail[source * RowCount + static_cast<std::size_t>(row)] / decay);
-    }
-    for (std::size_t kind = 0; kind < Kinds; ++kind) {
-        const std::size_t place = source * Kinds + kind;
-        double magnitude = 0;
-        for (std::size_t s = 0; s < segmentXi_.size(); ++s) {
-            magnitude += sum.Magnitude[s * static_cast<std::size_t>(sources_ * Kinds) + place];
-        }
-        const double unit = (kind % 2 == 1 ? work_.Groups[g].Radius : 1) / m2;
-        m.Rule[kind] = magnitude > 0 ? RuleSafety * half[kind] * half[kind] / std::min(unit, magnitude) : 0;
-        m.Kernel[kind] = EnvelopeSum(sum.Doubt, place, radii.Low, false);
-        m.Sum[kind] = EnvelopeSum(sum.Magnitude, place, radii.Low, true);
-    }
-    return m;
-}
-
-/// True if no item needs a finer step; tells too whether interpolation in r is good enough.
-bool LevelSum::Finish() {
-    bool good = true;
-    smooth_ = true;
-    errors_.assign(work_.Groups.size() * work_.Items.size() * static_cast<std::size_t>(sources_), {});
-    for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
-        for (const std::size_t item : level_.Items) {
-            const int owner = work_.Items[item].Group;
-            if (owner < 0 || owner == static_cast<int>(g)) {
-                good = FinishItem(g, item) && good;
-            }
-        }
-    }
-    return good;
-}
-
-bool LevelSum::FinishItem(std::size_t g, std::size_t item) {
-    bool good = true;
-    // The values of a cell are weighted with numbers whose sizes sum up to 2.7 at most.
-    const double spread = work_.Items[item].Group < 0 ? CellSpread : 1;
-    for (std::size_t d = 0; d < static_cast<std::size_t>(sources_); ++d) {
-        const Measures m = MeasuresOf(g, item, d);
-        const double m2 = work_.Layers.M2[static_cast<std::size_t>(work_.Chunk.Sources[d].Layer)];
-        SumErrors& errors = errors_[(g * work_.Items.size() + item) * static_cast<std::size_t>(sources_) + d];
-        for (std::size_t kind = 0; kind < Kinds; ++kind) {
-            const double unit = (kind % 2 == 1 ? work_.Groups[g].Radius : 1) / m2;
-            const double goal = std::max(AbsoluteGoal * unit, RelativeGoal * m.Value[kind]);
-            good = good && m.Rule[kind] <= goal;
-            smooth_ = smooth_ && m.Interpolation[kind] <= goal;
-            auto& error = kind % 2 == 1 ? errors.Displacement : errors.Strain;
-            error[kind / 2] =
-                m.Interpolation[kind] + spread * (m.Rule[kind] + m.Cut[kind] + m.Kernel[kind] + m.Sum[kind]);
-        }
-    }
-    return good;
 }
 
 }  // namespace zirvo::solver

@@ -66,22 +66,24 @@ private:
         int FirstTile = 0, Tiles = 0;
         std::vector<double> Total, Difference, Peak, Tail, Magnitude, Doubt;
         int Deepest = 0;
+        std::vector<double> LastRounding;  // of the last segment, per depth and kind
     };
 
     void PlaceColumns();
     void Sum(int refinement);
     void SumBlock(const double* weight, int nodes);
-    void MakeKernels(double radius, bool vertical, bool horizontal, int nodes, int& deepest);
+    void MakeKernels(double radius, bool vertical, bool horizontal, int nodes, GroupSum& sum);
     void SampleRounding(double radius, bool vertical, bool horizontal, int nodes, int deepest);
     void Weigh(std::size_t g, const double* weight, int nodes);
-    void AddDoubts(std::size_t g, const double* size, int nodes, std::size_t first);
+    void AddDoubts(GroupSum& sum, int segments, std::size_t first) const;
     bool Ended(double xi) const;
     bool Finish();
     bool FinishItem(std::size_t g, std::size_t item);
     struct Measures;
     Measures MeasuresOf(std::size_t g, std::size_t item, std::size_t source) const;
     double UnknownArgument(double xi) const;
-    double EnvelopeSum(const std::vector<double>& perSegment, std::size_t place, double r, bool argument) const;
+    void MakeEnvelopes(std::size_t item);
+    void AddRounding(std::size_t g, std::size_t source, Measures& m) const;
 
     const LevelWork work_;
     const RadiusLevel& level_;
@@ -96,11 +98,13 @@ private:
     std::vector<double> radii_;      // of all tiles
     std::vector<double> loadRadii_;  // of the groups, in tiles
     std::vector<GroupSum> sums_;
-    std::vector<double> segmentXi_;  // largest wavenumber of each segment
+    std::vector<double> segmentRounding_;  // of each segment: what a sum of ones may be off
+    std::vector<double> envelopes_;        // of the item at hand: sizes of its Bessel functions in each segment
+    std::vector<double> segmentXi_;        // largest wavenumber of each segment
     std::vector<double> bessel_[4];
     std::vector<double> loadBessel_;
     std::vector<double> raw_, weighted_, precise_;
-    std::vector<double> rounding_;  // [segment of the block][depth * Kinds + kind]: of the kernels at hand
+    std::vector<double> rounding_;  // [segment of the block][depth * Kinds + kind]: share of the kernels
     alignas(64) double xi_[NodeBlock] = {};
     alignas(64) double xiLow_[NodeBlock] = {};
 };

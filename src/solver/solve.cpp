@@ -26,6 +26,7 @@ constexpr double NarrowestShare = 0.1;
 constexpr double DepthGoal = 1e-15;          // of interpolation in z, in units of the load
 constexpr double RelativeDepthGoal = 5e-12;  // or as a share of the value
 constexpr double DepthSpread = 2;            // of errors at the nodes in z, by the weights of the interpolation
+constexpr double CarefulShare = 0.1;         // of the budget: what has run out of it once is not mended by care
 constexpr double RedoGoal = 5e-11;           // a bound above this is not good enough: the point is done again
 constexpr double Budget = 6e10;  // of all sums [ns, roughly]: no pavement comes near it, absurd numbers must end too
 
@@ -197,8 +198,9 @@ void ChunkWork::MakeTable() {
 /// The depths of a chunk taken as they are.
 void ChunkWork::RunParts(const DepthChunk& whole, bool careful) const {
     const auto parts = WithoutNodes(work_.TheProblem, whole, MostSources);
+    const double budget = careful && !careful_ ? CarefulShare * budget_ : budget_;
     for (const DepthChunk& part : parts) {
-        ChunkWork(work_, part, budget_ / static_cast<double>(parts.size()), careful).Run();
+        ChunkWork(work_, part, budget / static_cast<double>(parts.size()), careful).Run();
     }
 }
 

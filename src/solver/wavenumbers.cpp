@@ -38,9 +38,11 @@ double WindowEnd(const NodeRule& rule) {
 }
 
 void FillNodes(const NodeRule& rule, long first, int count, double* xi, double* xiLow, double* weight) {
-    for (int i = 0; i < count; ++i) {
+    // The geometric end by a recurrence: its rounding is that of a part of t which is small wherever a weight is not.
+    double low = std::exp(rule.LowEnd - (rule.Start + rule.Step * static_cast<double>(first)));
+    const double shrink = std::exp(-rule.Step);
+    for (int i = 0; i < count; ++i, low *= shrink) {
         const double s = rule.Start + rule.Step * static_cast<double>(first + i);  // exact: few digits each
-        const double low = std::exp(rule.LowEnd - s);
         const double t = s - low;
         const double e = std::exp(-std::fabs(t));
         const double log = std::log1p(e);

@@ -32,7 +32,7 @@ TEST(TrueValues, EveryCaseIsWithinTheThousandMillionthPart) {
 
 TEST(TrueValues, SkinsFilmsCancellingLoadsFarPointsAndEdgesOfLargeCirclesAreAsGood) {
     const auto paths = CaseFilePaths("hard_cases");
-    ASSERT_GE(paths.size(), 9U);
+    ASSERT_GE(paths.size(), 10U);
     for (const std::string& path : paths) {
         const CaseFile file = ReadCaseFile(path);
         const Solution solution = Solve(file.TheProblem, {1});
@@ -40,7 +40,7 @@ TEST(TrueValues, SkinsFilmsCancellingLoadsFarPointsAndEdgesOfLargeCirclesAreAsGo
         EXPECT_LT(solution.LargestEstimate, PromisedError) << file.Name;
         for (std::size_t g = 0; g < 3; ++g) {
             EXPECT_LT(errors.Worst[g], 0.02) << file.Name << " group " << g << ' ' << errors.Where;
-            EXPECT_LE(errors.Worst[g] * 1e-9, errors.WorstEstimate[g] + 1e-12) << file.Name << " group " << g;
+            EXPECT_LE(errors.Worst[g] * 1e-9, errors.WorstEstimate[g] + 1e-15) << file.Name << " group " << g;
         }
     }
 }
@@ -54,7 +54,7 @@ TEST(TrueValues, EstimatesKeepThePromiseAndAreNotBelowTheErrors) {
         CaseErrors errors = Compare(file, solution);
         for (std::size_t g = 0; g < 3; ++g) {
             // Worst is a share of 1E-9: the estimate is the same kind of share.
-            EXPECT_LE(errors.Worst[g] * 1e-9, errors.WorstEstimate[g] + 1e-12) << file.Name << " group " << g;
+            EXPECT_LE(errors.Worst[g] * 1e-9, errors.WorstEstimate[g] + 1e-15) << file.Name << " group " << g;
         }
     }
 }

@@ -1,0 +1,121 @@
+// The attack: random pavements of four families and hill climbing from the worst of them, the solver against the
+// reference. attack [SECONDS] [SEED] [FOLDER]: what breaks a promise or a bound is written to FOLDER; the exit code is
+// then 1.
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+#include "climb.h"
+#include "families.h"
+#include "finds.h"
+#include "measure.h"
+#include "plot.h"
+
+namespace {
+
+using namespace zirvo::attack;
+using Clock = std::chrono::steady_clock;
+
+struct Wishes {
+    double Seconds = 60;
+    unsigned long Seed = 1;
+    std::string Folder = ".";
+    std::string Plot;
+};
+
+/// Writes one find; at most so many of a run, worst kinds tend to come in herds.
+class FindWriter {
+public:
+    explicit FindWriter(const Wishes& wishes) : wishes_(wishes) {}
+
+    void Write(const zirvo::solver::Problem& problem, const GroupError& worst, Family family) {
+        constexpr int Most = 20;
+        if (count_ == Most) {
+            return;
+        }
+        zirvo::solver::Problem one = problem;
+        one.Points = {problem.Points[worst.Point]};
+        const std::string name = "found_" + std::string(NameOf(family)) + "_" + std::to_string(wishes_.Seed) + "_" +
+                                 std::to_string(++count_);
+        char about[120];
+        std::snprintf(about, sizeof about, "group %zu: error %.2e, bound %.2e", worst.Group, worst.Error, worst.Bound);
+        std::ofstream(wishes_.Folder + "/" + name + ".json") << CaseText(one, name, about);
+        std::printf("FOUND %s: %s\n", name.c_str(), about);
+    }
+
+private:
+    const Wishes& wishes_;
+    int count_ = 0;
+};
+
+bool Bad(const GroupError& e, double promise) {
+    return !(e.Error <= promise) || !(e.Ratio() <= 1);
+}
+
+/// One random problem, and now and then a climb from its worst point.
+void Round(Family family, Random& random, Tally& tally, FindWriter& finds) {
+    const double promise = PromiseOf(family);
+    const auto problem = RandomProblem(family, random);
+    if (problem.Points.empty()) {
+        return;
+    }
+    const auto errors = Measure(problem);
+    tally.Add(errors, promise);
+    GroupError worst;
+    for (const GroupError& e : errors) {
+        if (Bad(e, promise)) {
+            finds.Write(problem, e, family);
+        }
+        worst = e.Ratio() > worst.Ratio() ? e : worst;
+    }
+    if (!errors.empty() && random() % 8 == 0) {
+        const Goal goal = random() % 2 == 0 ? Goal::Error : Goal::Ratio;
+        // A climb may leave its family: what it meets is held to what all legal input is promised.
+        const Climbed top = Climb(problem, worst.Point, goal, 30, random, tally, PromiseOf(Family::Extreme));
+        if (Bad(top.Worst, PromiseOf(Family::Extreme))) {
+            finds.Write(top.Problem, top.Worst, family);
+        }
+    }
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    Wishes wishes;
+    if (count > 1) {
+        wishes.Seconds = std::atof(arguments[1]);
+    }
+    if (count > 2) {
+        wishes.Seed = std::strtoul(arguments[2], nullptr, 10);
+    }
+    if (count > 3) {
+        wishes.Folder = arguments[3];
+    }
+    if (count > 4) {
+        wishes.Plot = arguments[4];
+    }
+    const auto start = Clock::now();
+    std::array<Tally, FamilyCount> tallies;
+    FindWriter finds(wishes);
+    for (unsigned long i = 0; std::chrono::duration<double>(Clock::now() - start).count() < wishes.Seconds; ++i) {
+        Random random(wishes.Seed * 1000003 + i);
+        const auto family = static_cast<Family>(i % FamilyCount);
+        Round(family, random, tallies[i % FamilyCount], finds);
+    }
+    bool clean = true;
+    for (int i = 0; i < FamilyCount; ++i) {
+        std::fputs(tallies[static_cast<std::size_t>(i)].Report(static_cast<Family>(i)).c_str(), stdout);
+        clean = clean && tallies[static_cast<std::size_t>(i)].Clean();
+    }
+    if (!wishes.Plot.empty()) {
+        std::vector<std::pair<double, double>> pairs;
+        for (const Tally& tally : tallies) {
+            tally.AddPairs(pairs);
+        }
+        std::ofstream(wishes.Plot) << PlotText(pairs);
+    }
+    return clean ? 0 : 1;
+}

@@ -1,0 +1,46 @@
+// What a comparison of the solver with the reference says, and its counts over many.
+#pragma once
+#include <array>
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "families.h"
+#include "solver/problem.h"
+
+namespace zirvo::attack {
+
+/// One group (displacements, stresses, strains) at one point. Both as shares of the group's largest true value plus
+/// 1E-4 units of the load, as the solver's promise is meant.
+struct GroupError {
+    std::size_t Point = 0, Group = 0;
+    double Error = 0, Bound = 0;
+
+    double Ratio() const { return Error / (Bound + Nothing); }
+    /// Below this an error is the last digit of a double: no bound needs to tell of it.
+    static constexpr double Nothing = 1e-15;
+};
+
+/// Empty where the reference is too dear.
+std::vector<GroupError> Measure(const solver::Problem& problem);
+
+/// What is allowed: the promise of the family.
+double PromiseOf(Family family);
+
+class Tally {
+public:
+    void Add(const std::vector<GroupError>& errors, double promise);
+    /// Lines of a table.
+    std::string Report(Family family) const;
+    /// Adds its pairs of errors and bounds, for the plot.
+    void AddPairs(std::vector<std::pair<double, double>>& pairs) const;
+    bool Clean() const { return beyond_ == 0 && below_ == 0; }
+
+private:
+    std::size_t problems_ = 0, values_ = 0, groups_ = 0, beyond_ = 0, below_ = 0, alarms_ = 0, late_ = 0;
+    double worstRatio_ = 0;
+    std::vector<float> errors_, bounds_, slack_;  // slack: bound over error, of errors above 1E-14
+};
+
+}  // namespace zirvo::attack
