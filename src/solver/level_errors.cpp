@@ -24,7 +24,7 @@ constexpr double AbsoluteGoal = 1e-15;  // error that needs no refinement, in un
 constexpr double RelativeGoal = 5e-12;  // or as a share of the value
 constexpr double TailShare = 0.5;       // of the last two Chebyshev coefficients: what follows them at most
 constexpr double Rounding = 1.1e-16;
-constexpr double SumRounding = 6 * Rounding;  // of a product of kernel and Bessel functions, summed
+constexpr double SumRounding = 4 * Rounding;  // of a product of kernel and Bessel functions, summed
 constexpr double CellSpread = 2;
 constexpr double RuleSafety = 2;
 

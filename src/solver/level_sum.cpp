@@ -18,7 +18,9 @@ constexpr int TailNodes = 4;           // nodes over which that is judged
 constexpr int ExtraNodes = 64;         // block beyond the expected end
 constexpr int ShortBlock = 64;         // a last block that takes the rounding of the one before
 constexpr int MostRefinements = 2;
-constexpr double KernelSafety = 2;  // of a sampled difference
+constexpr double LeastRounding = 2e-16;     // share of a kernel that a sample is not believed below
+constexpr double ContrastRounding = 6e-18;  // more of it for the ratio of the moduli
+constexpr double KernelSafety = 2;          // of a sampled difference
 
 /// Size of J1(x) without its oscillation.
 double Envelope(double x) {
@@ -174,6 +176,8 @@ void LevelSum::SampleRounding(double radius, bool vertical, bool horizontal, int
     if (care_.Precise) {
         return;  // the sums' own rounding is more
     }
+    // Where layers turn from thin to thick a kernel may lose more for a few nodes: in proportion to the contrast.
+    const double least = LeastRounding + ContrastRounding * work_.Layers.Contrast;
     const int segments = (nodes + Segment - 1) / Segment;
     alignas(64) double xi[Segments];
     int node[Segments];
@@ -196,8 +200,8 @@ void LevelSum::SampleRounding(double radius, bool vertical, bool horizontal, int
                 largest[kind] = std::max(largest[kind], std::fabs(precise));
             }
             for (std::size_t kind = 0; kind < Kinds; ++kind) {
-                rounding_[static_cast<std::size_t>((s * sources_ + d) * Kinds) + kind] =
-                    off[kind] > 0 ? off[kind] / std::max(largest[kind], off[kind]) : 0;
+                const double share = off[kind] > 0 ? off[kind] / std::max(largest[kind], off[kind]) : 0;
+                rounding_[static_cast<std::size_t>((s * sources_ + d) * Kinds) + kind] = std::max(share, least);
             }
         }
     }

@@ -27,6 +27,7 @@ constexpr double DepthGoal = 1e-15;          // of interpolation in z, in units 
 constexpr double RelativeDepthGoal = 5e-12;  // or as a share of the value
 constexpr double DepthSpread = 2;            // of errors at the nodes in z, by the weights of the interpolation
 constexpr double CarefulShare = 0.1;         // of the budget: what has run out of it once is not mended by care
+constexpr double PreciseContrast = 1000;     // of the moduli, beyond which plain kernels lose too much too suddenly
 constexpr double RedoGoal = 5e-11;           // a bound above this is not good enough: the point is done again
 constexpr double Budget = 6e10;  // of all sums [ns, roughly]: no pavement comes near it, absurd numbers must end too
 
@@ -104,6 +105,7 @@ private:
     void AddPlace(std::size_t first, std::size_t last);
     void AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t sum,
                  std::size_t first, std::size_t last);
+    double SharpnessAt(const PointDepth& depth, double r, double gap) const;
     void AddLayered(std::size_t group, std::size_t item, const std::array<double, ChebyshevCount>& weights,
                     const PointDepth& depth, double* rows) const;
 
@@ -186,7 +188,7 @@ std::size_t ChunkWork::ItemOf(std::size_t group, double r) const {
 }
 
 void ChunkWork::MakeTable() {
-    const TableCare care{budget_, careful_, careful_ ? 1 : 0};
+    const TableCare care{budget_, careful_ || work_.Layers.Contrast > PreciseContrast, careful_ ? 1 : 0};
     const double widest = (work_.Layers.Slips ? SlipCellShare : CellShare) * (careful_ ? 0.5 : 1);
     for (double share = widest; table_.empty() || (cells_ && !table_[0].Smooth() && share > NarrowestShare);
          share *= 0.5) {
@@ -310,6 +312,17 @@ void ChunkWork::AddPlace(std::size_t first, std::size_t last) {
     }
 }
 
+/// How many times its rounding a place (R, depth) shows in the sums.
+double ChunkWork::SharpnessAt(const PointDepth& depth, double r, double gap) const {
+    const auto& thickness = work_.Layers.Thickness;
+    if (thickness.size() == 1) {
+        return 0;  // the gap is known to the last digit
+    }
+    const auto layer = static_cast<std::size_t>(depth.Layer);
+    const double ze = layer == 0 ? 2 * thickness[0] - depth.Z : depth.Z;
+    return r / std::hypot(gap, ze) + (layer + 1 < thickness.size() ? depth.Z / thickness[layer] : 1);
+}
+
 /// One load at points first .. last - 1 of one place, whose sums begin at `sum`.
 void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t sum,
                         std::size_t first, std::size_t last) {
@@ -360,6 +373,7 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
         }
         PointSums& sums = sums_[sum + i - first];
         AddRows(load, position, rows, sums);
+        sums.Sharpness = std::max(sums.Sharpness, SharpnessAt(depth, position.R, gap));
         const double p = std::fabs(load.Pressure);
         const double h = std::fabs(load.Shear);
         // Values of a shear load are sums of two rows.

@@ -193,8 +193,13 @@ PointResult ComposeResult(const PointSums& sums, double m2, double nu, bool surf
     const double stressError = error * m2 * (1 + nu) / (1 - nu) + sweptStress;
     const double strainError = 2 * error + sweptStrain;
     const double displacementError = sums.DisplacementError + Rounding * sums.DisplacementSize + sweptDisplacement;
-    const auto share = [](double bound, double allowance) {
-        return bound > 0 ? bound / std::max(allowance, std::numeric_limits<double>::min()) : 0;
+    const auto share = [sharpness = sums.Sharpness](double bound, double allowance) {
+        // Below that nothing is told apart: sums of a thousand rounded terms, weights, positions.
+        constexpr double Least = 2e-14;
+        constexpr double PlaceRounding = 2.2e-16;
+        return bound > 0
+                   ? Least + PlaceRounding * sharpness + bound / std::max(allowance, std::numeric_limits<double>::min())
+                   : 0;
     };
     result.Estimates = {
         share(displacementError, largest(U, W) + Floor * scale.Pressure * scale.Radius / modulus),
