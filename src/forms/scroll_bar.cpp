@@ -68,7 +68,7 @@ int VScrollBar::StepOf(int heldFor) const {
     }
     const double before = std::max({lastHeld_ / 1000.0, start, now - longestPause});
     const double way = scale * (std::exp2(now - start) - std::exp2(std::min(before, now) - start));
-    return std::max(1, static_cast<int>(way + 0.5));
+    return std::max(1, static_cast<int>(std::lround(way)));
 }
 
 void VScrollBar::UserStepToMin(int heldFor) {
@@ -110,19 +110,25 @@ bool VScrollBar::TypesNumber(const KeyStroke& stroke) {
             digits += static_cast<char>(stroke.Character);
         }
         Typed = digits;
-    } else if (digits.empty()) {
-        return false;
-    } else if (stroke.Code == key::Backspace) {
-        digits.pop_back();
-        Typed = digits;
-    } else if (stroke.Code == key::Escape) {
-        Typed = std::string();
-    } else if (stroke.Code == key::Enter) {
-        TakeTyped();
-    } else {
+        return true;
+    }
+    if (digits.empty()) {
         return false;
     }
-    return true;
+    switch (stroke.Code) {
+        case key::Backspace:
+            digits.pop_back();
+            Typed = digits;
+            return true;
+        case key::Escape:
+            Typed = std::string();
+            return true;
+        case key::Enter:
+            TakeTyped();
+            return true;
+        default:
+            return false;
+    }
 }
 
 bool VScrollBar::KeyDefault(const KeyStroke& stroke) {

@@ -14,7 +14,7 @@ std::vector<std::string> CommandLineArguments(int count, char** arguments);
 class PlainStreams {
 public:
     PlainStreams();
-    ~PlainStreams();
+    ~PlainStreams();  // NOLINT(performance-trivially-destructible): it has work on Windows
     PlainStreams(const PlainStreams&) = delete;
     PlainStreams& operator=(const PlainStreams&) = delete;
 

@@ -39,7 +39,7 @@ FindWindow::FindWindow(QPlainTextEdit& page, forms::Language language)
     setFixedWidth(wide);
 }
 
-void FindWindow::Open() {
+void FindWindow::ShowAsked() {
     const QPoint corner = page_.mapToGlobal(QPoint(page_.viewport()->width() - width(), 0));
     if (!isVisible()) {
         move(corner);

@@ -19,7 +19,7 @@ public:
     /// Belongs to the page's window, and comes up at the page's upper right corner.
     FindWindow(QPlainTextEdit& page, forms::Language language);
     /// In front, with the words of the last search to be typed over.
-    void Open();
+    void ShowAsked();
 
 private:
     /// From the caret on, then once more from the top; tells where the words are nowhere.

@@ -42,7 +42,7 @@ bool FormWindow::WindowKey(const QKeyEvent& event) {
         if (find_.isNull()) {
             find_ = new FindWindow(*page, form_.ViewLanguage);
         }
-        find_->Open();
+        find_->ShowAsked();
     } else if (ChoosePrinter) {
         PrintColumns(page->toPlainText(), page->font(), windowTitle(), *this, form_.ViewLanguage, ChoosePrinter);
     }

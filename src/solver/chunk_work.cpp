@@ -1,0 +1,307 @@
+// The work on one chunk of depths, see chunk_work.h.
+#include "solver/chunk_work.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "solver/half_space.h"
+
+namespace zirvo::solver {
+
+namespace {
+
+constexpr double NarrowestShare = 0.1;
+constexpr double DepthGoal = 1e-15;          // of interpolation in z, in units of the load
+constexpr double RelativeDepthGoal = 5e-12;  // or as a share of the value
+constexpr double DepthSpread = 2;            // of errors at the nodes in z, by the weights of the interpolation
+constexpr double CarefulShare = 0.1;         // of the budget: what has run out of it once is not mended by care
+constexpr double PreciseContrast = 1000;     // of the moduli, beyond which plain kernels lose too much too suddenly
+constexpr double RedoGoal = 5e-11;           // a bound above this is not good enough: the point is done again
+
+double WorstEstimate(const PointResult& result) {
+    return *std::max_element(result.Estimates.begin(), result.Estimates.end());
+}
+
+}  // namespace
+
+/// The pairs' own radii where they are fewer than the nodes of the cells that would serve them.
+std::vector<RadiusItem> ChunkWork::ChooseItems(double share) {
+    lows_.clear();
+    groupRadii_.clear();
+    groupFirst_.clear();
+    double low = HUGE_VAL;
+    double high = 0;
+    double ze = HUGE_VAL;
+    std::vector<double> edges;
+    groupRadii_.resize(work_.Groups.size());
+    for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
+        edges.push_back(work_.Groups[g].Radius);
+        for (std::size_t i = 0; i < chunk_.Points.size(); ++i) {
+            const ChunkPoint& point = chunk_.Points[i];
+            if (i > 0 && point.X == chunk_.Points[i - 1].X && point.Y == chunk_.Points[i - 1].Y) {
+                continue;
+            }
+            for (const GroupLoad& load : work_.Groups[g].Loads) {
+                const double r = PositionFrom(load, point.X, point.Y).R;
+                low = std::min(low, r);
+                high = std::max(high, r);
+                groupRadii_[g].push_back(r);
+            }
+        }
+        std::sort(groupRadii_[g].begin(), groupRadii_[g].end());
+        groupRadii_[g].erase(std::unique(groupRadii_[g].begin(), groupRadii_[g].end()), groupRadii_[g].end());
+    }
+    for (const SourceDepth& source : chunk_.Sources) {
+        ze = std::min(ze, source.Effective);
+    }
+    std::vector<RadiusItem> cells = MakeCells(low, high, edges, ze, share);
+    std::size_t radii = 0;
+    for (const auto& list : groupRadii_) {
+        radii += list.size();
+    }
+    cells_ = radii > cells.size() * ChebyshevCount;
+    if (cells_) {
+        for (const RadiusItem& cell : cells) {
+            lows_.push_back(cell.Low);
+        }
+        return cells;
+    }
+    columns_ = 1;
+    std::vector<RadiusItem> items;
+    for (std::size_t g = 0; g < groupRadii_.size(); ++g) {
+        groupFirst_.push_back(items.size());
+        for (const double r : groupRadii_[g]) {
+            items.push_back({r, r, std::fabs(r - work_.Groups[g].Radius), static_cast<int>(g)});
+        }
+    }
+    return items;
+}
+
+std::size_t ChunkWork::ItemOf(std::size_t group, double r) const {
+    if (cells_) {
+        const auto above = std::upper_bound(lows_.begin(), lows_.end(), r);
+        return above == lows_.begin() ? 0 : static_cast<std::size_t>(above - lows_.begin()) - 1;
+    }
+    const auto& radii = groupRadii_[group];
+    return groupFirst_[group] +
+           static_cast<std::size_t>(std::lower_bound(radii.begin(), radii.end(), r) - radii.begin());
+}
+
+void ChunkWork::MakeTable() {
+    const TableCare care{budget_, careful_ || work_.Layers.Contrast > PreciseContrast, careful_ ? 1 : 0};
+    const double widest = (work_.Layers.Slips ? SlipCellShare : CellShare) * (careful_ ? 0.5 : 1);
+    for (double share = widest; table_.empty() || (cells_ && !table_[0].Smooth() && share > NarrowestShare);
+         share *= 0.5) {
+        table_.clear();
+        table_.emplace_back(work_.Layers, work_.Groups, chunk_, ChooseItems(share), work_.TheEngine, care);
+    }
+}
+
+/// The depths of a chunk taken as they are.
+void ChunkWork::RunParts(const DepthChunk& whole, bool careful) const {
+    const auto parts = WithoutNodes(work_.TheProblem, whole, MostSources);
+    const double budget = careful && !careful_ ? CarefulShare * budget_ : budget_;
+    for (const DepthChunk& part : parts) {
+        ChunkWork(work_, part, budget / static_cast<double>(parts.size()), careful).Run();
+    }
+}
+
+void ChunkWork::Run() {
+    if (work_.Layers.M2.size() > 1) {
+        MakeTable();
+        if (chunk_.Depths.front().Source < 0 && !GoodInDepth()) {
+            RunParts(chunk_, careful_);
+            return;
+        }
+    }
+    for (std::size_t first = 0; first < chunk_.Points.size();) {
+        std::size_t last = first;
+        while (last < chunk_.Points.size() && chunk_.Points[last].X == chunk_.Points[first].X &&
+               chunk_.Points[last].Y == chunk_.Points[first].Y) {
+            ++last;
+        }
+        AddPlace(first, last);
+        first = last;
+    }
+    if (!table_.empty() && !careful_) {
+        DoAgain();
+    }
+}
+
+/// The points whose bounds are not good enough, with more care.
+void ChunkWork::DoAgain() const {
+    std::vector<bool> wanted;
+    bool any = false;
+    for (const ChunkPoint& point : chunk_.Points) {
+        wanted.push_back(!(WorstEstimate(work_.Results[point.Point]) <= RedoGoal));
+        any = any || wanted.back();
+    }
+    if (any) {
+        RunParts(PartOf(chunk_, wanted), true);
+    }
+}
+
+/// Of two results of a point the one with the smaller bounds.
+void ChunkWork::Keep(std::size_t point, const PointResult& result) const {
+    PointResult& kept = work_.Results[point];
+    if (!careful_ || WorstEstimate(result) <= WorstEstimate(kept)) {
+        kept = result;
+    }
+}
+
+/// Errors of interpolation in z, into depthErrors_; true if they are small.
+bool ChunkWork::GoodInDepth() {
+    const SumTable& table = table_[0];
+    const double m2 = work_.Layers.M2[static_cast<std::size_t>(chunk_.Depths.front().Layer)];
+    bool good = true;
+    for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
+        for (std::size_t item = 0; item < table.Items().size(); ++item) {
+            const int owner = table.Items()[item].Group;
+            SumErrors errors;
+            SumErrors sizes;
+            SumErrors others;
+            if (owner < 0 || owner == static_cast<int>(g)) {
+                errors = table.DepthErrors(g, item, sizes);
+                others = table.LargestErrors(g, item);
+            }
+            for (std::size_t load = 0; load < 2; ++load) {
+                good = good &&
+                       errors.Strain[load] <= std::max(DepthGoal / m2, RelativeDepthGoal * sizes.Strain[load]) &&
+                       errors.Displacement[load] <= std::max(DepthGoal * work_.Groups[g].Radius / m2,
+                                                             RelativeDepthGoal * sizes.Displacement[load]);
+                errors.Strain[load] += DepthSpread * others.Strain[load];
+                errors.Displacement[load] += DepthSpread * others.Displacement[load];
+            }
+            depthErrors_.push_back(errors);
+        }
+    }
+    return good;
+}
+
+/// All points of one place (X, Y): their loads, then their results.
+void ChunkWork::AddPlace(std::size_t first, std::size_t last) {
+    sums_.assign(last - first, PointSums{});
+    for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
+        // On nodes in z, one interpolation of the group's whole table serves all its loads where they outnumber its
+        // items.
+        const bool whole = !table_.empty() && chunk_.Depths.front().Source < 0 &&
+                           work_.Groups[g].Loads.size() > table_[0].Items().size();
+        const std::size_t step = whole ? 1 : last - first;
+        for (std::size_t i = first; i < last; i += step) {
+            if (whole) {
+                const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[i].Depth)];
+                table_[0].InterpolateDepth(g, depth.Weights, depthRows_);
+            } else {
+                depthRows_.clear();
+            }
+            for (const GroupLoad& load : work_.Groups[g].Loads) {
+                AddPair(g, load, PositionFrom(load, chunk_.Points[first].X, chunk_.Points[first].Y), i - first, i,
+                        i + step);
+            }
+        }
+    }
+    for (std::size_t i = first; i < last; ++i) {
+        const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[i].Depth)];
+        const auto layer = static_cast<std::size_t>(depth.Layer);
+        Keep(chunk_.Points[i].Point, ComposeResult(sums_[i - first], work_.Layers.M2[layer], work_.Layers.Nu[layer],
+                                                   depth.Z == 0 && layer == 0, work_.Scale));
+    }
+}
+
+/// How many times its rounding a place (R, depth) shows in the sums.
+double ChunkWork::SharpnessAt(const PointDepth& depth, double r, double gap) const {
+    const auto& thickness = work_.Layers.Thickness;
+    if (thickness.size() == 1) {
+        return 0;  // the gap is known to the last digit
+    }
+    const auto layer = static_cast<std::size_t>(depth.Layer);
+    const double ze = layer == 0 ? 2 * thickness[0] - depth.Z : depth.Z;
+    return r / std::hypot(gap, ze) + (layer + 1 < thickness.size() ? depth.Z / thickness[layer] : 1);
+}
+
+/// One load at points first .. last - 1 of one place, whose sums begin at `sum`.
+void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t sum,
+                        std::size_t first, std::size_t last) {
+    const double radius = work_.Groups[group].Radius;
+    const double gap = GapFrom(load, radius, position, chunk_.Points[first].X, chunk_.Points[first].Y);
+    std::array<double, ChebyshevCount> weights{1};
+    std::size_t item = 0;
+    if (!table_.empty()) {
+        item = ItemOf(group, position.R);
+        if (cells_) {
+            const RadiusItem& cell = table_[0].Items()[item];
+            weights = ChebyshevWeights(cell.Low, cell.High, position.R);
+        }
+    }
+    int before = -1;
+    alignas(64) double rows[RowStride];
+    SumErrors errors;
+    for (std::size_t i = first; i < last; ++i) {
+        const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[i].Depth)];
+        const double m2 = work_.Layers.M2[static_cast<std::size_t>(depth.Layer)];
+        if (chunk_.Points[i].Depth != before) {
+            before = chunk_.Points[i].Depth;
+            std::fill(std::begin(rows), std::end(rows), 0.0);
+            errors = {};
+            if (!table_.empty()) {
+                AddLayered(group, item, weights, depth, rows);
+                errors = depth.Source >= 0 ? table_[0].Errors(group, item, static_cast<std::size_t>(depth.Source))
+                                           : depthErrors_[group * table_[0].Items().size() + item];
+            }
+            if (depth.Layer == 0) {
+                const auto own = HalfSpaceRows(work_.TheEngine, m2, work_.Layers.Nu[0], radius, gap, depth.Z,
+                                               load.Pressure != 0, load.Shear != 0);
+                for (std::size_t row = 0; row < RowCount; ++row) {
+                    rows[row] += own[row];
+                }
+                const HalfSpaceRounding rounding = HalfSpaceRoundingAt(radius, gap, depth.Z);
+                for (std::size_t k = 0; k < 2; ++k) {
+                    errors.Strain[k] += rounding.Strain / m2;
+                    errors.Displacement[k] += rounding.Displacement * radius / m2;
+                }
+            }
+        }
+        if (position.R == 0) {
+            // On the axis all Bessel functions but J0 vanish: no rounding noise in place of a zero.
+            for (std::size_t row = 0; row < RowCount; ++row) {
+                rows[row] = RowOrder[row] == 0 ? rows[row] : 0;
+            }
+        }
+        PointSums& sums = sums_[sum + i - first];
+        AddRows(load, position, rows, sums);
+        sums.Sharpness = std::max(sums.Sharpness, SharpnessAt(depth, position.R, gap));
+        const double p = std::fabs(load.Pressure);
+        const double h = std::fabs(load.Shear);
+        // Values of a shear load are sums of two rows.
+        sums.StrainError += p * errors.Strain[0] + 2 * h * errors.Strain[1];
+        sums.DisplacementError += p * errors.Displacement[0] + 2 * h * errors.Displacement[1];
+        if (depth.Z == 0) {
+            AddSurfaceTraction(load, radius, gap, sums);
+        }
+    }
+}
+
+void ChunkWork::AddLayered(std::size_t group, std::size_t item, const std::array<double, ChebyshevCount>& weights,
+                           const PointDepth& depth, double* rows) const {
+    const SumTable& table = table_[0];
+    const int stride = table.Stride(group);
+    if (depth.Source >= 0) {
+        work_.TheEngine.Interpolate(table.Rows(group, item, static_cast<std::size_t>(depth.Source)), weights.data(),
+                                    columns_, stride, rows);
+        return;
+    }
+    if (!depthRows_.empty()) {
+        work_.TheEngine.Interpolate(table.RowsIn(depthRows_, group, item), weights.data(), columns_, stride, rows);
+        return;
+    }
+    for (std::size_t source = 0; source < ChebyshevCount; ++source) {
+        std::array<double, ChebyshevCount> both = weights;
+        for (double& weight : both) {
+            weight *= depth.Weights[source];
+        }
+        work_.TheEngine.Interpolate(table.Rows(group, item, source), both.data(), columns_, stride, rows);
+    }
+}
+
+}  // namespace zirvo::solver

@@ -1,0 +1,67 @@
+// One chunk of depths: its sums, then its points. Caller: Solve, which gives each chunk to one thread.
+#pragma once
+#include <array>
+#include <cstddef>
+#include <vector>
+
+#include "solver/depth_plan.h"
+#include "solver/engine.h"
+#include "solver/layered_sums.h"
+#include "solver/problem.h"
+#include "solver/superposition.h"
+
+namespace zirvo::solver {
+
+/// Depths of a chunk at most, each with its own sums; more stand on nodes in z.
+inline constexpr std::size_t MostSources = 16;
+
+/// What all chunks share, read only.
+struct Work {
+    const Problem& TheProblem;
+    LayerTable Layers;
+    std::vector<LoadGroup> Groups;
+    const Engine& TheEngine;
+    LoadScale Scale;
+    std::vector<PointResult>& Results;
+};
+
+/// One chunk: its sums, then its points.
+class ChunkWork {
+public:
+    /// @param careful  with kernels in two parts, finer nodes and narrower cells, for points that were not good enough
+    ChunkWork(const Work& work, const DepthChunk& chunk, double budget, bool careful)
+        : work_(work), chunk_(chunk), budget_(budget), careful_(careful) {}
+
+    void Run();
+
+private:
+    std::vector<RadiusItem> ChooseItems(double share);
+    std::size_t ItemOf(std::size_t group, double r) const;
+    bool GoodInDepth();
+    void MakeTable();
+    void RunParts(const DepthChunk& whole, bool careful) const;
+    void DoAgain() const;
+    void Keep(std::size_t point, const PointResult& result) const;
+    void AddPlace(std::size_t first, std::size_t last);
+    void AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t sum,
+                 std::size_t first, std::size_t last);
+    double SharpnessAt(const PointDepth& depth, double r, double gap) const;
+    void AddLayered(std::size_t group, std::size_t item, const std::array<double, ChebyshevCount>& weights,
+                    const PointDepth& depth, double* rows) const;
+
+    const Work& work_;
+    const DepthChunk& chunk_;
+    double budget_;
+    bool careful_;
+    std::vector<SumTable> table_;  // none in one material
+    bool cells_ = true;
+    int columns_ = ChebyshevCount;                 // of an item: 1 where radii are taken as they are
+    std::vector<double> lows_;                     // of the cells, ascending
+    std::vector<std::vector<double>> groupRadii_;  // of each group, ascending, where radii are taken as they are
+    std::vector<std::size_t> groupFirst_;          // the group's first item there
+    std::vector<SumErrors> depthErrors_;           // [group][item], where the chunk stands on nodes in z
+    std::vector<double> depthRows_;                // a group's table at the depth at hand, or empty
+    std::vector<PointSums> sums_;                  // of the points of one place
+};
+
+}  // namespace zirvo::solver
