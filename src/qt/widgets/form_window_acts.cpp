@@ -3,6 +3,7 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QTimer>
 #include <QUrl>
 #include <optional>
 
@@ -79,15 +80,12 @@ void FormWindow::dropEvent(QDropEvent* event) {
     event->setDropAction(Qt::CopyAction);
     event->accept();
     // The other program waits for the answer, and the import may ask the user something.
-    QMetaObject::invokeMethod(
-        this,
-        [this, path = *file] {
-            if (!IsBusy() && form_.TakesFile(path)) {
-                activateWindow();
-                form_.UserDrop(path);
-            }
-        },
-        Qt::QueuedConnection);
+    QTimer::singleShot(0, this, [this, path = *file] {
+        if (!IsBusy() && form_.TakesFile(path)) {
+            activateWindow();
+            form_.UserDrop(path);
+        }
+    });
 }
 
 void FormWindow::hideEvent(QHideEvent* event) {

@@ -36,8 +36,8 @@ double LettersFor(const QStringList& lines, const QFont& font, double pointsWide
 
 class ColumnPages {
 public:
-    ColumnPages(QPrinter& printer, const QStringList& lines, QFont font, QString title)
-        : printer_(printer), lines_(lines), font_(std::move(font)), title_(std::move(title)) {}
+    ColumnPages(QPrinter& printer, const QStringList& lines, const QFont& font, QString title)
+        : printer_(printer), lines_(lines), font_(font), title_(std::move(title)) {}
 
     bool Print() {
         const QRectF page = printer_.pageLayout().paintRect(QPageLayout::Point);
