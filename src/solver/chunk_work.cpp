@@ -235,7 +235,7 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
         }
     }
     int before = -1;
-    alignas(64) double rows[RowStride];
+    alignas(64) double rows[RowStride] = {};
     SumErrors errors;
     for (std::size_t i = first; i < last; ++i) {
         const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[i].Depth)];

@@ -59,7 +59,7 @@ void LevelSum::MakeEnvelopes(std::size_t item) {
 
 /// Sums over the segments: magnitudes, and what rounding may amount to.
 void LevelSum::AddRounding(std::size_t g, std::size_t source, Measures& m) const {
-    const auto width = static_cast<std::size_t>(sources_ * Kinds);
+    const auto width = static_cast<std::size_t>(sources_) * static_cast<std::size_t>(Kinds);
     const double* magnitudes = sums_[g].Magnitude.data() + source * Kinds;
     const double* doubts = sums_[g].Doubt.data() + source * Kinds;
     for (std::size_t s = 0; s < segmentXi_.size(); ++s) {

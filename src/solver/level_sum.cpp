@@ -131,7 +131,8 @@ void LevelSum::Sum(int refinement) {
     raw_.resize(static_cast<std::size_t>(sources_) * RowCount * NodeBlock);
     weighted_.resize(raw_.size());
     precise_.resize(raw_.size());
-    rounding_.resize(static_cast<std::size_t>(Segments * sources_ * Kinds));
+    rounding_.resize(static_cast<std::size_t>(Segments) * static_cast<std::size_t>(sources_) *
+                     static_cast<std::size_t>(Kinds));
 
     alignas(64) double weight[NodeBlock];
     const double expected = NodesBelow(rule_, level_.Range.Largest);
@@ -156,7 +157,7 @@ void LevelSum::MakeKernels(double radius, bool vertical, bool horizontal, int no
     make(work_.Layers.View(), radius, xi_, nodes, depths_.data(), sources_, vertical, horizontal, sum.Deepest,
          raw_.data());
     const auto segments = static_cast<std::size_t>((nodes + Segment - 1) / Segment);
-    const auto width = static_cast<std::size_t>(sources_ * Kinds);
+    const auto width = static_cast<std::size_t>(sources_) * static_cast<std::size_t>(Kinds);
     if (nodes > ShortBlock || segments == segmentXi_.size()) {
         SampleRounding(radius, vertical, horizontal, nodes, before);
     } else {
@@ -193,7 +194,7 @@ void LevelSum::SampleRounding(double radius, bool vertical, bool horizontal, int
             double largest[Kinds] = {};
             for (int row = vertical ? 0 : VerticalRows; row < (horizontal ? static_cast<int>(RowCount) : VerticalRows);
                  ++row) {
-                const auto place = static_cast<std::size_t>(d * RowCount + row) * NodeBlock;
+                const auto place = static_cast<std::size_t>(d) * RowCount + static_cast<std::size_t>(row) * NodeBlock;
                 const double precise = precise_[place + static_cast<std::size_t>(s)];
                 const auto kind = static_cast<std::size_t>(KindOf(row));
                 off[kind] = std::max(off[kind], std::fabs(raw_[place + static_cast<std::size_t>(node[s])] - precise));
@@ -282,7 +283,7 @@ void LevelSum::Weigh(std::size_t g, const double* weight, int nodes) {
 
 /// What the rounding of the kernels may amount to in each segment of the block whose magnitudes begin at `first`.
 void LevelSum::AddDoubts(GroupSum& sum, int segments, std::size_t first) const {
-    const auto width = static_cast<std::size_t>(sources_ * Kinds);
+    const auto width = static_cast<std::size_t>(sources_) * static_cast<std::size_t>(Kinds);
     sum.Doubt.resize(sum.Magnitude.size(), 0);
     for (int s = 0; s < segments; ++s) {
         const auto at = static_cast<std::size_t>(s) * width;
@@ -304,7 +305,7 @@ bool LevelSum::Ended(double xi) const {
             double peak[2] = {};
             double tail[2] = {};
             for (int row = RowsFrom(work_.Groups[g]); row < RowsTo(work_.Groups[g]); ++row) {
-                const auto place = static_cast<std::size_t>(d * RowCount + row);
+                const auto place = static_cast<std::size_t>(d) * RowCount + static_cast<std::size_t>(row);
                 const int kind = RowIsDisplacement[row] ? 1 : 0;
                 peak[kind] = std::max(peak[kind], sums_[g].Peak[place]);
                 tail[kind] = std::max(tail[kind], sums_[g].Tail[place]);

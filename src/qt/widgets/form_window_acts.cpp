@@ -80,12 +80,16 @@ void FormWindow::dropEvent(QDropEvent* event) {
     event->setDropAction(Qt::CopyAction);
     event->accept();
     // The other program waits for the answer, and the import may ask the user something.
-    QTimer::singleShot(0, this, [this, path = *file] {
+    auto* behind = new QTimer(this);
+    behind->setSingleShot(true);
+    connect(behind, &QTimer::timeout, this, [this, behind, path = *file] {
+        behind->deleteLater();
         if (!IsBusy() && form_.TakesFile(path)) {
             activateWindow();
             form_.UserDrop(path);
         }
     });
+    behind->start();
 }
 
 void FormWindow::hideEvent(QHideEvent* event) {

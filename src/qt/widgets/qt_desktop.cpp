@@ -164,11 +164,15 @@ void QtDesktop::DiscardInput() {
 }
 
 void QtDesktop::CallLater(int milliseconds, std::function<void()> call) {
-    QTimer::singleShot(milliseconds, &timers_, [this, call = std::move(call)] {
+    auto* timer = new QTimer(&timers_);
+    timer->setSingleShot(true);
+    QObject::connect(timer, &QTimer::timeout, &timers_, [this, timer, call = std::move(call)] {
+        timer->deleteLater();
         if (!ended_) {
             call();
         }
     });
+    timer->start(milliseconds);
 }
 
 void QtDesktop::EndProgram(int status) {
