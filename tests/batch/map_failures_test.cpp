@@ -160,12 +160,17 @@ TEST_F(MapFailure, APictureThatCannotBeWrittenIsNamedAndTheOldOneKept) {
     Folder.Put("map.png", "earlier");
     chmod(Folder.Path("map.png").c_str(), 0444);
     chmod(Folder.Path().c_str(), 0555);
-    Surroundings nobody;
-    nobody.OrdinaryUser = true;
-    for (const std::string name : {"map.png", "new.png"}) {
-        const Outcome outcome = Run(XY("0", {"-o", name}), nobody);
-        EXPECT_EQ(outcome.Code, 1) << name;
-        EXPECT_EQ(outcome.Err, name + ": cannot be written: Run-time error '75': Path/File access error\n");
+    {
+        const WorkFolder programs;  // of everybody, since the build may lie in a folder that only its owner may enter
+        std::filesystem::copy(ZIRVO_BIN, programs.Path("bin"), std::filesystem::copy_options::recursive);
+        Surroundings nobody;
+        nobody.Program = programs.Path("bin/zirvo-batch");
+        nobody.OrdinaryUser = true;
+        for (const std::string name : {"map.png", "new.png"}) {
+            const Outcome outcome = Run(XY("0", {"-o", name}), nobody);
+            EXPECT_EQ(outcome.Code, 1) << name;
+            EXPECT_EQ(outcome.Err, name + ": cannot be written: Run-time error '75': Path/File access error\n");
+        }
     }
     chmod(Folder.Path().c_str(), 0777);
     EXPECT_EQ(Folder.Get("map.png"), "earlier");
