@@ -55,13 +55,7 @@ void FindWindow::ShowAsked() {
 void FindWindow::FindNext() {
     told_.clear();
     const QString words = words_.text();
-    if (words.isEmpty() || page_.find(words)) {
-        return;
-    }
-    const QTextCursor before = page_.textCursor();
-    page_.moveCursor(QTextCursor::Start);
-    if (!page_.find(words)) {
-        page_.setTextCursor(before);
+    if (!words.isEmpty() && !FindOnward(page_, words)) {
         told_.setText(nothingFound_);
     }
 }

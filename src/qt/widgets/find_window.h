@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextCursor>
 
 #include "forms/desktop.h"
 
@@ -13,6 +14,22 @@ namespace zirvo::widgets {
 
 /// "Not found", in a language.
 QString NothingFoundWords(forms::Language language);
+
+/// Goes to the words in a page of text, from the caret on, then once more from the top. Where they are nowhere the
+/// caret stays. Gives whether they are there.
+template <class Page>
+bool FindOnward(Page& page, const QString& words) {
+    if (page.find(words)) {
+        return true;
+    }
+    const QTextCursor before = page.textCursor();
+    page.moveCursor(QTextCursor::Start);
+    if (page.find(words)) {
+        return true;
+    }
+    page.setTextCursor(before);
+    return false;
+}
 
 class FindWindow final : public QDialog {
 public:

@@ -138,17 +138,10 @@ void HelpWindow::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
 }
 
-/// From the caret on, then once more from the top.
 void HelpWindow::FindNext() {
     told_.clear();
     const QString words = words_.text();
-    if (words.isEmpty() || page_.find(words)) {
-        return;
-    }
-    const QTextCursor before = page_.textCursor();
-    page_.moveCursor(QTextCursor::Start);
-    if (!page_.find(words)) {
-        page_.setTextCursor(before);
+    if (!words.isEmpty() && !FindOnward(page_, words)) {
         told_.setText(NothingFoundWords(language_));
     }
 }
