@@ -194,7 +194,7 @@ void LevelSum::SampleRounding(double radius, bool vertical, bool horizontal, int
             double largest[Kinds] = {};
             for (int row = vertical ? 0 : VerticalRows; row < (horizontal ? static_cast<int>(RowCount) : VerticalRows);
                  ++row) {
-                const auto place = static_cast<std::size_t>(d) * RowCount + static_cast<std::size_t>(row) * NodeBlock;
+                const auto place = static_cast<std::size_t>(d * RowCount + row) * NodeBlock;
                 const double precise = precise_[place + static_cast<std::size_t>(s)];
                 const auto kind = static_cast<std::size_t>(KindOf(row));
                 off[kind] = std::max(off[kind], std::fabs(raw_[place + static_cast<std::size_t>(node[s])] - precise));
