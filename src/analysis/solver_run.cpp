@@ -59,13 +59,11 @@ SolverRunResult RunSolver(const SolverRunRequest& request, ProcessService& proce
     if (!FileExists(request.InputFileName)) {
         return SolverRunResult::InputMissing;
     }
-    WriteWholeFile(ControlFileName,
-                   ControlFileBytes(request.Language, request.Units, "INPUT FILENAME", request.InputFileName),
-                   Flush::ToSystem);
+    ControlFile control(ControlFileBytes(request.Language, request.Units, "INPUT FILENAME", request.InputFileName));
     RunHidden(process, JoinPath(request.ProgramFolder, AnalysisSolverName), StartFailure::Fault,
               {callbacks.HandleObtained, callbacks.WaitOver, callbacks.Waiting});
     CallIfSet(callbacks.HideComputing);
-    RemoveFile(ControlFileName);
+    control.Remove();
     return FinishReports(request) ? SolverRunResult::Finished : SolverRunResult::Uncompleted;
 }
 

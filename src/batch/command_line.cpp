@@ -80,7 +80,7 @@ Parser::Parser()
       check_(AddCommand("check", "Name every row and value that breaks a rule")) {
     AddCommonFlags(app_);
     app_.require_subcommand(1);
-    app_.footer("Exit codes: 0 done, 1 bad input, 2 wrong usage.");
+    app_.footer("Exit codes: 0 done, 1 bad input, 2 wrong usage, 130 interrupted (143 by a request to end).");
 
     AddUnits(*solve_);
     solve_->add_option("--csv", solveRequest_.CsvFile, "File for the results, in place of standard output")

@@ -1,10 +1,12 @@
 // The way from the commands to the user: results on standard output, everything else on standard error. Callers: main,
 // the commands.
 #pragma once
+#include <atomic>
 #include <string>
 #include <string_view>
 
 #include "base/runtime_fault.h"
+#include "platform/interruption.h"
 
 namespace zirvo::batch {
 
@@ -44,7 +46,8 @@ public:
 private:
     bool terminal_;
     bool quiet_ = false;
-    bool progressShows_ = false;
+    std::atomic<bool> progressShows_ = false;  // an interruption looks at it from its own thread
+    const UndoneIfInterrupted cleared_{[this] { ClearProgress(); }};
 
     void ClearProgress();
     static void ErrorLine(std::string_view file, std::string_view text);

@@ -9,6 +9,7 @@
 #include "batch/console.h"
 #include "batch/map_command.h"
 #include "batch/solve_command.h"
+#include "platform/interruption.h"
 #include "platform/terminal.h"
 
 namespace {
@@ -44,6 +45,7 @@ ExitCode Run(int argumentCount, char** arguments, Console& console) {
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
+    zirvo::EndCleanlyWhenInterrupted();
     const zirvo::PlainStreams streams;
     Console console;
     return static_cast<int>(Run(argumentCount, arguments, console));

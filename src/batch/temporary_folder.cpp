@@ -31,24 +31,38 @@ std::string Utf8Of(const std::filesystem::path& path) {
 
 }  // namespace
 
-TemporaryFolder::TemporaryFolder() : earlier_(CurrentFolder()), folder_(MakeFreshFolder()) {
+TemporaryFolder::TemporaryFolder() : earlier_(CurrentFolder()) {
+    {
+        const NotInterrupted untilItIsNoted;
+        folder_ = MakeFreshFolder();
+    }
     try {
         std::filesystem::permissions(folder_, std::filesystem::perms::owner_all);
         ChangeFolder(Utf8Of(folder_));
     } catch (...) {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
+        const NotInterrupted untilItIsGone;
+        Remove();
         throw;
     }
 }
 
 TemporaryFolder::~TemporaryFolder() {
+    const NotInterrupted untilItIsGone;
     try {
         ChangeFolder(earlier_);
     } catch (const RuntimeFault&) {  // someone has removed it; the picture's folder is judged when it is written
     }
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
+    Remove();
+}
+
+/// From outside of it, since some systems remove no folder in which a program stands.
+void TemporaryFolder::Remove() {
+    if (!folder_.empty()) {
+        std::error_code ignored;
+        std::filesystem::current_path(std::filesystem::path(std::u8string(earlier_.begin(), earlier_.end())), ignored);
+        std::filesystem::remove_all(folder_, ignored);
+        folder_.clear();
+    }
 }
 
 }  // namespace zirvo::batch

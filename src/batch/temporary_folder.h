@@ -3,10 +3,12 @@
 #include <filesystem>
 #include <string>
 
+#include "platform/interruption.h"
+
 namespace zirvo::batch {
 
 /// Makes a folder among the system's temporary ones and moves the current folder of the process there; moves back and
-/// removes it with all that lies in it when it is destroyed.
+/// removes it with all that lies in it when it is destroyed, or when the program is interrupted.
 class TemporaryFolder {
 public:
     /// std::filesystem::filesystem_error where none can be made; a RuntimeFault where it cannot be entered.
@@ -18,6 +20,9 @@ public:
 private:
     std::string earlier_;
     std::filesystem::path folder_;
+    const UndoneIfInterrupted gone_{[this] { Remove(); }};
+
+    void Remove();
 };
 
 }  // namespace zirvo::batch

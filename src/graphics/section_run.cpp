@@ -12,12 +12,10 @@ GraphicsRunResult RunGraphicsSolver(const GraphicsRunRequest& request, ProcessSe
     if (!FileExists(SectionInputName)) {
         return GraphicsRunResult::InputMissing;
     }
-    WriteWholeFile(ControlFileName,
-                   ControlFileBytes(request.Language, request.Units, "Input FileName", SectionInputName),
-                   Flush::ToSystem);
+    ControlFile control(ControlFileBytes(request.Language, request.Units, "Input FileName", SectionInputName));
     const bool started =
         RunHidden(process, JoinPath(request.ProgramFolder, GraphicsSolverName), StartFailure::Silent, callbacks);
-    RemoveFile(ControlFileName);
+    control.Remove();
     return started ? GraphicsRunResult::Finished : GraphicsRunResult::NotStarted;
 }
 

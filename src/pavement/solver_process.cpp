@@ -77,6 +77,18 @@ std::string ControlFileBytes(Int16 language, UnitSystem unitSystem, std::string_
     return out;
 }
 
+ControlFile::ControlFile(const std::string& bytes) {
+    const NotInterrupted untilItIsNoted;
+    WriteWholeFile(ControlFileName, bytes, Flush::ToSystem);
+    written_ = true;
+}
+
+void ControlFile::Remove() {
+    const NotInterrupted untilItIsGone;
+    RemoveFile(ControlFileName);
+    written_ = false;
+}
+
 bool RunHidden(ProcessService& process, const std::string& program, StartFailure startFailure,
                const ProcessCallbacks& callbacks) {
     const std::optional<int> identifier = Start(process, program, startFailure);

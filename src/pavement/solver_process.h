@@ -7,6 +7,8 @@
 
 #include "base/int16.h"
 #include "pavement/pavement_model.h"
+#include "platform/files.h"
+#include "platform/interruption.h"
 #include "platform/process.h"
 
 namespace zirvo {
@@ -23,6 +25,22 @@ Int16 LanguageNumberOf(Int16 languageBase);
 /// @param nameHeading  line 7, which the two roads write differently
 std::string ControlFileBytes(Int16 language, UnitSystem unitSystem, std::string_view nameHeading,
                              std::string_view inputFileName);
+
+/// The control file while a solver works. It stays where a fault comes in between; an interruption deletes it.
+class ControlFile {
+public:
+    /// Writes it, over one that is there.
+    explicit ControlFile(const std::string& bytes);
+    void Remove();
+
+private:
+    bool written_ = false;
+    const UndoneIfInterrupted gone_{[this] {
+        if (written_) {
+            RemoveFile(ControlFileName);
+        }
+    }};
+};
 
 /// What a solver that cannot be started is: a fault that ends the program, or nothing at all.
 enum class StartFailure { Fault, Silent };

@@ -11,6 +11,7 @@
 #include "base/runtime_fault.h"
 #include "platform/fault_subject.h"
 #include "platform/files.h"
+#include "platform/interruption.h"
 #include "platform/posix_support.h"
 
 namespace zirvo {
@@ -122,6 +123,7 @@ std::string ReadFileBytes(const std::string& path) {
 }
 
 void RenameFile(const std::string& from, const std::string& to) {
+    const NotInterrupted whole;
     RequireUsablePath(from);
     RequireUsablePath(to);
     struct stat status {};
@@ -134,6 +136,7 @@ void RenameFile(const std::string& from, const std::string& to) {
 }
 
 void RemoveFile(const std::string& path) {
+    const NotInterrupted whole;
     RequireUsablePath(path);
     struct stat status {};
     if (lstat(path.c_str(), &status) != 0) {

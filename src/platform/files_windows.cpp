@@ -7,6 +7,7 @@
 #include "base/runtime_fault.h"
 #include "platform/fault_subject.h"
 #include "platform/files.h"
+#include "platform/interruption.h"
 #include "platform/windows_handle.h"
 #include "platform/windows_text.h"
 
@@ -108,6 +109,7 @@ std::string ReadFileBytes(const std::string& path) {
 }
 
 void RenameFile(const std::string& from, const std::string& to) {
+    const NotInterrupted whole;
     DataOf(from);
     const std::wstring target = ToWide(to);
     if (GetFileAttributesW(target.c_str()) != INVALID_FILE_ATTRIBUTES) {
@@ -119,6 +121,7 @@ void RenameFile(const std::string& from, const std::string& to) {
 }
 
 void RemoveFile(const std::string& path) {
+    const NotInterrupted whole;
     if (IsFolder(DataOf(path).dwFileAttributes)) {
         RaiseFileFault(fault::PathAccess, path);
     }

@@ -9,14 +9,17 @@
 #include <chrono>
 #include <csignal>
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "base/runtime_fault.h"
 #include "platform/fault_subject.h"
+#include "platform/interruption.h"
 #include "platform/posix_support.h"
 #include "platform/process.h"
+#include "platform/temporary_names.h"
 
 // Not every system's header declares it.
 extern char** environ;  // NOLINT(readability-redundant-declaration)
@@ -91,6 +94,70 @@ int StartFaultOf(int error) {
     }
 }
 
+/// Whether the process has ended. It is left as it is, so that its number stays its own until Child::Reap.
+/// @param options  WNOHANG, or 0 to wait for its end
+bool HasEnded(pid_t child, int options) {
+    siginfo_t information{};
+    int result = 0;
+    do {
+        result = waitid(P_PID, static_cast<id_t>(child), &information, WEXITED | WNOWAIT | options);
+    } while (result != 0 && errno == EINTR);
+    return result != 0 || information.si_pid != 0;  // a failure: it is no child any more
+}
+
+/// A process that this one has started and not taken leave of. An interruption makes it end.
+class Child {
+public:
+    void Start(const std::string& program) {
+        const NullStreams streams;
+        const DefaultSignals signals;
+        std::string name = program;
+        char* const arguments[] = {name.data(), nullptr};
+        const NotInterrupted untilItIsNoted;
+        int error = 0;
+        do {
+            error = posix_spawn(&id_, program.c_str(), streams.Get(), signals.Get(), arguments, environ);
+        } while (error == EINTR);
+        if (error != 0) {
+            id_ = None;
+            throw RuntimeFault(StartFaultOf(error));
+        }
+    }
+
+    pid_t Id() const { return id_; }
+
+    /// Takes leave of one that has ended, so that it does not stay behind as a zombie.
+    void Reap() {
+        const NotInterrupted whileItsNumberGoes;
+        int status = 0;
+        while (waitpid(id_, &status, 0) < 0 && errno == EINTR) {
+        }
+        id_ = None;
+    }
+
+private:
+    static constexpr pid_t None = -1;
+
+    /// A solver of ours cleans up behind itself when it is asked to end.
+    void End() {
+        if (id_ == None) {
+            return;
+        }
+        constexpr int most = 200;  // looks, 5 ms apart: a second
+        kill(id_, SIGTERM);
+        for (int look = 0; look < most && !HasEnded(id_, WNOHANG); ++look) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+        kill(id_, SIGKILL);
+        while (waitpid(id_, nullptr, 0) < 0 && errno == EINTR) {
+        }
+        RemoveTemporariesOf(id_);
+    }
+
+    pid_t id_ = None;
+    const UndoneIfInterrupted ended_{[this] { End(); }};
+};
+
 class PosixProcessService : public ProcessService {
 public:
     ~PosixProcessService() override {
@@ -105,13 +172,10 @@ public:
     std::intptr_t Open(int identifier) override { return IsOurs(identifier) ? identifier : 0; }
 
     void Wait(std::intptr_t handle) override {
-        if (!IsOurs(handle)) {  // waited for already: its number may be another process's by now
-            return;
+        if (IsOurs(handle)) {  // else waited for already: its number may be another process's by now
+            HasEnded(static_cast<pid_t>(handle), 0);
+            TakeLeave(handle);
         }
-        int status = 0;
-        while (waitpid(static_cast<pid_t>(handle), &status, 0) < 0 && errno == EINTR) {
-        }
-        std::erase(children_, handle);
     }
 
     /// Looked at again and again, at first after half a millisecond: what a road's solver needs is not doubled.
@@ -122,10 +186,8 @@ public:
         using std::chrono::microseconds;
         const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
         for (microseconds pause(500);; pause = std::min(pause * 2, microseconds(5000))) {
-            int status = 0;
-            const pid_t ended = waitpid(static_cast<pid_t>(handle), &status, WNOHANG);
-            if (ended != 0 && !(ended < 0 && errno == EINTR)) {
-                std::erase(children_, handle);
+            if (HasEnded(static_cast<pid_t>(handle), WNOHANG)) {
+                TakeLeave(handle);
                 return true;
             }
             if (std::chrono::steady_clock::now() >= end) {
@@ -136,9 +198,9 @@ public:
     }
 
     void Close(std::intptr_t handle) override {
-        if (IsOurs(handle)) {  // closed without a wait
-            std::erase(children_, handle);
-            abandoned_.push_back(static_cast<pid_t>(handle));
+        if (const auto child = Find(handle); child != children_.end()) {  // closed without a wait
+            abandoned_.push_back(std::move(*child));
+            children_.erase(child);
         }
         Reap(abandoned_);
     }
@@ -148,33 +210,40 @@ private:
         RequireUsablePath(program);
         Reap(abandoned_);
         children_.reserve(children_.size() + 1);  // a child that runs must not be forgotten for want of memory
-        const NullStreams streams;
-        const DefaultSignals signals;
-        std::string name = program;
-        char* const arguments[] = {name.data(), nullptr};
-        pid_t child = 0;
-        const int error = posix_spawn(&child, program.c_str(), streams.Get(), signals.Get(), arguments, environ);
-        if (error != 0) {
-            throw RuntimeFault(StartFaultOf(error));
-        }
-        children_.push_back(child);
-        return child;
+        abandoned_.reserve(abandoned_.size() + children_.size() + 1);
+        auto child = std::make_unique<Child>();
+        child->Start(program);
+        children_.push_back(std::move(child));
+        return children_.back()->Id();
     }
 
-    bool IsOurs(std::intptr_t identifier) const {
-        return std::find(children_.begin(), children_.end(), identifier) != children_.end();
+    using Children = std::vector<std::unique_ptr<Child>>;
+
+    Children::iterator Find(std::intptr_t identifier) {
+        return std::find_if(children_.begin(), children_.end(),
+                            [&](const std::unique_ptr<Child>& child) { return child->Id() == identifier; });
+    }
+    bool IsOurs(std::intptr_t identifier) { return Find(identifier) != children_.end(); }
+
+    void TakeLeave(std::intptr_t identifier) {
+        const auto child = Find(identifier);
+        (*child)->Reap();
+        children_.erase(child);
     }
 
-    /// Takes leave of those that have ended, so that none stays behind as a zombie.
-    static void Reap(std::vector<pid_t>& children) {
-        std::erase_if(children, [](pid_t child) {
-            int status = 0;
-            return waitpid(child, &status, WNOHANG) != 0;
+    /// Takes leave of those that have ended.
+    static void Reap(Children& children) {
+        std::erase_if(children, [](const std::unique_ptr<Child>& child) {
+            const bool ended = HasEnded(child->Id(), WNOHANG);
+            if (ended) {
+                child->Reap();
+            }
+            return ended;
         });
     }
 
-    std::vector<pid_t> children_;   // started, not yet waited for
-    std::vector<pid_t> abandoned_;  // closed without a wait
+    Children children_;   // started, not yet waited for
+    Children abandoned_;  // closed without a wait
 };
 
 }  // namespace

@@ -3,11 +3,14 @@
 
 #include <cstddef>
 #include <map>
+#include <memory>
 #include <vector>
 
 #include "base/runtime_fault.h"
 #include "platform/fault_subject.h"
+#include "platform/interruption.h"
 #include "platform/process.h"
+#include "platform/temporary_names.h"
 #include "platform/windows_handle.h"
 #include "platform/windows_text.h"
 
@@ -72,14 +75,34 @@ int StartFaultOf(DWORD error) {
     }
 }
 
-class WindowsProcessService : public ProcessService {
+/// A process that this one has started. An interruption ends it: it has no console that could tell it of one.
+class Child {
 public:
-    ~WindowsProcessService() override {
-        for (const auto& [identifier, process] : started_) {
-            CloseHandle(process);
+    Child() = default;
+    ~Child() {
+        const NotInterrupted whileItGoes;
+        process_.Close();
+    }
+    Child(const Child&) = delete;
+    Child& operator=(const Child&) = delete;
+
+    void Take(HANDLE process) { process_.Reset(process); }
+
+private:
+    void End() const {
+        if (process_.IsOpen()) {
+            TerminateProcess(process_.Get(), static_cast<UINT>(ExitBehindRequest));
+            WaitForSingleObject(process_.Get(), INFINITE);
+            RemoveTemporariesOf(GetProcessId(process_.Get()));
         }
     }
 
+    OwnedHandle process_{nullptr};
+    const UndoneIfInterrupted ended_{[this] { End(); }};
+};
+
+class WindowsProcessService : public ProcessService {
+public:
     int StartHidden(const std::string& program) override {
         return Naming(FaultMatter::Program, program, [&] { return Start(program); });
     }
@@ -101,7 +124,6 @@ public:
         const auto started = started_.find(static_cast<int>(GetProcessId(process)));
         CloseHandle(process);
         if (started != started_.end()) {
-            CloseHandle(started->second);
             started_.erase(started);
         }
     }
@@ -121,6 +143,8 @@ private:
         startup.StartupInfo.hStdError = device.Get();
         startup.lpAttributeList = inherited.List();
         PROCESS_INFORMATION information{};
+        auto child = std::make_unique<Child>();
+        const NotInterrupted untilItIsNoted;
         if (CreateProcessW(name.c_str(), commandLine.data(), nullptr, nullptr, TRUE,
                            CREATE_NO_WINDOW | EXTENDED_STARTUPINFO_PRESENT, nullptr, nullptr, &startup.StartupInfo,
                            &information) == 0) {
@@ -129,12 +153,13 @@ private:
         }
         CloseHandle(information.hThread);
         const int identifier = static_cast<int>(information.dwProcessId);
-        started_[identifier] = information.hProcess;
+        child->Take(information.hProcess);
+        started_[identifier] = std::move(child);
         return identifier;
     }
 
     // A process that ends at once keeps its identifier as long as a handle to it is open: so it can still be opened.
-    std::map<int, HANDLE> started_;
+    std::map<int, std::unique_ptr<Child>> started_;
 };
 
 }  // namespace

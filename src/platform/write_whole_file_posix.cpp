@@ -21,7 +21,9 @@
 #include "base/runtime_fault.h"
 #include "platform/fault_subject.h"
 #include "platform/files.h"
+#include "platform/interruption.h"
 #include "platform/posix_support.h"
+#include "platform/temporary_names.h"
 
 namespace zirvo {
 namespace {
@@ -63,13 +65,13 @@ public:
     /// @param target  whose name a fault shall tell, since the user knows no other
     explicit TemporaryFile(const std::string& target) : target_(target) {
         static std::atomic<unsigned> counter = 0;
+        const NotInterrupted untilItIsNoted;
         for (int attempt = 0; attempt < MostAttempts; ++attempt) {
-            // A name of its own, not one made from the target's: that may be as long as a name can be.
-            const std::string name = ".zirvo-" + std::to_string(getpid()) + "-" + std::to_string(++counter) + ".tmp";
-            path_ = JoinPath(FolderOf(target), name);
+            path_ = JoinPath(FolderOf(target), TemporaryName(getpid(), ++counter));
             const int number = open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
             if (number >= 0) {
                 file_.Reset(number);
+                lies_ = true;
                 return;
             }
             if (errno != EEXIST) {
@@ -79,9 +81,8 @@ public:
         RaiseSystemFault(errno == ENOENT ? ENOTDIR : errno, target_);
     }
     ~TemporaryFile() {
-        if (!placed_) {
-            unlink(path_.c_str());
-        }
+        const NotInterrupted untilItIsGone;
+        Remove();
     }
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
@@ -109,17 +110,26 @@ public:
     }
 
     void PutInPlace() {
+        const NotInterrupted untilItIsThere;
         if (rename(path_.c_str(), target_.c_str()) != 0) {
             RaiseSystemFault(errno, target_);
         }
-        placed_ = true;
+        lies_ = false;
     }
 
 private:
+    void Remove() {
+        if (lies_) {
+            unlink(path_.c_str());
+            lies_ = false;
+        }
+    }
+
     std::string target_;
     std::string path_;
     Descriptor file_;
-    bool placed_ = false;
+    bool lies_ = false;  // under its temporary name
+    const UndoneIfInterrupted gone_{[this] { Remove(); }};
 };
 
 /// A device or pipe: opened without waiting, then written with waiting.

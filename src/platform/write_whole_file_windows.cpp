@@ -15,6 +15,8 @@
 #include "base/runtime_fault.h"
 #include "platform/fault_subject.h"
 #include "platform/files.h"
+#include "platform/interruption.h"
+#include "platform/temporary_names.h"
 #include "platform/windows_handle.h"
 #include "platform/windows_text.h"
 
@@ -50,11 +52,12 @@ public:
     /// @param name  of the target as the user knows it, for a fault to tell
     TemporaryFile(const std::wstring& folder, std::string name) : name_(std::move(name)), file_(INVALID_HANDLE_VALUE) {
         static std::atomic<unsigned> counter = 0;
+        const NotInterrupted untilItIsNoted;
         for (int attempt = 0; attempt < MostAttempts && !file_.IsOpen(); ++attempt) {
-            path_ = folder + L".zirvo-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++counter) +
-                    L".tmp";
-            file_.Reset(
-                CreateFileW(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+            path_ = folder + ToWide(TemporaryName(GetCurrentProcessId(), ++counter));
+            // Others may delete it, since an interruption does while it is open.
+            file_.Reset(CreateFileW(path_.c_str(), GENERIC_WRITE, FILE_SHARE_DELETE, nullptr, CREATE_NEW,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr));
             if (!file_.IsOpen() && GetLastError() != ERROR_FILE_EXISTS) {
                 RaiseSystemFault(GetLastError(), name_);
             }
@@ -62,11 +65,14 @@ public:
         if (!file_.IsOpen()) {
             RaiseFileFault(fault::PathAccess, name_);
         }
+        lies_ = true;
     }
     ~TemporaryFile() {
-        if (!placed_) {
+        const NotInterrupted untilItIsGone;
+        if (lies_) {
             file_.Close();
             DeleteFileW(path_.c_str());
+            lies_ = false;
         }
     }
     TemporaryFile(const TemporaryFile&) = delete;
@@ -81,11 +87,12 @@ public:
 
     /// @param exists  the target is there: its permissions and attributes go over to the new file.
     void PutInPlaceOf(const std::wstring& target, bool exists, Flush flush) {
-        placed_ = (exists && ReplaceFileW(target.c_str(), path_.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
+        const NotInterrupted untilItIsThere;
+        lies_ = !((exists && ReplaceFileW(target.c_str(), path_.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
                                           nullptr, nullptr) != 0) ||
                   MoveFileExW(path_.c_str(), target.c_str(),
-                              MOVEFILE_REPLACE_EXISTING | (flush == Flush::ToDisk ? MOVEFILE_WRITE_THROUGH : 0)) != 0;
-        if (!placed_) {
+                              MOVEFILE_REPLACE_EXISTING | (flush == Flush::ToDisk ? MOVEFILE_WRITE_THROUGH : 0)) != 0);
+        if (lies_) {
             RaiseSystemFault(GetLastError(), name_);
         }
     }
@@ -94,7 +101,12 @@ private:
     std::string name_;
     std::wstring path_;
     OwnedHandle file_;
-    bool placed_ = false;
+    bool lies_ = false;  // under its temporary name
+    const UndoneIfInterrupted gone_{[this] {
+        if (lies_) {
+            DeleteFileW(path_.c_str());
+        }
+    }};
 };
 
 }  // namespace

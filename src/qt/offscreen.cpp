@@ -7,8 +7,10 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 #include "platform/files.h"
+#include "platform/interruption.h"
 #include "qt/program_fonts.h"
 
 namespace zirvo {
@@ -28,11 +30,15 @@ void KeepQuiet(QtMsgType type, const QMessageLogContext& /*context*/, const QStr
 class RuntimeFolder {
 public:
     RuntimeFolder() {
-        if (folder_.isValid()) {
-            qputenv(Variable, folder_.path().toLocal8Bit());
+        const NotInterrupted untilItIsNoted;
+        folder_.emplace();
+        if (folder_->isValid()) {
+            qputenv(Variable, folder_->path().toLocal8Bit());
         }
     }
     ~RuntimeFolder() {
+        const NotInterrupted untilItIsGone;
+        folder_.reset();
         if (earlier_.isNull()) {
             qunsetenv(Variable);
         } else {
@@ -45,8 +51,9 @@ public:
 private:
     static constexpr const char* Variable = "XDG_RUNTIME_DIR";
 
-    QTemporaryDir folder_;
+    std::optional<QTemporaryDir> folder_;
     QByteArray earlier_ = qgetenv(Variable);
+    const UndoneIfInterrupted gone_{[this] { folder_.reset(); }};
 };
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "base/runtime_fault.h"
 #include "platform/code_page.h"
 #include "platform/files.h"
+#include "platform/interruption.h"
 #include "platform/open_file.h"
 #include "text/csv_line.h"
 #include "text/version_stamp.h"
@@ -68,18 +69,32 @@ std::string ReadWholeFile(const std::string& path) {
 }
 
 void MakeStampedCopy(const std::string& file, const std::string& tempName) {
-    RenameFile(file, tempName);
+    bool aside = false;
+    const UndoneIfInterrupted putBack([&] {
+        if (aside) {
+            FileExists(file) ? RemoveFile(tempName) : RenameFile(tempName, file);
+        }
+    });
+    {
+        const NotInterrupted untilItIsNoted;
+        RenameFile(file, tempName);
+        aside = true;
+    }
     try {
         WriteWholeFile(file, Stamped(ReadFileBytes(tempName)), Flush::ToSystem);
     } catch (...) {
         // Nothing stands under the old name, so the report can go back there; else it would seem lost to its owner.
+        const NotInterrupted untilItIsBack;
         try {
             RenameFile(tempName, file);
+            aside = false;
         } catch (const RuntimeFault&) {  // the first failure is the one to tell; the report still lies in tempName
         }
         throw;
     }
+    const NotInterrupted untilItIsGone;
     RemoveFile(tempName);
+    aside = false;
 }
 
 bool IsStamped(const std::string& file) {

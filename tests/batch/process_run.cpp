@@ -3,10 +3,12 @@
 
 #include <fcntl.h>
 #include <stdlib.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
 #include <stdexcept>
 
 #include "platform/temporary_folder.h"
@@ -64,6 +66,13 @@ private:
     if (!surroundings.Folder.empty() && chdir(surroundings.Folder.c_str()) != 0) {
         _exit(NotStarted);
     }
+    for (const auto& [name, value] : surroundings.Variables) {
+        setenv(name.c_str(), value.c_str(), 1);
+    }
+    const rlimit memory{surroundings.Memory, surroundings.Memory};
+    if (surroundings.Memory != 0 && setrlimit(RLIMIT_AS, &memory) != 0) {
+        _exit(NotStarted);
+    }
     if (surroundings.OrdinaryUser && geteuid() == 0 && (setgid(Nobody) != 0 || setuid(Nobody) != 0)) {
         _exit(NotStarted);
     }
@@ -79,26 +88,60 @@ private:
 
 }  // namespace
 
-Outcome RunProcess(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
-    const TemporaryFolder streams;
-    const Terminal terminal;
-    const std::string outputPath = surroundings.OutputFile.empty() ? streams.Path("out") : surroundings.OutputFile;
+/// Where the program's words go.
+struct RunningProcess::Streams {
+    const TemporaryFolder Folder;
+    const Terminal Screen;
+    bool OutputIsRead = true;
+    bool ErrorsOnTerminal = false;
+};
+
+RunningProcess::RunningProcess(const std::vector<std::string>& arguments, const Surroundings& surroundings)
+    : streams_(std::make_unique<Streams>()) {
+    streams_->OutputIsRead = surroundings.OutputFile.empty();
+    streams_->ErrorsOnTerminal = surroundings.ErrorsOnTerminal;
+    const std::string outputPath = streams_->OutputIsRead ? streams_->Folder.Path("out") : surroundings.OutputFile;
     const int output = open(outputPath.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
-    const int errors = open(streams.Path("err").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+    const int errors = open(streams_->Folder.Path("err").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
     Require(output >= 0 && errors >= 0, "no file for the streams");
-    const pid_t child = fork();
-    if (child == 0) {
-        Become(arguments, surroundings, output, surroundings.ErrorsOnTerminal ? terminal.Slave() : errors);
+    id_ = fork();
+    if (id_ == 0) {
+        Become(arguments, surroundings, output, streams_->ErrorsOnTerminal ? streams_->Screen.Slave() : errors);
     }
-    int status = 0;
-    waitpid(child, &status, 0);
     close(output);
     close(errors);
+}
+
+RunningProcess::~RunningProcess() {
+    if (id_ > 0) {
+        kill(id_, SIGKILL);
+        waitpid(id_, nullptr, 0);
+    }
+}
+
+void RunningProcess::Send(int signal) const {
+    kill(id_, signal);
+}
+
+bool RunningProcess::HasEnded() const {
+    siginfo_t information{};
+    return waitid(P_PID, static_cast<id_t>(id_), &information, WEXITED | WNOHANG | WNOWAIT) != 0 ||
+           information.si_pid != 0;
+}
+
+Outcome RunningProcess::Wait() {
+    int status = 0;
+    waitpid(id_, &status, 0);
+    id_ = -1;
     Outcome outcome;
     outcome.Code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-    outcome.Out = surroundings.OutputFile.empty() ? streams.Get("out") : "";
-    outcome.Err = surroundings.ErrorsOnTerminal ? terminal.Text() : streams.Get("err");
+    outcome.Out = streams_->OutputIsRead ? streams_->Folder.Get("out") : "";
+    outcome.Err = streams_->ErrorsOnTerminal ? streams_->Screen.Text() : streams_->Folder.Get("err");
     return outcome;
+}
+
+Outcome RunProcess(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
+    return RunningProcess(arguments, surroundings).Wait();
 }
 
 }  // namespace zirvo::test

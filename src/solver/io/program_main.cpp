@@ -4,12 +4,14 @@
 #include <cstring>
 #include <iostream>
 
+#include "platform/interruption.h"
 #include "text/version_stamp.h"
 
 namespace zirvo::solver {
 
 int ProgramMain(int argumentCount, char** arguments, const ProgramTexts& texts, const std::function<ExitCode()>& run) {
     if (argumentCount <= 1) {
+        EndCleanlyWhenInterrupted();
         return static_cast<int>(run());
     }
     if (std::strcmp(arguments[1], "--help") == 0) {
