@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "families.h"
-#include "solver/problem.h"
+#include "solver/solve.h"
 
 namespace zirvo::attack {
 

@@ -1,6 +1,6 @@
 // The fixed works that the benchmarks take: pavements whose times can be compared from run to run.
 #pragma once
-#include "solver/problem.h"
+#include "solver/solve.h"
 
 namespace zirvo::bench {
 

@@ -27,11 +27,17 @@ if(ZIRVO_SANITIZE)
   endif()
 endif()
 
-# zirvo_library(NAME SOURCES file... [LINK target...]): one library of a folder of src.
+# zirvo_library(NAME [SHAREABLE] SOURCES file... [LINK target...]): one library of a folder of src. SHAREABLE: it also
+# goes into a shared library, as the Python module is one, so its code must run wherever it is loaded; a function is still
+# taken for the one that stands in its own file, which is what makes it as fast as in a program.
 function(zirvo_library name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "SHAREABLE" "" "SOURCES;LINK" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC zirvo_rules ${ARG_LINK})
+  if(ARG_SHAREABLE AND UNIX)
+    set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+    target_compile_options(${name} PRIVATE -fno-semantic-interposition)
+  endif()
 endfunction()
 
 # zirvo_precompiled(NAME [LINK target...]): the headers that nearly every test includes, compiled once. Test programs that

@@ -9,7 +9,7 @@
 #include "batch/result_rows.h"
 #include "platform/files.h"
 #include "solver/io/solver_input.h"
-#include "solver/problem.h"
+#include "solver/solve.h"
 
 namespace zirvo::batch {
 namespace {

@@ -1,5 +1,9 @@
 // The mechanical problem and its answer, in consistent units: what the readers hand to the theory and the theory hands
-// to the reports.
+// to the reports. Installed as zirvo/problem.h; solve.h is what is done with it.
+//
+// Units: one unit of stress for all (MPa, or kgf/cm2), lengths in cm, so that forces are in that unit times cm2: 1 kN
+// is 10 MPa cm2, 1 kgf is 1 kgf/cm2 cm2. X and Y lie in the surface, Z points down. What is positive: tension, a
+// vertical load that presses down, a displacement along its axis.
 #pragma once
 #include <array>
 #include <cstddef>
@@ -63,11 +67,5 @@ struct Solution {
 
 /// What an estimate should stay below; the report's tail names the points that do not.
 inline constexpr double PromisedError = 1e-9;
-
-/// Solves the problem. Lengths beyond 1E12 cm or thicknesses and radii below 1E-12 cm, moduli beyond 1E+-30 or 1E15
-/// apart, forces beyond 1E100 are no pavement: all values are then NaN. Preconditions (checked by the readers): 1 to
-/// 100 layers, at least one load, moduli, radii and thicknesses > 0, 0 < nu <= 0.5, 0 <= slip <= 0.99, points inside
-/// their layers.
-Solution Solve(const Problem& problem, const SolveOptions& options);
 
 }  // namespace zirvo::solver

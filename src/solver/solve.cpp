@@ -1,5 +1,7 @@
 // The whole solution: chunks of depths, each worked on by one thread and needing nothing of any other, so that the
 // answer does not depend on the number of threads.
+#include "solver/solve.h"
+
 #include <algorithm>
 #include <atomic>
 #include <cmath>

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "solver/problem.h"
+#include "solver/solve.h"
 
 namespace zirvo::solver {
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "solver/engine.h"
-#include "solver/problem.h"
+#include "solver/solve.h"
 
 namespace zirvo::solver {
 

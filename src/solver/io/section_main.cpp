@@ -3,7 +3,7 @@
 
 #include "solver/io/program_main.h"
 #include "solver/io/solver_run.h"
-#include "solver/problem.h"
+#include "solver/solve.h"
 
 namespace {
 
