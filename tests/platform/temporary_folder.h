@@ -1,11 +1,8 @@
 // A folder of its own for a test that works on real files.
 #pragma once
-#include <stdlib.h>
-
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <stdexcept>
+#include <random>
 #include <string>
 #include <string_view>
 
@@ -15,10 +12,12 @@ namespace zirvo {
 /// tested from under another user.
 class TemporaryFolder {
 public:
-    TemporaryFolder() : path_((std::filesystem::temp_directory_path() / "zirvo-test-XXXXXX").string()) {
-        if (mkdtemp(path_.data()) == nullptr) {
-            throw std::runtime_error("no temporary folder can be made");
-        }
+    TemporaryFolder() {
+        std::random_device random;
+        do {
+            const std::string name = "zirvo-test-" + std::to_string(random());
+            path_ = (std::filesystem::temp_directory_path() / name).string();
+        } while (!std::filesystem::create_directory(path_));  // false: another test has taken that name
         std::filesystem::permissions(path_, std::filesystem::perms::all);
     }
     ~TemporaryFolder() {
@@ -33,14 +32,14 @@ public:
 
     /// Writes a file with these bytes, by other means than those under test; gives its path.
     std::string Put(const std::string& name, std::string_view bytes) const {
-        std::ofstream file(Path(name), std::ios::binary);
+        std::ofstream file(std::filesystem::path(Path(name)), std::ios::binary);
         file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         return Path(name);
     }
 
     /// The bytes of a file; "<missing>" where there is none.
     std::string Get(const std::string& name) const {
-        std::ifstream file(Path(name), std::ios::binary);
+        std::ifstream file(std::filesystem::path(Path(name)), std::ios::binary);
         if (!file) {
             return "<missing>";
         }
