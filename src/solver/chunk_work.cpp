@@ -49,19 +49,14 @@ std::vector<RadiusItem> ChunkWork::ChooseItems(double share) {
                 groupRadii_[g].push_back(r);
             }
         }
-        std::sort(groupRadii_[g].begin(), groupRadii_[g].end());
-        groupRadii_[g].erase(std::unique(groupRadii_[g].begin(), groupRadii_[g].end()), groupRadii_[g].end());
     }
     for (const SourceDepth& source : chunk_.Sources) {
         ze = std::min(ze, source.Effective);
     }
     std::vector<RadiusItem> cells = MakeCells(low, high, edges, ze, share);
-    std::size_t radii = 0;
-    for (const auto& list : groupRadii_) {
-        radii += list.size();
-    }
-    cells_ = radii > cells.size() * ChebyshevCount;
+    cells_ = MoreRadiiThan(cells.size() * ChebyshevCount);
     if (cells_) {
+        groupRadii_.clear();
         for (const RadiusItem& cell : cells) {
             lows_.push_back(cell.Low);
         }
@@ -76,6 +71,31 @@ std::vector<RadiusItem> ChunkWork::ChooseItems(double share) {
         }
     }
     return items;
+}
+
+/// True if the groups have more radii than that; else they are left sorted, each once.
+bool ChunkWork::MoreRadiiThan(std::size_t most) {
+    const auto sortOut = [](auto from, auto to) {
+        std::sort(from, to);
+        return std::unique(from, to);
+    };
+    std::size_t count = 0;
+    for (auto& radii : groupRadii_) {
+        // The first few may tell already, without sorting them all.
+        const auto part = static_cast<std::ptrdiff_t>(4 * (most + 1));
+        if (part < static_cast<std::ptrdiff_t>(radii.size()) / 2) {
+            std::vector<double> first(radii.begin(), radii.begin() + part);
+            if (count + static_cast<std::size_t>(sortOut(first.begin(), first.end()) - first.begin()) > most) {
+                return true;
+            }
+        }
+        radii.erase(sortOut(radii.begin(), radii.end()), radii.end());
+        count += radii.size();
+        if (count > most) {
+            return true;
+        }
+    }
+    return false;
 }
 
 std::size_t ChunkWork::ItemOf(std::size_t group, double r) const {
@@ -217,7 +237,7 @@ double ChunkWork::SharpnessAt(const PointDepth& depth, double r, double gap) con
     }
     const auto layer = static_cast<std::size_t>(depth.Layer);
     const double ze = layer == 0 ? 2 * thickness[0] - depth.Z : depth.Z;
-    return r / std::hypot(gap, ze) + (layer + 1 < thickness.size() ? depth.Z / thickness[layer] : 1);
+    return r / std::sqrt(gap * gap + ze * ze) + (layer + 1 < thickness.size() ? depth.Z / thickness[layer] : 1);
 }
 
 /// One load at points first .. last - 1 of one place, whose sums begin at `sum`.
@@ -231,7 +251,11 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
         item = ItemOf(group, position.R);
         if (cells_) {
             const RadiusItem& cell = table_[0].Items()[item];
-            weights = ChebyshevWeights(cell.Low, cell.High, position.R);
+            const double half = cell.High - cell.Low;
+            const ChebyshevTable& unit = Chebyshevs();
+            work_.TheEngine.ChebyshevWeights(unit.X.data(), unit.Lambda.data(),
+                                             half > 0 ? (2 * position.R - cell.Low - cell.High) / half : 0,
+                                             weights.data());
         }
     }
     int before = -1;

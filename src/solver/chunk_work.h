@@ -36,6 +36,7 @@ public:
 
 private:
     std::vector<RadiusItem> ChooseItems(double share);
+    bool MoreRadiiThan(std::size_t most);
     std::size_t ItemOf(std::size_t group, double r) const;
     bool GoodInDepth();
     void MakeTable();

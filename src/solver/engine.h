@@ -58,15 +58,19 @@ inline constexpr int NodeBlock = 256;
 /// Radii stand side by side in tiles of this many.
 inline constexpr int TileWidth = 8;
 
-/// Taylor coefficients of J0..J3 round the centres 0, 1/2, 1 .. 32 and the asymptotic series beyond.
+/// Taylor coefficients of J0..J3 round the centres 0, 1/4, 1/2 .. 32 and the asymptotic series beyond.
 struct BesselTable {
     static constexpr double Limit = 32;
-    static constexpr int Centres = 65;
-    static constexpr int Terms = 13;
+    static constexpr int PerUnit = 4;
+    static constexpr int Centres = 32 * PerUnit + 1;
+    static constexpr int Terms = 11;
     static constexpr int AsymptoticTerms = 8;
     alignas(64) double Taylor[Centres][Terms][4];
     double P0[AsymptoticTerms], Q0[AsymptoticTerms], P1[AsymptoticTerms], Q1[AsymptoticTerms];
 };
+
+/// Interpolation on Chebyshev nodes of the first kind, x_k = cos((k + 1/2) pi / 16) on -1..1.
+inline constexpr int ChebyshevCount = 16;
 
 /// Gauss nodes of the angular sums of the half-space: panels halved towards 0. Panel p < MaxPanels covers pi 2^-(p+1)
 /// to pi 2^-p; core panel p covers 0 to pi 2^-p.
@@ -83,6 +87,24 @@ struct AngleTable {
 /// I(n, k) = integral of a J1(xi a) Jn(xi r) exp(-xi z) xi^k, k = -1, 0, 1, n = 0..3.
 struct HalfSpaceIntegrals {
     double I[4][3];  ///< [n][k + 1]
+};
+
+/// Two for each load (pressure, shear): strains, displacements.
+inline constexpr int Kinds = 4;
+inline constexpr int RowKind[RowCount] = {1, 0, 0, 1, 0, 0, 3, 2, 2, 2, 3, 2, 3, 2, 2};
+
+/// Nodes that share one measure of magnitude.
+inline constexpr int Segment = 32;
+/// Nodes over which the end of a sum is judged.
+inline constexpr int TailNodes = 4;
+
+/// What weighing says of the sizes of weighted kernels, by kind. Segments of nodes: at least the largest of the rows'
+/// sums, [segment * SegmentStride + kind]. Peak is raised; Tail, of the last few nodes, is set.
+struct WeighMeasures {
+    double* Sums = nullptr;
+    int SegmentStride = 0;
+    double* Peak = nullptr;
+    double* Tail = nullptr;
 };
 
 /// Rows are padded to this many where they stand side by side: of vertical loads alone, and of both.
@@ -105,9 +127,10 @@ struct Engine {
                            const KernelDepth* depths, int depthCount, bool vertical, bool horizontal, int& deepest,
                            double* out);
 
-    /// out = raw * factor for one row of kernels. Gives the sum and adds to the maximum of |raw| * size.
-    void (*Weigh)(const double* raw, const double* factor, const double* size, int nodes, double* out, double& sum,
-                  double& peak);
+    /// out = raw * factor for the rows of one depth (out may be raw). The measures are of |raw| * size, each of the
+    /// kinds that the rows have (see WeighMeasures).
+    void (*Weigh)(const double* raw, const double* factor, const double* size, int nodes, int firstRow, int lastRow,
+                  double* out, const WeighMeasures& measures);
 
     /// J0..J3 of (xi + xiLow) * r: out[order][(tile * NodeBlock + node) * TileWidth + lane]; null orders are left out.
     void (*Bessel)(const BesselTable& table, const double* xi, const double* xiLow, int nodes, const double* radii,
@@ -122,6 +145,10 @@ struct Engine {
     /// rows[stride] += sum over columns of weight * block[column][stride]; an even number of columns, or one.
     /// @param stride  VerticalStride or RowStride
     void (*Interpolate)(const double* block, const double* weights, int columns, int stride, double* rows);
+
+    /// Weights of the interpolating polynomial through `ChebyshevCount` values at x, -1 <= x <= 1: barycentric form.
+    /// @param nodes, lambda  of the table's nodes
+    void (*ChebyshevWeights)(const double* nodes, const double* lambda, double x, double* weights);
 
     /// The twelve integrals of a circle of radius a at the distance `gap` outside its edge (inside: negative, -a on the
     /// axis) and depth z; z > 0 or gap != 0.

@@ -1,15 +1,22 @@
 // J0..J3 at (xi + xiLow) * r for a block of nodes and tiles of radii; the product is kept in two parts, so that far
 // points lose nothing to the rounding of large arguments.
 //
-// Below 32: Taylor's series round the nearest multiple of 1/2, the four orders side by side (13 terms: 0.25^13 / 13! is
-// 2E-18). Beyond: Hankel's asymptotic series (Abramowitz and Stegun 9.2.5 to 9.2.10) with 8 + 8 terms, the last 1E-16
-// at 32; J2 and J3 by the recurrence, which loses nothing there.
+// Below 32: Taylor's series round the nearest multiple of 1/4, the four orders side by side (11 terms: 0.125^11 / 11!
+// is 3E-18). Beyond: Hankel's asymptotic series (Abramowitz and Stegun 9.2.5 to 9.2.10) with 8 + 8 terms, the last
+// 1E-16 at 32; J2 and J3 by the recurrence, which loses nothing there.
+
+/// The distance of x + rest from the nearest centre, whose number is set.
+inline double FromCentre(double x, double rest, int& centre) {
+    centre = static_cast<int>(BesselTable::PerUnit * x + 0.5);
+    return (x - (1.0 / BesselTable::PerUnit) * centre) + rest;
+}
 
 #if defined(__GNUC__) && !defined(ZIRVO_PLAIN_VECTORS)
 typedef double Four __attribute__((vector_size(32)));
-inline void TaylorBessel(const BesselTable& table, double x, double rest, double out[4]) {
-    const int centre = static_cast<int>(2 * x + 0.5);
-    const double d = (x - 0.5 * centre) + rest;
+typedef long long FourBits __attribute__((vector_size(32)));
+inline Four TaylorBessel(const BesselTable& table, double x, double rest) {
+    int centre;
+    const double d = FromCentre(x, rest, centre);
     const double(*c)[4] = table.Taylor[centre];
     Four sum;
     __builtin_memcpy(&sum, c[BesselTable::Terms - 1], sizeof sum);
@@ -18,18 +25,40 @@ inline void TaylorBessel(const BesselTable& table, double x, double rest, double
         __builtin_memcpy(&term, c[k], sizeof term);
         sum = sum * d + term;
     }
-    __builtin_memcpy(out, &sum, sizeof sum);
+    return sum;
+}
+
+/// J0..J3 at four arguments, one after the other in each order.
+inline void TaylorOfFour(const BesselTable& table, const double* x, const double* rest, double* const out[4]) {
+    const Four a = TaylorBessel(table, x[0], rest[0]), b = TaylorBessel(table, x[1], rest[1]);
+    const Four c = TaylorBessel(table, x[2], rest[2]), d = TaylorBessel(table, x[3], rest[3]);
+    const Four ab01 = __builtin_shuffle(a, b, FourBits{0, 4, 1, 5}),
+               ab23 = __builtin_shuffle(a, b, FourBits{2, 6, 3, 7});
+    const Four cd01 = __builtin_shuffle(c, d, FourBits{0, 4, 1, 5}),
+               cd23 = __builtin_shuffle(c, d, FourBits{2, 6, 3, 7});
+    const Four rows[4] = {
+        __builtin_shuffle(ab01, cd01, FourBits{0, 1, 4, 5}), __builtin_shuffle(ab01, cd01, FourBits{2, 3, 6, 7}),
+        __builtin_shuffle(ab23, cd23, FourBits{0, 1, 4, 5}), __builtin_shuffle(ab23, cd23, FourBits{2, 3, 6, 7})};
+    for (int n = 0; n < 4; ++n) {
+        if (out[n] != nullptr) {
+            __builtin_memcpy(out[n], &rows[n], sizeof rows[n]);
+        }
+    }
 }
 #else
-inline void TaylorBessel(const BesselTable& table, double x, double rest, double out[4]) {
-    const int centre = static_cast<int>(2 * x + 0.5);
-    const double d = (x - 0.5 * centre) + rest;
-    for (int n = 0; n < 4; ++n) {
-        double sum = 0;
-        for (int k = BesselTable::Terms - 1; k >= 0; --k) {
-            sum = sum * d + table.Taylor[centre][k][n];
+inline void TaylorOfFour(const BesselTable& table, const double* x, const double* rest, double* const out[4]) {
+    for (int i = 0; i < 4; ++i) {
+        int centre;
+        const double d = FromCentre(x[i], rest[i], centre);
+        for (int n = 0; n < 4; ++n) {
+            double sum = 0;
+            for (int k = BesselTable::Terms - 1; k >= 0; --k) {
+                sum = sum * d + table.Taylor[centre][k][n];
+            }
+            if (out[n] != nullptr) {
+                out[n][i] = sum;
+            }
         }
-        out[n] = sum;
     }
 }
 #endif
@@ -90,48 +119,99 @@ inline void AsymptoticBessel(const BesselTable& table, Vec x, Vec rest, Vec out[
     out[3] = 4.0 * inverse * out[2] - out[1];
 }
 
+inline void SmallOfFour(const BesselTable& table, double xi, double xiLow, const double* r, double* const out[4]) {
+    double x[4], rest[4];
+    for (int k = 0; k < 4; ++k) {
+        x[k] = xi * r[k];
+        rest[k] = RestOfProduct(xi, r[k], x[k]) + xiLow * r[k];
+    }
+    TaylorOfFour(table, x, rest, out);
+}
+
+/// One node for one tile, all arguments at most Limit; `lanes` of the radii differ, the others are like the last.
+inline void SmallBessel(const BesselTable& table, double xi, double xiLow, const double* r, int lanes,
+                        double* const out[4]) {
+    for (int i = 0; i < TileWidth; i += 4) {
+        if (i >= lanes) {
+            for (int n = 0; n < 4; ++n) {
+                if (out[n] != nullptr) {
+                    for (int k = 0; k < 4; ++k) {
+                        out[n][i + k] = out[n][i - 1];
+                    }
+                }
+            }
+            continue;
+        }
+        double* const to[4] = {out[0] ? out[0] + i : nullptr, out[1] ? out[1] + i : nullptr,
+                               out[2] ? out[2] + i : nullptr, out[3] ? out[3] + i : nullptr};
+        SmallOfFour(table, xi, xiLow, r + i, to);
+    }
+}
+
+/// The same, all arguments beyond Limit (smaller ones give something finite).
+inline void LargeBessel(const BesselTable& table, double xi, double xiLow, const double* r, double* const out[4]) {
+    for (int i = 0; i < TileWidth; i += ZIRVO_LANES) {
+        const Vec radius = Load(r + i);
+        const Vec x = radius * xi;
+        const Vec rest = RestOfProduct(radius, All(xi), x) + radius * xiLow;
+        Vec j[4];
+        AsymptoticBessel(table, Choose(x < BesselTable::Limit, All(BesselTable::Limit), x), rest, j);
+        for (int n = 0; n < 4; ++n) {
+            if (out[n] != nullptr) {
+                Store(out[n] + i, j[n]);
+            }
+        }
+    }
+}
+
+/// The same with arguments on both sides of Limit.
+inline void MixedBessel(const BesselTable& table, double xi, double xiLow, const double* r, double* const out[4]) {
+    double inside[TileWidth];
+    bool any[TileWidth / 4] = {};
+    alignas(64) double small[4][TileWidth];
+    for (int i = 0; i < TileWidth; ++i) {
+        const bool is = xi * r[i] <= BesselTable::Limit;
+        inside[i] = is ? r[i] : 0;
+        any[i / 4] = any[i / 4] || is;
+    }
+    double* const rows[4] = {small[0], small[1], small[2], small[3]};
+    for (int i = 0; i < TileWidth; i += 4) {
+        if (any[i / 4]) {
+            double* const half[4] = {rows[0] + i, rows[1] + i, rows[2] + i, rows[3] + i};
+            SmallOfFour(table, xi, xiLow, inside + i, half);
+        }
+    }
+    LargeBessel(table, xi, xiLow, r, out);
+    for (int n = 0; n < 4; ++n) {
+        for (int i = 0; i < TileWidth && out[n] != nullptr; ++i) {
+            out[n][i] = xi * r[i] <= BesselTable::Limit ? small[n][i] : out[n][i];
+        }
+    }
+}
+
 void Bessel(const BesselTable& table, const double* xi, const double* xiLow, int nodes, const double* radii, int tiles,
             double* const out[4]) {
     for (int tile = 0; tile < tiles; ++tile) {
         const double* r = radii + tile * TileWidth;
         double smallest = r[0], largest = r[0];
+        int lanes = TileWidth;
         for (int i = 1; i < TileWidth; ++i) {
             smallest = r[i] < smallest ? r[i] : smallest;
             largest = r[i] > largest ? r[i] : largest;
         }
+        while (lanes > 1 && r[lanes - 1] == r[lanes - 2]) {
+            --lanes;
+        }
         for (int node = 0; node < nodes; ++node) {
             const int place = (tile * NodeBlock + node) * TileWidth;
-            alignas(64) double rows[4][TileWidth];
-            if (xi[node] * largest > BesselTable::Limit) {
-                for (int i = 0; i < TileWidth; i += ZIRVO_LANES) {
-                    const Vec radius = Load(r + i);
-                    const Vec x = radius * xi[node];
-                    const Vec rest = RestOfProduct(radius, All(xi[node]), x) + radius * xiLow[node];
-                    Vec j[4];
-                    AsymptoticBessel(table, Choose(x < BesselTable::Limit, All(BesselTable::Limit), x), rest, j);
-                    for (int n = 0; n < 4; ++n) {
-                        Store(rows[n] + i, j[n]);
-                    }
-                }
-            }
-            if (xi[node] * smallest <= BesselTable::Limit) {
-                for (int i = 0; i < TileWidth; ++i) {
-                    const double x = xi[node] * r[i];
-                    if (x <= BesselTable::Limit) {
-                        double j[4];
-                        TaylorBessel(table, x, RestOfProduct(xi[node], r[i], x) + xiLow[node] * r[i], j);
-                        for (int n = 0; n < 4; ++n) {
-                            rows[n][i] = j[n];
-                        }
-                    }
-                }
-            }
-            for (int n = 0; n < 4; ++n) {
-                if (out[n] != nullptr) {
-                    for (int i = 0; i < TileWidth; ++i) {
-                        out[n][place + i] = rows[n][i];
-                    }
-                }
+            double* const to[4] = {out[0] ? out[0] + place : nullptr, out[1] ? out[1] + place : nullptr,
+                                   out[2] ? out[2] + place : nullptr, out[3] ? out[3] + place : nullptr};
+            if (xi[node] * largest <= BesselTable::Limit) {
+                SmallBessel(table, xi[node], xiLow[node], r, lanes, to);
+            } else if (xi[node] * smallest > BesselTable::Limit) {
+                LargeBessel(table, xi[node], xiLow[node], r, to);
+            } else {
+                MixedBessel(table, xi[node], xiLow[node], r, to);
             }
         }
     }

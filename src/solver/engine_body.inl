@@ -26,6 +26,6 @@ void PreciseKernels(const LayeredSystem& system, double radius, const double* xi
                     int depthCount, bool vertical, bool horizontal, int& deepest, double* out);
 
 extern const Engine TheEngine;
-const Engine TheEngine = {ZIRVO_ENGINE_NAME, Kernels,     PreciseKernels, Weigh, Bessel,
-                          Accumulate,        Interpolate, HalfSpace};
+const Engine TheEngine = {ZIRVO_ENGINE_NAME, Kernels,     PreciseKernels,   Weigh,    Bessel,
+                          Accumulate,        Interpolate, ChebyshevWeights, HalfSpace};
 }  // namespace zirvo::solver::ZIRVO_ENGINE

@@ -49,14 +49,6 @@ inline void AddPanel(const AngleTable::Panel& panel, double a, double gap, doubl
     }
 }
 
-inline double SumOf(Vec x) {
-    double sum = 0;
-    for (int i = 0; i < ZIRVO_LANES; ++i) {
-        sum += x[i];
-    }
-    return sum;
-}
-
 void HalfSpace(const AngleTable& table, double a, double gap, double z, HalfSpaceIntegrals& out) {
     HalfSpaceSums s{};
     const double r = a + gap;

@@ -31,26 +31,22 @@ inline FieldValues FieldAbove(Constant nu, Number distance, const FieldValues& f
             0.5 * (p.Cosh * q - p.Sinh * f.V)};
 }
 
-inline double LargestOf(Vec x) {
-    double largest = 0;
-    for (int i = 0; i < ZIRVO_LANES; ++i) {
-        const double size = x[i] < 0 ? -x[i] : x[i];
-        largest = size > largest ? size : largest;
-    }
-    return largest;
-}
-
 /// Displacements on the way down, and how far rounding may have moved them, in units of rounding.
 struct Carried {
     Number U, W;
-    double Doubt;
+    Vec Doubt;
 };
+
+/// True if the doubts of a are less than those of b, taken over all wavenumbers at hand.
+inline bool LessDoubt(Vec a, Vec b) {
+    return SumOf(a - b) < 0;
+}
 
 /// Displacements as compliance times traction, with what that loses: a traction is good to rounding of the larger of
 /// its two parts, whatever its own size.
 inline Carried FromTraction(const Compliance& c, Number t, Number s) {
     const Vec size = Size(t) + Size(s);
-    return {c.UU * t + c.UW * s, c.UW * t + c.WW * s, LargestOf((Size(c.UU) + Size(c.UW) + Size(c.WW)) * size)};
+    return {c.UU * t + c.UW * s, c.UW * t + c.WW * s, (Size(c.UU) + Size(c.UW) + Size(c.WW)) * size};
 }
 
 /// A thin layer's field at its top and at its bottom.
@@ -65,7 +61,7 @@ struct ThinField {
 inline ThinField ThinFieldOf(const LayerState& s, Constant nu, Number q, const Traction& top, const Traction& bottom,
                              Carried& carried, bool first) {
     const Carried own = FromTraction(s.Top, top.T, top.S);
-    if (first || own.Doubt <= carried.Doubt) {
+    if (first || !LessDoubt(carried.Doubt, own.Doubt)) {
         carried = own;
     }
     const Carried below = FromTraction(s.Bottom, bottom.T, bottom.S);
@@ -73,8 +69,8 @@ inline ThinField ThinFieldOf(const LayerState& s, Constant nu, Number q, const T
     f.Top = {carried.U, carried.W, top.T, top.S, s.Top.VV * (2.0 * top.Q), top.Q};
     f.Bottom = {below.U, below.W, bottom.T, bottom.S, s.Bottom.VV * (2.0 * bottom.Q), bottom.Q};
     const double share = LastLane(q);
-    const double through = (1 + 2 * share) * carried.Doubt + 2 * share * LargestOf(Size(top.T) + Size(top.S));
-    f.TopIsBetter = through < below.Doubt;
+    const Vec through = (1 + 2 * share) * carried.Doubt + 2 * share * (Size(top.T) + Size(top.S));
+    f.TopIsBetter = LessDoubt(through, below.Doubt);
     if (f.TopIsBetter) {
         const FieldValues led = FieldAbove(nu, -q, f.Top);
         f.Bottom.U = led.U;
@@ -101,7 +97,7 @@ inline Carried BelowThick(const LayerState& s, const LayerField& a, Constant nu,
     const Constant k2 = 1.0 - 2.0 * nu;
     const Number a1 = s.E * a.A1, a2 = s.E * a.A2;
     return {a1 + a2 * (q - k1) + a.B1 - k1 * a.B2, a.B1 + k2 * a.B2 - a1 - a2 * (q + k2),
-            LargestOf(Size(a1) + Size(a2) * (Rounded(q) + 2.0) + Size(a.B1) + 2.0 * Size(a.B2))};
+            Size(a1) + Size(a2) * (Rounded(q) + 2.0) + Size(a.B1) + 2.0 * Size(a.B2)};
 }
 
 /// The field at a depth of a thick layer, or of the last.
@@ -192,7 +188,7 @@ inline int Downwards(const LayeredSystem& system, double radius, const LayerStat
             if (next < depthCount) {
                 if (thin) {
                     thinField = ThinFieldOf(states[layer], nu, q, top, t, carried, layer == 0);
-                } else {
+                } else if (layer + 1 < bottom && states[layer + 1].Thin) {
                     carried = BelowThick(states[layer], field, nu, q);
                 }
             }
@@ -219,8 +215,8 @@ inline int Downwards(const LayeredSystem& system, double radius, const LayerStat
         }
         const Number spring = xi * (ConstantOf(system.Spring[layer], system.SpringLow[layer]) * radius * m2);
         carried.U += spring * t.T;
-        carried.Doubt += LargestOf(Size(spring) * (Size(t.T) + Size(t.S)));
-        const double reach = LargestOf(Size(t.T) + Size(t.S) + Size(t.Q)) * system.M2[layer];
+        carried.Doubt += Size(spring) * (Size(t.T) + Size(t.S));
+        const double reach = SumOf(Size(t.T) + Size(t.S) + Size(t.Q)) * system.M2[layer];
         if (reach < ReachLimit) {
             ++layer;
             break;

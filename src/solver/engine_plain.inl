@@ -16,7 +16,7 @@ inline Vec Rounded(Number x) {
     return x;
 }
 inline Vec Size(Number x) {
-    return Choose(x < 0.0, -x, x);
+    return Absolute(x);
 }
 
 inline Number NumberAt(const double* p) {

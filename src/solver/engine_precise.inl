@@ -35,7 +35,7 @@ inline Vec Rounded(Number x) {
     return x.High;
 }
 inline Vec Size(Number x) {
-    return Choose(x.High < 0.0, -x.High, x.High);
+    return Absolute(x.High);
 }
 // The layers with these numbers.
 #include "solver/engine_layers.inl"

@@ -1,20 +1,67 @@
 // The sums over wavenumbers: kernels times Bessel functions, a matrix product in blocks that stay in registers. Even
 // and odd nodes are summed apart: their difference is the error of the rule with half the nodes.
 
-void Weigh(const double* raw, const double* factor, const double* size, int nodes, double* out, double& sum,
-           double& peak) {
-    Vec all = All(0), largest = All(0);
-    for (int node = 0; node < nodes; node += ZIRVO_LANES) {
-        const Vec kernel = Load(raw + node);
-        Store(out + node, kernel * Load(factor + node));
-        const Vec signedSize = kernel * Load(size + node);
-        const Vec magnitude = Choose(signedSize < 0.0, -signedSize, signedSize);
-        all += magnitude;
-        largest = Choose(largest < magnitude, magnitude, largest);
+/// Rows first .. last - 1 of one segment of at most PARTS vectors: weighted kernels, and the lanes of the measures.
+template <int PARTS>
+inline void WeighSegment(const double* raw, const double* factor, const double* size, int firstRow, int lastRow,
+                         double* out, Vec sums[Kinds], Vec peaks[Kinds]) {
+    Vec f[PARTS], z[PARTS];
+    for (int i = 0; i < PARTS; ++i) {
+        f[i] = Load(factor + i * ZIRVO_LANES);
+        z[i] = Load(size + i * ZIRVO_LANES);
     }
-    for (int i = 0; i < ZIRVO_LANES; ++i) {
-        sum += all[i];
-        peak = largest[i] > peak ? largest[i] : peak;
+    for (int row = firstRow; row < lastRow; ++row) {
+        Vec sum = All(0), largest = All(0);
+        for (int i = 0; i < PARTS; ++i) {
+            const int place = row * NodeBlock + i * ZIRVO_LANES;
+            const Vec kernel = Load(raw + place);
+            Store(out + place, kernel * f[i]);
+            const Vec magnitude = Absolute(kernel * z[i]);
+            sum += magnitude;
+            largest = Larger(largest, magnitude);
+        }
+        const int kind = RowKind[row];
+        sums[kind] = Larger(sums[kind], sum);
+        peaks[kind] = Larger(peaks[kind], largest);
+    }
+}
+
+void Weigh(const double* raw, const double* factor, const double* size, int nodes, int firstRow, int lastRow,
+           double* out, const WeighMeasures& measures) {
+    for (int kind = 0; kind < Kinds; ++kind) {
+        measures.Tail[kind] = 0;
+    }
+    for (int row = firstRow; row < lastRow; ++row) {
+        double& tail = measures.Tail[RowKind[row]];
+        for (int k = nodes < TailNodes ? 0 : nodes - TailNodes; k < nodes; ++k) {
+            const double kernel = raw[row * NodeBlock + k] * size[k];
+            const double magnitude = kernel < 0 ? -kernel : kernel;
+            tail = magnitude > tail ? magnitude : tail;
+        }
+    }
+    Vec peaks[Kinds] = {All(0), All(0), All(0), All(0)};
+    for (int from = 0; from < nodes; from += Segment) {
+        Vec sums[Kinds] = {All(0), All(0), All(0), All(0)};
+        if (from + Segment <= nodes) {
+            WeighSegment<Segment / ZIRVO_LANES>(raw + from, factor + from, size + from, firstRow, lastRow, out + from,
+                                                sums, peaks);
+        } else {
+            for (int node = from; node < nodes; node += ZIRVO_LANES) {
+                Vec part[Kinds] = {All(0), All(0), All(0), All(0)};
+                WeighSegment<1>(raw + node, factor + node, size + node, firstRow, lastRow, out + node, part, peaks);
+                for (int kind = 0; kind < Kinds; ++kind) {
+                    sums[kind] += part[kind];
+                }
+            }
+        }
+        for (int kind = RowKind[firstRow] & 2; kind < (RowKind[lastRow - 1] | 1) + 1; ++kind) {
+            measures.Sums[from / Segment * measures.SegmentStride + kind] = SumOf(sums[kind]);
+        }
+    }
+    for (int kind = 0; kind < Kinds; ++kind) {
+        for (int i = 0; i < ZIRVO_LANES; ++i) {
+            measures.Peak[kind] = peaks[kind][i] > measures.Peak[kind] ? peaks[kind][i] : measures.Peak[kind];
+        }
     }
 }
 
@@ -107,5 +154,24 @@ void Interpolate(const double* block, const double* weights, int columns, int st
         InterpolateRows<RowStride>(block, weights, columns, rows);
     } else {
         InterpolateRows<VerticalStride>(block, weights, columns, rows);
+    }
+}
+
+void ChebyshevWeights(const double* nodes, const double* lambda, double x, double* weights) {
+    Vec total = All(0);
+    for (int k = 0; k < ChebyshevCount; k += ZIRVO_LANES) {
+        const Vec difference = x - Load(nodes + k);
+        const Vec weight = Load(lambda + k) / difference;
+        Store(weights + k, weight);
+        total += weight;
+    }
+    const double sum = SumOf(total);
+    for (int k = 0; k < ChebyshevCount; k += ZIRVO_LANES) {
+        Store(weights + k, Load(weights + k) / sum);
+    }
+    if (!(sum - sum == 0)) {  // x on a node
+        for (int k = 0; k < ChebyshevCount; ++k) {
+            weights[k] = x == nodes[k] ? 1 : 0;
+        }
     }
 }

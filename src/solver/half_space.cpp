@@ -110,10 +110,10 @@ std::array<double, RowCount> HalfSpaceRows(const Engine& engine, double m2, doub
 HalfSpaceRounding HalfSpaceRoundingAt(double a, double gap, double z) {
     constexpr double Rounding = 3e-15;  // of the sums of sizes
     const double r = a + gap;
-    const double nearest = std::max(std::hypot(gap, z), EdgeShare * a);
+    const double nearest = std::max(std::sqrt(gap * gap + z * z), EdgeShare * a);
     // The mean of a / distance over the circle: a logarithm near the edge, a / r far away.
     const double near = nearest < a ? 1 + 0.3 * std::log(a / nearest) : 1;
-    return {Rounding * near * std::min(1.0, 2 * a / std::hypot(r, z)), Rounding};
+    return {Rounding * near * std::min(1.0, 2 * a / std::sqrt(r * r + z * z)), Rounding};
 }
 
 }  // namespace zirvo::solver

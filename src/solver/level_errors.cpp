@@ -26,6 +26,8 @@ constexpr double TailShare = 0.5;       // of the last two Chebyshev coefficient
 constexpr double Rounding = 1.1e-16;
 constexpr double SumRounding = 4 * Rounding;  // of a product of kernel and Bessel functions, summed
 constexpr double CellSpread = 2;
+constexpr double SmoothShare =
+    4;  // of the goal that interpolation in r may have: a point that wants more is done again
 constexpr double RuleSafety = 2;
 
 /// Largest of J0 .. J3 from x on.
@@ -84,7 +86,7 @@ LevelSum::Measures LevelSum::MeasuresOf(std::size_t g, std::size_t item, std::si
     Measures m;
     std::array<double, Kinds> half{};
     for (int row = RowsFrom(work_.Groups[g]); row < RowsTo(work_.Groups[g]); ++row) {
-        const auto kind = static_cast<std::size_t>(KindOf(row));
+        const auto kind = static_cast<std::size_t>(RowKind[row]);
         const double* total = Row(g, row, source) + first;
         const double* difference = sum.Difference.data() + (total - sum.Total.data());
         double high[2] = {};
@@ -97,7 +99,9 @@ LevelSum::Measures LevelSum::MeasuresOf(std::size_t g, std::size_t item, std::si
             }
         }
         m.Interpolation[kind] = std::max(m.Interpolation[kind], (std::fabs(high[0]) + std::fabs(high[1])) * TailShare);
-        m.Cut[kind] = std::max(m.Cut[kind], sum.Tail[source * RowCount + static_cast<std::size_t>(row)] / decay);
+    }
+    for (std::size_t kind = 0; kind < Kinds; ++kind) {
+        m.Cut[kind] = sum.Tail[source * Kinds + kind] / decay;
     }
     AddRounding(g, source, m);
     for (std::size_t kind = 0; kind < Kinds; ++kind) {
@@ -141,7 +145,7 @@ bool LevelSum::FinishItem(std::size_t g, std::size_t item) {
             const double unit = (kind % 2 == 1 ? work_.Groups[g].Radius : 1) / m2;
             const double goal = std::max(AbsoluteGoal * unit, RelativeGoal * m.Value[kind]);
             good = good && m.Rule[kind] <= goal;
-            smooth_ = smooth_ && m.Interpolation[kind] <= goal;
+            smooth_ = smooth_ && m.Interpolation[kind] <= SmoothShare * goal;
             auto& error = kind % 2 == 1 ? errors.Displacement : errors.Strain;
             error[kind / 2] =
                 m.Interpolation[kind] + spread * (m.Rule[kind] + m.Cut[kind] + m.Kernel[kind] + m.Sum[kind]);

@@ -11,9 +11,5 @@ inline int RowsFrom(const LoadGroup& group) {
 inline int RowsTo(const LoadGroup& group) {
     return group.Horizontal ? static_cast<int>(RowCount) : VerticalRows;
 }
-/// Two for each load (pressure, shear): strains, displacements.
-inline int KindOf(int row) {
-    return (row < VerticalRows ? 0 : 2) + (RowIsDisplacement[row] ? 1 : 0);
-}
 
 }  // namespace zirvo::solver

@@ -14,7 +14,6 @@ namespace {
 
 constexpr double EndedKernel = 1e-15;  // share of its peak below which a kernel has ended
 constexpr double EndedPhase = 40;      // and xi * ze above which it may
-constexpr int TailNodes = 4;           // nodes over which that is judged
 constexpr int ExtraNodes = 64;         // block beyond the expected end
 constexpr int ShortBlock = 64;         // a last block that takes the rounding of the one before
 constexpr int MostRefinements = 2;
@@ -40,8 +39,34 @@ void DistanceBelow(double z, double top, double topLow, double& distance, double
 
 }  // namespace
 
+void LevelScratch::Trim() {
+    constexpr std::size_t Most = 1 << 19;  // 4 MB each
+    for (std::vector<double>* room :
+         {&Bessel[0], &Bessel[1], &Bessel[2], &Bessel[3], &LoadBessel, &Raw, &Weighted, &Precise, &Rounding}) {
+        if (room->capacity() > Most) {
+            room->clear();
+            room->shrink_to_fit();
+        }
+    }
+}
+
+LevelScratch& ScratchOfThread() {
+    thread_local LevelScratch scratch;
+    return scratch;
+}
+
 LevelSum::LevelSum(const LevelWork& work, const RadiusLevel& level, const SumCare& care)
-    : work_(work), level_(level), care_(care), sources_(static_cast<int>(work.Chunk.Sources.size())) {
+    : work_(work),
+      level_(level),
+      care_(care),
+      sources_(static_cast<int>(work.Chunk.Sources.size())),
+      scratch_(ScratchOfThread()),
+      bessel_(scratch_.Bessel),
+      loadBessel_(scratch_.LoadBessel),
+      raw_(scratch_.Raw),
+      weighted_(scratch_.Weighted),
+      precise_(scratch_.Precise),
+      rounding_(scratch_.Rounding) {
     const LayerTable& layers = work.Layers;
     for (const SourceDepth& source : work.Chunk.Sources) {
         const auto layer = static_cast<std::size_t>(source.Layer);
@@ -94,8 +119,16 @@ void LevelSum::PlaceColumns() {
                     radii_.push_back(items[i].Low);
                 }
             }
+            const std::size_t own = radii_.size();
             while (radii_.size() % TileWidth != 0) {
                 radii_.push_back(radii_.back());
+            }
+            // The radii of the loads take the room that is left over.
+            const bool last = shared || g + 1 == work_.Groups.size();
+            loadsInLastTile_ = last && radii_.size() - own >= work_.Groups.size();
+            loadPlace_ = own;
+            for (std::size_t i = 0; loadsInLastTile_ && i < work_.Groups.size(); ++i) {
+                radii_[own + i] = work_.Groups[i].Radius;
             }
             sum.FirstTile = static_cast<int>(first / TileWidth);
             sum.Tiles = static_cast<int>((radii_.size() - first) / TileWidth);
@@ -113,10 +146,11 @@ void LevelSum::Sum(int refinement) {
     for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
         GroupSum& sum = sums_[g];
         const auto rows = static_cast<std::size_t>(sources_) * RowCount;
+        const auto kinds = static_cast<std::size_t>(sources_) * static_cast<std::size_t>(Kinds);
         sum.Total.assign(rows * static_cast<std::size_t>(sum.Tiles) * TileWidth, 0);
         sum.Difference.assign(sum.Total.size(), 0);
-        sum.Peak.assign(rows, 0);
-        sum.Tail.assign(rows, 0);
+        sum.Peak.assign(kinds, 0);
+        sum.Tail.assign(kinds, 0);
         sum.Magnitude.clear();
         sum.Doubt.clear();
         sum.Deepest = static_cast<int>(work_.Layers.M2.size()) - 1;
@@ -124,15 +158,21 @@ void LevelSum::Sum(int refinement) {
     }
     segmentXi_.clear();
     const std::size_t tiles = radii_.size() / TileWidth;
-    for (std::size_t order = 0; order < (horizontal ? 4U : 3U); ++order) {
-        bessel_[order].resize(tiles * TileWidth * NodeBlock);
+    // Sizes only grow: room is cleared once.
+    const auto grow = [](std::vector<double>& room, std::size_t size) {
+        if (room.size() < size) {
+            room.resize(size);
+        }
+    };
+    orders_ = horizontal ? 4 : 3;
+    for (int order = 0; order < orders_; ++order) {
+        grow(bessel_[order], tiles * TileWidth * NodeBlock);
     }
-    loadBessel_.resize(loadRadii_.size() * NodeBlock);
-    raw_.resize(static_cast<std::size_t>(sources_) * RowCount * NodeBlock);
-    weighted_.resize(raw_.size());
-    precise_.resize(raw_.size());
-    rounding_.resize(static_cast<std::size_t>(Segments) * static_cast<std::size_t>(sources_) *
-                     static_cast<std::size_t>(Kinds));
+    grow(loadBessel_, loadRadii_.size() * NodeBlock);
+    grow(raw_, static_cast<std::size_t>(sources_) * RowCount * NodeBlock);
+    grow(precise_, static_cast<std::size_t>(sources_) * RowCount * NodeBlock);
+    grow(rounding_,
+         static_cast<std::size_t>(Segments) * static_cast<std::size_t>(sources_) * static_cast<std::size_t>(Kinds));
 
     alignas(64) double weight[NodeBlock];
     const double expected = NodesBelow(rule_, level_.Range.Largest);
@@ -196,7 +236,7 @@ void LevelSum::SampleRounding(double radius, bool vertical, bool horizontal, int
                  ++row) {
                 const auto place = static_cast<std::size_t>(d * RowCount + row) * NodeBlock;
                 const double precise = precise_[place + static_cast<std::size_t>(s)];
-                const auto kind = static_cast<std::size_t>(KindOf(row));
+                const auto kind = static_cast<std::size_t>(RowKind[row]);
                 off[kind] = std::max(off[kind], std::fabs(raw_[place + static_cast<std::size_t>(node[s])] - precise));
                 largest[kind] = std::max(largest[kind], std::fabs(precise));
             }
@@ -211,13 +251,15 @@ void LevelSum::SampleRounding(double radius, bool vertical, bool horizontal, int
 void LevelSum::SumBlock(const double* weight, int nodes) {
     double* bessel[4] = {};
     for (int order = 0; order < 4; ++order) {
-        bessel[order] = bessel_[order].empty() ? nullptr : bessel_[order].data();
+        bessel[order] = order < orders_ ? bessel_[order].data() : nullptr;
     }
     const Engine& engine = work_.TheEngine;
     engine.Bessel(Bessels(), xi_, xiLow_, nodes, radii_.data(), static_cast<int>(radii_.size() / TileWidth), bessel);
-    double* const loadBessel[4] = {nullptr, loadBessel_.data(), nullptr, nullptr};
-    engine.Bessel(Bessels(), xi_, xiLow_, nodes, loadRadii_.data(), static_cast<int>(loadRadii_.size() / TileWidth),
-                  loadBessel);
+    if (!loadsInLastTile_) {
+        double* const loadBessel[4] = {nullptr, loadBessel_.data(), nullptr, nullptr};
+        engine.Bessel(Bessels(), xi_, xiLow_, nodes, loadRadii_.data(), static_cast<int>(loadRadii_.size() / TileWidth),
+                      loadBessel);
+    }
     bool anyVertical = false;
     bool anyHorizontal = false;
     for (const LoadGroup& group : work_.Groups) {
@@ -238,9 +280,29 @@ void LevelSum::SumBlock(const double* weight, int nodes) {
             continue;
         }
         Weigh(g, weight, nodes);
-        engine.Accumulate(weighted_.data(), sources_, nodes, bessel, sums_[g].FirstTile, sums_[g].Tiles,
-                          RowsFrom(group), RowsTo(group), sums_[g].Total.data(), sums_[g].Difference.data());
+        engine.Accumulate(WeightedRows(g), sources_, nodes, bessel, sums_[g].FirstTile, sums_[g].Tiles, RowsFrom(group),
+                          RowsTo(group), sums_[g].Total.data(), sums_[g].Difference.data());
     }
+}
+
+/// Where the weighted kernels of a group go: over the raw ones where no other group wants them.
+double* LevelSum::WeightedRows(std::size_t g) {
+    if (work_.Layers.Slips || g + 1 == work_.Groups.size()) {
+        return raw_.data();
+    }
+    if (weighted_.size() < raw_.size()) {
+        weighted_.resize(raw_.size());
+    }
+    return weighted_.data();
+}
+
+/// J1 of the group's radius at the first node, TileWidth apart.
+const double* LevelSum::LoadBessel(std::size_t g) const {
+    if (loadsInLastTile_) {
+        const std::size_t place = loadPlace_ + g;
+        return bessel_[1].data() + place / TileWidth * NodeBlock * TileWidth + place % TileWidth;
+    }
+    return loadBessel_.data() + g / TileWidth * NodeBlock * TileWidth + g % TileWidth;
 }
 
 void LevelSum::Weigh(std::size_t g, const double* weight, int nodes) {
@@ -248,7 +310,7 @@ void LevelSum::Weigh(std::size_t g, const double* weight, int nodes) {
     GroupSum& sum = sums_[g];
     alignas(64) double factor[NodeBlock];
     alignas(64) double size[NodeBlock];
-    const double* j1 = loadBessel_.data() + g / TileWidth * NodeBlock * TileWidth + g % TileWidth;
+    const double* j1 = LoadBessel(g);
     for (int k = 0; k < nodes; ++k) {
         factor[k] = weight[k] * group.Radius * j1[static_cast<std::ptrdiff_t>(k) * TileWidth];
         size[k] = weight[k] * group.Radius * Envelope(xi_[k] * group.Radius);
@@ -256,27 +318,14 @@ void LevelSum::Weigh(std::size_t g, const double* weight, int nodes) {
     const int segments = (nodes + Segment - 1) / Segment;
     const std::size_t first = sum.Magnitude.size();
     sum.Magnitude.resize(first + static_cast<std::size_t>(segments * sources_ * Kinds), 0);
+    double* out = WeightedRows(g);
     for (int d = 0; d < sources_; ++d) {
-        for (int row = RowsFrom(group); row < RowsTo(group); ++row) {
-            const int index = d * RowCount + row;
-            const double* raw = raw_.data() + static_cast<std::ptrdiff_t>(index) * NodeBlock;
-            double* out = weighted_.data() + static_cast<std::ptrdiff_t>(index) * NodeBlock;
-            const auto place = static_cast<std::size_t>(index);
-            for (int s = 0; s < segments; ++s) {
-                const int from = s * Segment;
-                double magnitude = 0;
-                work_.TheEngine.Weigh(raw + from, factor + from, size + from, std::min(Segment, nodes - from),
-                                      out + from, magnitude, sum.Peak[place]);
-                double& largest =
-                    sum.Magnitude[first + static_cast<std::size_t>((s * sources_ + d) * Kinds + KindOf(row))];
-                largest = std::max(largest, magnitude);
-            }
-            double tail = 0;
-            for (int k = std::max(0, nodes - TailNodes); k < nodes; ++k) {
-                tail = std::max(tail, std::fabs(raw[k]) * size[k]);
-            }
-            sum.Tail[place] = tail;
-        }
+        const std::ptrdiff_t place = static_cast<std::ptrdiff_t>(d) * RowCount * NodeBlock;
+        const std::ptrdiff_t kinds = static_cast<std::ptrdiff_t>(d) * Kinds;
+        const WeighMeasures measures{sum.Magnitude.data() + static_cast<std::ptrdiff_t>(first) + kinds,
+                                     sources_ * Kinds, sum.Peak.data() + kinds, sum.Tail.data() + kinds};
+        work_.TheEngine.Weigh(raw_.data() + place, factor, size, nodes, RowsFrom(group), RowsTo(group), out + place,
+                              measures);
     }
     AddDoubts(sum, segments, first);
 }
@@ -302,16 +351,11 @@ bool LevelSum::Ended(double xi) const {
             if (xi * work_.Chunk.Sources[static_cast<std::size_t>(d)].Effective < EndedPhase) {
                 return false;
             }
-            double peak[2] = {};
-            double tail[2] = {};
-            for (int row = RowsFrom(work_.Groups[g]); row < RowsTo(work_.Groups[g]); ++row) {
-                const auto place = static_cast<std::size_t>(d) * RowCount + static_cast<std::size_t>(row);
-                const int kind = RowIsDisplacement[row] ? 1 : 0;
-                peak[kind] = std::max(peak[kind], sums_[g].Peak[place]);
-                tail[kind] = std::max(tail[kind], sums_[g].Tail[place]);
-            }
-            if (tail[0] > EndedKernel * peak[0] || tail[1] > EndedKernel * peak[1]) {
-                return false;
+            for (std::size_t kind = 0; kind < Kinds; ++kind) {
+                const std::size_t place = static_cast<std::size_t>(d * Kinds) + kind;
+                if (sums_[g].Tail[place] > EndedKernel * sums_[g].Peak[place]) {
+                    return false;
+                }
             }
         }
     }

@@ -36,6 +36,17 @@ struct LevelWork {
     const Engine& TheEngine;
 };
 
+/// Room for the blocks of nodes at hand, kept from sum to sum: getting it from the system costs a small pavement more
+/// than filling it. One for each thread.
+struct LevelScratch {
+    std::vector<double> Bessel[4];
+    std::vector<double> LoadBessel, Raw, Weighted, Precise, Rounding;
+
+    /// What one block of a large pavement needs is given back.
+    void Trim();
+};
+LevelScratch& ScratchOfThread();
+
 class LevelSum {
 public:
     LevelSum(const LevelWork& work, const RadiusLevel& level, const SumCare& care);
@@ -54,14 +65,10 @@ public:
     bool Smooth() const { return smooth_; }
 
 private:
-    /// Loads (pressure, shear) times kinds (strain, displacement).
-    static constexpr int Kinds = 4;
-    /// Nodes that share one measure of rounding.
-    static constexpr int Segment = 32;
     static constexpr int Segments = NodeBlock / Segment;
 
-    /// Sums and the measures of their errors for one group. Maxima are per depth and row, per unit load; magnitudes and
-    /// doubts (what rounding of the kernels may amount to) per segment, depth and kind.
+    /// Sums and the measures of their errors for one group. Maxima are per depth and kind, per unit load; magnitudes
+    /// and doubts (what rounding of the kernels may amount to) per segment, depth and kind.
     struct GroupSum {
         int FirstTile = 0, Tiles = 0;
         std::vector<double> Total, Difference, Peak, Tail, Magnitude, Doubt;
@@ -76,6 +83,8 @@ private:
     void SampleRounding(double radius, bool vertical, bool horizontal, int nodes, int deepest);
     void Weigh(std::size_t g, const double* weight, int nodes);
     void AddDoubts(GroupSum& sum, int segments, std::size_t first) const;
+    double* WeightedRows(std::size_t g);
+    const double* LoadBessel(std::size_t g) const;
     bool Ended(double xi) const;
     bool Finish();
     bool FinishItem(std::size_t g, std::size_t item);
@@ -101,10 +110,13 @@ private:
     std::vector<double> segmentRounding_;  // of each segment: what a sum of ones may be off
     std::vector<double> envelopes_;        // of the item at hand: sizes of its Bessel functions in each segment
     std::vector<double> segmentXi_;        // largest wavenumber of each segment
-    std::vector<double> bessel_[4];
-    std::vector<double> loadBessel_;
-    std::vector<double> raw_, weighted_, precise_;
-    std::vector<double> rounding_;  // [segment of the block][depth * Kinds + kind]: share of the kernels
+    bool loadsInLastTile_ = false;         // the radii of the loads stand behind those of the points
+    std::size_t loadPlace_ = 0;            // there
+    int orders_ = 0;                       // of Bessel functions that are wanted
+    LevelScratch& scratch_;
+    std::vector<double> (&bessel_)[4];
+    std::vector<double>&loadBessel_, &raw_, &weighted_, &precise_;
+    std::vector<double>& rounding_;  // [segment of the block][depth * Kinds + kind]: share of the kernels
     alignas(64) double xi_[NodeBlock] = {};
     alignas(64) double xiLow_[NodeBlock] = {};
 };

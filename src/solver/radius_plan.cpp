@@ -12,7 +12,7 @@ namespace zirvo::solver {
 namespace {
 
 constexpr double KernelRange = 42;   // xi * ze at which a kernel without slip has ended
-constexpr double WindowRange = 192;  // xi * gap at which a windowed sum has ended
+constexpr double WindowRange = 156;  // xi * gap at which a windowed sum has ended
 
 /// Distance of the interval low..high from the nearest edge.
 double Distance(double low, double high, std::span<const double> edges) {
@@ -82,7 +82,7 @@ std::vector<RadiusLevel> SplitIntoLevels(std::span<const RadiusItem> items, std:
 
     // best[j]: least cost of the first j items in this order; split[j]: where its last level begins. Where the items
     // are many, levels begin at every few of them only.
-    const std::size_t stride = std::max<std::size_t>(1, count / 64);
+    const std::size_t stride = std::max<std::size_t>(1, count / 32);
     std::vector<double> best(count + 1, std::numeric_limits<double>::infinity());
     std::vector<std::size_t> split(count + 1, 0);
     best[0] = 0;
@@ -97,7 +97,7 @@ std::vector<RadiusLevel> SplitIntoLevels(std::span<const RadiusItem> items, std:
                 continue;
             }
             const WaveRange range = RangeOf(reach, items[order[i]].Gap, ze, thickness);
-            const double nodes = NodesBelow(MakeNodeRule(range, 0), range.Largest);
+            const double nodes = RoughNodes(MakeNodeRule(range, 0), range.Largest);
             const double cost = best[i] + nodes * (costs.PerNode + costs.PerNodeAndColumn * columns);
             if (cost < best[j + 1]) {
                 best[j + 1] = cost;

@@ -99,7 +99,7 @@ const BesselTable& Bessels() {
     static const std::unique_ptr<const BesselTable> made = [] {
         auto table = std::make_unique<BesselTable>();
         for (int c = 0; c < BesselTable::Centres; ++c) {
-            const auto j = BesselOrders(0.5 * c);
+            const auto j = BesselOrders(static_cast<double>(c) / BesselTable::PerUnit);
             for (int k = 0; k < BesselTable::Terms; ++k) {
                 for (int order = 0; order < 4; ++order) {
                     table->Taylor[c][k][order] = TaylorCoefficient(j, order, k);
@@ -136,19 +136,21 @@ std::array<double, ChebyshevCount> ChebyshevNodes(double low, double high) {
     return nodes;
 }
 
-std::array<double, ChebyshevCount> ChebyshevWeights(double low, double high, double x) {
-    struct Unit {
-        std::array<double, ChebyshevCount> X, Lambda;
-    };
-    static const Unit unit = [] {
-        Unit u{};
+const ChebyshevTable& Chebyshevs() {
+    static const ChebyshevTable table = [] {
+        ChebyshevTable made{};
         for (std::size_t k = 0; k < ChebyshevCount; ++k) {
             const double angle = (static_cast<double>(k) + 0.5) * Pi / ChebyshevCount;
-            u.X[k] = std::cos(angle);
-            u.Lambda[k] = (k % 2 == 0 ? 1 : -1) * std::sin(angle);
+            made.X[k] = std::cos(angle);
+            made.Lambda[k] = (k % 2 == 0 ? 1 : -1) * std::sin(angle);
         }
-        return u;
+        return made;
     }();
+    return table;
+}
+
+std::array<double, ChebyshevCount> ChebyshevWeights(double low, double high, double x) {
+    const ChebyshevTable& unit = Chebyshevs();
     std::array<double, ChebyshevCount> weights{};
     const double t = high > low ? (2 * x - low - high) / (high - low) : 0;
     double sum = 0;

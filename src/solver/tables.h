@@ -13,11 +13,14 @@ const BesselTable& Bessels();
 /// Gauss nodes of the angular sums, 16 to a panel (Boost.Math).
 const AngleTable& Angles();
 
-/// Interpolation on Chebyshev nodes of the first kind, x_k = cos((k + 1/2) pi / 16) on -1..1.
-inline constexpr int ChebyshevCount = 16;
-
 /// The nodes on [low, high], descending from high to low.
 std::array<double, ChebyshevCount> ChebyshevNodes(double low, double high);
+
+/// The nodes on -1..1, from high to low, and their barycentric factors.
+struct ChebyshevTable {
+    alignas(64) std::array<double, ChebyshevCount> X, Lambda;
+};
+const ChebyshevTable& Chebyshevs();
 
 /// Weights that turn values at those nodes into the value of the interpolating polynomial at x (barycentric form).
 std::array<double, ChebyshevCount> ChebyshevWeights(double low, double high, double x);

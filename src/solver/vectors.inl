@@ -32,6 +32,9 @@ inline Bits Integer(Vec shifted) {
 inline Vec Choose(Bits condition, Vec yes, Vec no) {
     return condition ? yes : no;
 }
+inline Vec Absolute(Vec x) {
+    return (Vec)((Bits)x & 0x7fffffffffffffffLL);
+}
 #else
 struct Vec {
     double v[ZIRVO_LANES];
@@ -150,7 +153,24 @@ inline Bits Integer(Vec shifted) {
 inline Vec Choose(Bits c, Vec yes, Vec no) {
     return EachLane([&](int i) { return c.v[i] ? yes.v[i] : no.v[i]; });
 }
+inline Vec Absolute(Vec x) {
+    return EachLane([&](int i) { return std::fabs(x.v[i]); });
+}
 #endif
+
+inline Vec Larger(Vec a, Vec b) {
+    return Choose(a < b, b, a);
+}
+inline double SumOf(Vec x) {
+    double sums[ZIRVO_LANES];
+    Store(sums, x);
+    for (int half = ZIRVO_LANES / 2; half > 0; half /= 2) {
+        for (int i = 0; i < half; ++i) {
+            sums[i] += sums[i + half];
+        }
+    }
+    return sums[0];
+}
 
 /// What a product loses to rounding, without loss; with a fused multiplication where the processor has one, else by
 /// Dekker's halves.

@@ -7,12 +7,13 @@
 namespace zirvo::solver {
 
 namespace {
-constexpr double Margin = 50;       // K: decay of the trapezoid's error in the mapped variable
-constexpr double PhaseRange = 40;   // c times the reach
-constexpr double LowShare = 1e-4;   // of the reciprocal thickness: the kernel is constant below
-constexpr double StartBelow = 4;    // the doubly exponential end: exp(-exp(4)) is nothing
-constexpr double WindowSigma = 16;  // sigma times the gap
-constexpr double WindowMiddle = 6;  // centre and half width of the window in sigmas
+constexpr double Margin = 50;              // K: decay of the trapezoid's error in the mapped variable
+constexpr double PhaseRange = 40;          // c times the reach
+constexpr double LowShare = 1e-4;          // of the reciprocal thickness: the kernel is constant below
+constexpr double StartBelow = 4;           // the doubly exponential end: exp(-exp(4)) is nothing
+constexpr double WindowSigma = 13;         // sigma times the gap
+constexpr double CarefulWindowSigma = 16;  // where the step has been halved
+constexpr double WindowMiddle = 6;         // centre and half width of the window in sigmas
 }  // namespace
 
 NodeRule MakeNodeRule(const WaveRange& range, int refinement) {
@@ -27,7 +28,7 @@ NodeRule MakeNodeRule(const WaveRange& range, int refinement) {
         rule.Step *= 0.5;
     }
     if (range.Gap > 0) {
-        rule.WindowWidth = WindowSigma / range.Gap;
+        rule.WindowWidth = (refinement == 0 ? WindowSigma : CarefulWindowSigma) / range.Gap;
         rule.WindowCentre = WindowMiddle * rule.WindowWidth;
     }
     return rule;
@@ -65,6 +66,11 @@ double NodesBelow(const NodeRule& rule, double largest) {
     const double ratio = largest / rule.C;
     const double s = ratio > 30 ? ratio : std::log(std::expm1(ratio));
     return (s - rule.Start) / rule.Step;
+}
+
+double RoughNodes(const NodeRule& rule, double largest) {
+    const double ratio = largest / rule.C;
+    return ((ratio > 1.5 ? ratio : std::log(ratio) + 0.5 * ratio) - rule.Start) / rule.Step;
 }
 
 }  // namespace zirvo::solver

@@ -19,8 +19,9 @@ struct NodeRule {
 };
 
 /// Where a sum may be windowed: for radii at least `gap` from the edge of the load, half erfc((xi - 6 sigma) / sigma)
-/// with sigma = 16 / gap changes it by about 1E-17 of its largest kernel, which may be far larger than the load: by
-/// exp(-(sigma gap / 2)^2) = 1E-28 where it ends the sum and by erfc(6) / 2 at zero.
+/// with sigma = 13 / gap changes it by about 1E-17 of its largest kernel, which may be far larger than the load: by
+/// exp(-(sigma gap / 2)^2) = 5E-19 where it ends the sum and by erfc(6) / 2 at zero; both are less than what the bound
+/// has for the rounding of the sum. With a halved step sigma is 16 / gap.
 struct WaveRange {
     double Reach = 0;      ///< largest radius plus largest load radius [cm]
     double Largest = 0;    ///< wavenumber at which the sum may be expected to have ended [1/cm]
@@ -38,7 +39,8 @@ double WindowEnd(const NodeRule& rule);
 /// is not known: it is off by rounding.
 void FillNodes(const NodeRule& rule, long first, int count, double* xi, double* xiLow, double* weight);
 
-/// About how many nodes lie below `largest`.
+/// About how many nodes lie below `largest`; and rougher still, for plans.
 double NodesBelow(const NodeRule& rule, double largest);
+double RoughNodes(const NodeRule& rule, double largest);
 
 }  // namespace zirvo::solver
