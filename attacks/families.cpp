@@ -212,9 +212,13 @@ Problem RandomProblem(Family family, Random& random) {
             break;
     }
     AddLoads(family, problem, random);
-    const int points = Count(random, 8, 30);
+    const int points = Count(random, 12, 40);
     for (int tries = 0; tries < 4 * points && static_cast<int>(problem.Points.size()) < points; ++tries) {
-        const Point point = RandomPoint(problem, random);
+        Point point = RandomPoint(problem, random);
+        if (!problem.Points.empty() && Chance(random, 0.6)) {  // below one that is there: the reference shares its work
+            point.X = problem.Points.back().X;
+            point.Y = problem.Points.back().Y;
+        }
         if (NodesFor(problem, point) <= MostNodes) {
             problem.Points.push_back(point);
         }

@@ -31,9 +31,16 @@ struct PairSums {
     Two HW1, HS1, HU1, HSum1, HSum0, HShear0, HDiff2, HShear2, HDiff3;  // shear
 };
 
+/// Bessel functions at one distance from a load's axis, for all pairs that lie there.
+struct Distance {
+    Two R;
+    double Xi = -1;  ///< where they stand at present
+    Two J[4];
+};
+
 /// A load of the group at hand and a point.
 struct Pair {
-    std::size_t Load = 0, Point = 0, Depth = 0;
+    std::size_t Load = 0, Point = 0, Depth = 0, Distance = 0;
     Two R;
     Two Cos = 1, Sin = 0;
     double Window = 0;  ///< gap of its window; 0: none
@@ -78,8 +85,9 @@ public:
 private:
     void PlacePairs();
     std::size_t DepthOf(const Point& point);
+    std::size_t DistanceOf(Two r);
     void AddNode(Two xi, Two weight);
-    static void AddKernels(const Depth& depth, const Two j[4], Two factor, Two inverse, bool shear, PairSums& sums);
+    static void AddKernels(const Depth& depth, const Two* j, Two factor, Two inverse, bool shear, PairSums& sums);
     bool EndPanel(double xi);
     void AddOwnShare(const Pair& pair, PairSums& sums) const;
     void Superpose(const Pair& pair, PointTotals& t) const;
@@ -89,7 +97,9 @@ private:
     double radius_;
     const ReferenceOptions& options_;
     std::vector<Depth> depths_;
+    std::vector<Distance> distances_;
     std::vector<Pair> pairs_;
+    bool shear_ = false;  // any load of the group has some
     std::vector<double> windows_;
     double reach_ = 0;
 };
@@ -106,12 +116,23 @@ std::size_t GroupSolution::DepthOf(const Point& point) {
     return depths_.size() - 1;
 }
 
+std::size_t GroupSolution::DistanceOf(Two r) {
+    for (std::size_t i = 0; i < distances_.size(); ++i) {
+        if (distances_[i].R.Hi == r.Hi && distances_[i].R.Lo == r.Lo) {
+            return i;
+        }
+    }
+    distances_.push_back({r, -1, {}});
+    return distances_.size() - 1;
+}
+
 void GroupSolution::PlacePairs() {
     for (std::size_t l = 0; l < problem_.Loads.size(); ++l) {
         const Load& load = problem_.Loads[l];
         if (load.Radius != radius_) {
             continue;
         }
+        shear_ = shear_ || load.Horizontal != 0;
         for (std::size_t p = 0; p < problem_.Points.size(); ++p) {
             const Point& point = problem_.Points[p];
             Pair pair;
@@ -125,6 +146,7 @@ void GroupSolution::PlacePairs() {
                 pair.Cos = x / pair.R;
                 pair.Sin = y / pair.R;
             }
+            pair.Distance = DistanceOf(pair.R);
             const double gap = std::fabs((pair.R - Two(radius_)).Hi);
             const double ze = depths_[pair.Depth].Effective;
             if (2 * WindowCentre * WindowSigma / gap < EndedPhase / ze) {
@@ -139,8 +161,7 @@ void GroupSolution::PlacePairs() {
     }
 }
 
-void GroupSolution::AddKernels(const Depth& depth, const Two j[4], Two factor, Two inverse, bool shear,
-                               PairSums& sums) {
+void GroupSolution::AddKernels(const Depth& depth, const Two* j, Two factor, Two inverse, bool shear, PairSums& sums) {
     const WaveValues& v = depth.OfPressure;
     sums.W0 += factor * v.W * inverse * j[0];
     sums.S0 += factor * v.S * j[0];
@@ -165,12 +186,13 @@ void GroupSolution::AddKernels(const Depth& depth, const Two j[4], Two factor, T
 }
 
 void GroupSolution::AddNode(Two xi, Two weight) {
-    const WaveField field(layers_, radius_, xi);
+    const WaveField field(layers_, radius_, xi, shear_);
     for (Depth& depth : depths_) {
         if (depth.Wanted) {
             const bool own = depth.Layer > 0;
-            depth.OfPressure = field.At(UnitLoad::Pressure, depth.Layer, depth.Z, own);
-            depth.OfShear = field.At(UnitLoad::Shear, depth.Layer, depth.Z, own);
+            const auto fields = field.At(depth.Layer, depth.Z, own);
+            depth.OfPressure = fields[0];
+            depth.OfShear = fields[1];
         }
     }
     Two load[4];
@@ -193,8 +215,12 @@ void GroupSolution::AddNode(Two xi, Two weight) {
             const auto i = std::find(windows_.begin(), windows_.end(), pair.Window) - windows_.begin();
             factor *= shares[static_cast<std::size_t>(i)];
         }
-        Two j[4];
-        BesselOrders(xi * pair.R, j);
+        Distance& distance = distances_[pair.Distance];
+        if (distance.Xi != xi.Hi) {
+            distance.Xi = xi.Hi;
+            BesselOrders(xi * pair.R, distance.J);
+        }
+        const Two* j = distance.J;
         const Depth& depth = depths_[pair.Depth];
         AddKernels(depth, j, factor, inverse, problem_.Loads[pair.Load].Horizontal != 0, pair.Sums);
         const double size = std::fabs(weight.Hi) * radius_ * std::min(1.0, xi.Hi * radius_) *

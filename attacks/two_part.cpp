@@ -31,6 +31,10 @@ Two OfQuad(__float128 x) {
 
 }  // namespace
 
+Two InverseFactorial(int n) {
+    return TheFactorials.Inverse[n];
+}
+
 Two Exponential(Two x) {
     if (x.Hi < -690) {
         return {};

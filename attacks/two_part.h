@@ -84,6 +84,9 @@ inline Two SquareRoot(Two a) {
 
 inline constexpr Two Pi{3.141592653589793116e+00, 1.224646799147353207e-16};
 
+/// 1 / n!, n below 32.
+Two InverseFactorial(int n);
+
 /// exp(x).
 Two Exponential(Two x);
 
