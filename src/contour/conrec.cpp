@@ -131,8 +131,7 @@ public:
     }
 
     /// Rows from last to first.
-    void Trace(const ValueMatrix& d, std::size_t ilb, std::size_t iub, int jlb, int jub,
-               const DrawingProgress& progress) {
+    void Trace(const ValueMatrix& d, std::size_t ilb, std::size_t iub, int jlb, int jub, const Progress& progress) {
         if (levels_.size() < 2) {
             throw RuntimeFault(fault::SubscriptOutOfRange);
         }
@@ -248,7 +247,7 @@ private:
 
 void conrec(PlotSurface& surface, double zmin, double zmax, const ValueMatrix& d, std::span<const double> x,
             std::span<const double> y, Int16 count, int ilb, int iub, int jlb, int jub, int grey,
-            const DrawingProgress& progress) {
+            const Progress& progress) {
     Tracer tracer(surface, zmin, zmax, x, y, count, grey);
     if (ilb >= iub || jlb >= jub) {
         return;

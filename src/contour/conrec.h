@@ -3,6 +3,7 @@
 #include <span>
 
 #include "base/int16.h"
+#include "base/progress.h"
 #include "contour/contour_map.h"
 #include "contour/plot_surface.h"
 
@@ -22,6 +23,6 @@ inline constexpr Color MapGrey{200, 200, 200};
 /// @param progress  told behind each row of cells
 void conrec(PlotSurface& surface, double zmin, double zmax, const ValueMatrix& d, std::span<const double> x,
             std::span<const double> y, Int16 count, int ilb, int iub, int jlb, int jub, int grey,
-            const DrawingProgress& progress = {});
+            const Progress& progress = {});
 
 }  // namespace zirvo

@@ -20,7 +20,7 @@ void DrawField(PlotSurface& surface, const ContourMap& map, const MapView& view)
     if (view.Items.ContourLines) {
         conrec(surface, map.ValueMin, map.ValueMax, field.Values, field.FineAxis1, field.FineAxis2,
                view.ContourLineCount, 1, field.FineCountX(), 1, field.FineCountY(), view.Items.ColorFill ? 1 : 0,
-               view.Progress);
+               view.OfLines);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/int16.h"
+#include "base/progress.h"
 #include "contour/contour_map.h"
 #include "contour/plot_layout.h"
 #include "contour/plot_surface.h"
@@ -14,8 +15,8 @@ struct MapView {
     DisplayItems Items;
     Int16 ContourLineCount = 20;  ///< levels, not intervals
     PlotGeometry Plot;
-    std::string Title;         ///< of MakeTitleText
-    DrawingProgress Progress;  ///< of the contour lines, which alone may take long; may be empty
+    std::string Title;  ///< of MakeTitleText
+    Progress OfLines;   ///< of the contour lines, which alone may take long
 };
 
 /// Clears the picture, sets its scale and draws fill, lines, frame, point marks, values, title and legend, in this

@@ -2,7 +2,6 @@
 // picture of the screen and of the batch tool; a recording one and one of plain pixels serve tests and benchmarks.
 #pragma once
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -18,9 +17,6 @@ enum class FontPoints : std::uint8_t { Seven = 7, Eight = 8, Ten = 10, Twenty = 
 constexpr int FontPixels(FontPoints points) {
     return (8 * static_cast<int>(points) + 3) / 6;
 }
-
-/// Told how much of a long drawing is done, from 0 to 1.
-using DrawingProgress = std::function<void(double done)>;
 
 /// A colour of 24 bits.
 struct Color {

@@ -117,7 +117,8 @@ public:
     void RunGraphicsSolver();
     void ConvertSectionXY();
     void ConvertSectionXZ();
-    void LoadSectionData();
+    void ConvertAndLoad();
+    void LoadSectionData(const Progress& progress);
     void DrawContourMap();
     /// The box of a comma file beyond DataLineLimit.
     void TellTooManyDataLines();

@@ -157,17 +157,23 @@ void Form6::ConvertSectionXY() {
     Command7.Enabled = false;
     Command8.Enabled = false;
     Command9.Enabled = false;
-    ConvertSection(Plot);
-    LoadSectionData();
+    ConvertAndLoad();
 }
 
 void Form6::ConvertSectionXZ() {
-    ConvertSection(Plot);
-    LoadSectionData();
+    ConvertAndLoad();
 }
 
-void Form6::LoadSectionData() {
-    const ReadOuts texts = LoadSection(Plot);
+/// One work for the user who waits.
+void Form6::ConvertAndLoad() {
+    constexpr double shareOfConversion = 0.75;
+    const Progress whole = [this](double done) { World().WorkGoesOn(done); };
+    ConvertSection(Plot, PartOf(whole, 0, shareOfConversion));
+    LoadSectionData(PartOf(whole, shareOfConversion, 1));
+}
+
+void Form6::LoadSectionData(const Progress& progress) {
+    const ReadOuts texts = LoadSection(Plot, progress);
     if (Plot.Data.Count() > DataLineLimit) {
         TellTooManyDataLines();
         return;

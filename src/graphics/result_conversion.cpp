@@ -51,7 +51,18 @@ ResultRow ReadRow(TextStream& stream) {
     return {numbers[ColumnX], numbers[ColumnY], numbers[ColumnZ], numbers[ColumnEpsX], numbers[ColumnEpsZ]};
 }
 
-std::vector<ResultRow> ReadRows(const ConversionRequest& request, bool stamped) {
+// Reading 18 numbers of a row takes so much of the time that it takes to write four of them again.
+constexpr double ShareOfReading = 0.75;
+constexpr int RowsBetweenTicks = 200;  // a hundredth of a second
+
+/// Tells of every so many rows of all.
+void Tick(const Progress& progress, std::size_t row, std::size_t all) {
+    if (progress && row % RowsBetweenTicks == 0) {
+        progress(static_cast<double>(row) / static_cast<double>(all));
+    }
+}
+
+std::vector<ResultRow> ReadRows(const ConversionRequest& request, bool stamped, const Progress& progress) {
     std::ifstream file = OpenForReading(request.ReportPath);
     TextStream stream(file);
     SkipTextFields(stream,
@@ -62,16 +73,17 @@ std::vector<ResultRow> ReadRows(const ConversionRequest& request, bool stamped) 
             throw RuntimeFault(fault::SubscriptOutOfRange);
         }
         rows.push_back(ReadRow(stream));
+        Tick(progress, rows.size(), static_cast<std::size_t>(request.PointCount));
     }
     return rows;
 }
 
 /// The same; a fault tells of the report, and why the solver has left it so.
-std::vector<ResultRow> ReadReport(const ConversionRequest& request, bool& stamped) {
+std::vector<ResultRow> ReadReport(const ConversionRequest& request, bool& stamped, const Progress& progress) {
     try {
         return Naming(FaultMatter::File, request.ReportPath, [&] {
             stamped = IsStamped(request.ReportPath);
-            return ReadRows(request, stamped);
+            return ReadRows(request, stamped, progress);
         });
     } catch (RuntimeFault& caught) {
         if (caught.Number() == fault::FileNotFound) {
@@ -88,7 +100,7 @@ void AppendPrinted(std::string& out, double value) {
     out.append(text.front() == '-' ? "" : " ").append(text).append(" ");
 }
 
-std::string CsvBytes(const std::vector<ResultRow>& rows, Int16 component) {
+std::string CsvBytes(const std::vector<ResultRow>& rows, Int16 component, const Progress& progress) {
     std::string out;
     if (component != ComponentEpsX && component != ComponentEpsZ) {
         return out;
@@ -96,7 +108,9 @@ std::string CsvBytes(const std::vector<ResultRow>& rows, Int16 component) {
     AppendLine(out, "# " + MakeVersionStamp(3));
     AppendLine(out, component == ComponentEpsX ? "# X,Y,Z,EPSx" : "# X,Y,Z,EPSz");
     AppendLine(out, "# (cm),(cm),(cm),micro");
+    std::size_t written = 0;
     for (const ResultRow& row : rows) {
+        Tick(progress, ++written, rows.size());
         for (const double coordinate : {row.X, row.Y, row.Z}) {
             AppendPrinted(out, coordinate);
             out += ',';
@@ -114,13 +128,14 @@ int HeadFieldCount(bool alreadyStamped, Int16 language, UnitSystem units) {
     return HeadFields + (comma ? 1 : 0) + (alreadyStamped ? 1 : 0);
 }
 
-void ConvertResultsToCsv(const ConversionRequest& request) {
+void ConvertResultsToCsv(const ConversionRequest& request, const Progress& progress) {
     bool stamped = false;
-    const std::vector<ResultRow> rows = ReadReport(request, stamped);
+    const std::vector<ResultRow> rows = ReadReport(request, stamped, PartOf(progress, 0, ShareOfReading));
     if (!stamped) {
         MakeStampedCopy(request.ReportPath, StampTemporaryName);
     }
-    WriteWholeFile(request.CsvPath, CsvBytes(rows, request.OutputComponent), Flush::ToSystem);
+    const std::string bytes = CsvBytes(rows, request.OutputComponent, PartOf(progress, ShareOfReading, 1));
+    WriteWholeFile(request.CsvPath, bytes, Flush::ToSystem);
 }
 
 }  // namespace zirvo

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "base/int16.h"
+#include "base/progress.h"
 #include "graphics/section.h"
 #include "pavement/pavement_model.h"
 
@@ -30,6 +31,6 @@ int HeadFieldCount(bool alreadyStamped, Int16 language, UnitSystem units);
 /// comma file. Faults, each before anything is changed: 53 for a missing report, 62 for a short one, 13 where a number
 /// should stand and does not, 9 beyond 100000 points; they carry what the solver itself says in a report without
 /// results. Then 58 where "ZIRVO_SV.TMP" lies in the way, and those of files that cannot be written.
-void ConvertResultsToCsv(const ConversionRequest& request);
+void ConvertResultsToCsv(const ConversionRequest& request, const Progress& progress = {});
 
 }  // namespace zirvo

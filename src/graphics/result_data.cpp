@@ -1,6 +1,7 @@
 // Reading the data of a map, see result_data.h.
 #include "graphics/result_data.h"
 
+#include <algorithm>
 #include <array>
 #include <fstream>
 #include <span>
@@ -62,7 +63,10 @@ struct DataLines {
     std::vector<double> Values{0.0};
 };
 
-DataLines ReadLines(TextStream& stream, SectionKind kind) {
+constexpr std::size_t LinesBetweenTicks = 1000;  // a hundredth of a second
+
+/// @param expected  number of data lines, for the progress alone
+DataLines ReadLines(TextStream& stream, SectionKind kind, long long expected, const Progress& progress) {
     const AxisFields axes = AxisFieldsOf(kind);
     DataLines lines;
     while (stream.Peek() != TextStream::End) {
@@ -77,6 +81,10 @@ DataLines ReadLines(TextStream& stream, SectionKind kind) {
         lines.Axis1Values.push_back(fields[axes.First]);
         lines.Axis2Values.push_back(fields[axes.Second]);
         lines.Values.push_back(fields[LineFields - 1]);
+        const std::size_t read = lines.Values.size() - 1;
+        if (progress && read % LinesBetweenTicks == 0) {
+            progress(std::min(1.0, static_cast<double>(read) / static_cast<double>(std::max(1LL, expected))));
+        }
     }
     return lines;
 }
@@ -149,14 +157,15 @@ ContourField FieldOf(const std::vector<double>& values, SectionKind kind, const 
 
 }  // namespace
 
-ResultDataSet ReadResultData(const std::string& path, SectionKind kind, const CoarseGrid& grid) {
+ResultDataSet ReadResultData(const std::string& path, SectionKind kind, const CoarseGrid& grid,
+                             const Progress& progress) {
     std::ifstream file = OpenForReading(path);
-    return Naming(FaultMatter::File, path, [&] { return ReadResultData(file, kind, grid); });
+    return Naming(FaultMatter::File, path, [&] { return ReadResultData(file, kind, grid, progress); });
 }
 
-ResultDataSet ReadResultData(std::istream& input, SectionKind kind, const CoarseGrid& grid) {
+ResultDataSet ReadResultData(std::istream& input, SectionKind kind, const CoarseGrid& grid, const Progress& progress) {
     TextStream stream(input);
-    DataLines lines = ReadLines(stream, kind);
+    DataLines lines = ReadLines(stream, kind, PointCountOf(grid), progress);
     const ValueRange first = RangeOf(lines.Axis1Values);
     const ValueRange second = RangeOf(lines.Axis2Values);
     const ValueRange values = RangeOf(lines.Values);

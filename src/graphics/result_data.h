@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/progress.h"
 #include "contour/contour_map.h"
 
 namespace zirvo {
@@ -30,10 +31,12 @@ struct ResultDataSet {
 /// @param grid  of the run that made the file
 /// Fault 9 for a line with fewer than four fields (an empty one too) and beyond 100000 data lines; those of a file that
 /// cannot be read.
-ResultDataSet ReadResultData(const std::string& path, SectionKind kind, const CoarseGrid& grid);
+ResultDataSet ReadResultData(const std::string& path, SectionKind kind, const CoarseGrid& grid,
+                             const Progress& progress = {});
 
 /// The same from a stream, opened in binary mode.
-ResultDataSet ReadResultData(std::istream& input, SectionKind kind, const CoarseGrid& grid);
+ResultDataSet ReadResultData(std::istream& input, SectionKind kind, const CoarseGrid& grid,
+                             const Progress& progress = {});
 
 /// What the screen shows of a data set: extent in the format "0.00" [cm], value range in "0.00E+00" [micro].
 struct ReadOuts {

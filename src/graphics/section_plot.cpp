@@ -31,21 +31,22 @@ GraphicsRunResult SolveSection(SectionPlot& plot, const std::string& programFold
 
 namespace {
 
-void Convert(const SectionPlot& plot) {
+void Convert(const SectionPlot& plot, const Progress& progress) {
     ConvertResultsToCsv({.ReportPath = SectionReportName,
                          .CsvPath = SectionCsvName,
                          .Language = LanguageNumberOf(plot.LanguageBase),
                          .Units = plot.Units,
                          .LayerCount = plot.LayerCount,
                          .PointCount = plot.Input.PointCount,
-                         .OutputComponent = plot.Section.OutputComponent});
+                         .OutputComponent = plot.Section.OutputComponent},
+                        progress);
 }
 
 }  // namespace
 
-void ConvertSection(const SectionPlot& plot) {
+void ConvertSection(const SectionPlot& plot, const Progress& progress) {
     try {
-        Convert(plot);
+        Convert(plot, progress);
     } catch (RuntimeFault& caught) {
         if (caught.About().Matter == FaultMatter::Report && !plot.SolverNotStarted.empty()) {
             caught.SayInstead(FaultMatter::Program, plot.SolverNotStarted);
@@ -54,8 +55,8 @@ void ConvertSection(const SectionPlot& plot) {
     }
 }
 
-ReadOuts LoadSection(SectionPlot& plot) {
-    plot.Data = ReadResultData(SectionCsvName, plot.Section.Kind, plot.Input.Grid);
+ReadOuts LoadSection(SectionPlot& plot, const Progress& progress) {
+    plot.Data = ReadResultData(SectionCsvName, plot.Section.Kind, plot.Input.Grid, progress);
     return TakeReadOuts(plot.Data);
 }
 
@@ -65,13 +66,13 @@ std::string TitleOf(const SectionPlot& plot) {
 }
 
 void DrawSection(PlotSurface& surface, const SectionPlot& plot, const DisplayItems& items, Int16 contourLineCount,
-                 const PlotGeometry& picture, const DrawingProgress& progress) {
+                 const PlotGeometry& picture, const Progress& progress) {
     MapView view;
     view.Items = items;
     view.ContourLineCount = contourLineCount;
     view.Plot = picture;
     view.Title = TitleOf(plot);
-    view.Progress = progress;
+    view.OfLines = progress;
     DrawContourMap(surface, plot.Data.Map, view);
 }
 

@@ -6,6 +6,7 @@
 #pragma once
 #include <string>
 
+#include "base/progress.h"
 #include "contour/draw_contour_map.h"
 #include "graphics/result_data.h"
 #include "graphics/run_input.h"
@@ -36,10 +37,10 @@ GraphicsRunResult SolveSection(SectionPlot& plot, const std::string& programFold
 
 /// Makes the comma file of the component from the report that lies there; faults as ConvertResultsToCsv. Where the
 /// report is missing since the solver could not be started, the fault is about the solver.
-void ConvertSection(const SectionPlot& plot);
+void ConvertSection(const SectionPlot& plot, const Progress& progress = {});
 
 /// Reads the comma file and refines its values; gives the read-outs, and leaves the map in their limits.
-ReadOuts LoadSection(SectionPlot& plot);
+ReadOuts LoadSection(SectionPlot& plot, const Progress& progress = {});
 
 /// The title of the map, as it is drawn.
 std::string TitleOf(const SectionPlot& plot);
@@ -50,6 +51,6 @@ std::string TitleOf(const SectionPlot& plot);
 /// @param picture           the surface's own size [twips]
 /// @param progress          of the drawing
 void DrawSection(PlotSurface& surface, const SectionPlot& plot, const DisplayItems& items, Int16 contourLineCount,
-                 const PlotGeometry& picture, const DrawingProgress& progress = {});
+                 const PlotGeometry& picture, const Progress& progress = {});
 
 }  // namespace zirvo

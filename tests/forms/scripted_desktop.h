@@ -63,6 +63,10 @@ public:
     /// "end 0".
     std::vector<std::string> Log;
     std::optional<int> EndStatus;
+    /// Works that have begun and not ended; what they told of their progress, negative where nobody knows.
+    int WorksUnderWay = 0;
+    std::vector<double> Ticks;
+    int TicksOutsideOfWork = 0;
 
     /// Texts of the boxes, in order.
     std::vector<std::string> BoxTexts() const {
@@ -91,6 +95,7 @@ public:
         Dialogs.clear();
         HelpCalls.clear();
         Log.clear();
+        Ticks.clear();
     }
 
     Answer Show(const Message& message) override {
@@ -141,6 +146,12 @@ public:
         if (OnPaint) {
             OnPaint(form);
         }
+    }
+    void WorkBegins() override { ++WorksUnderWay; }
+    void WorkEnds() override { --WorksUnderWay; }
+    void WorkGoesOn(double done) override {
+        Ticks.push_back(done);
+        TicksOutsideOfWork += WorksUnderWay > 0 ? 0 : 1;
     }
     void DiscardInput() override { Log.emplace_back("discard"); }
     void CallLater(int milliseconds, std::function<void()> call) override {

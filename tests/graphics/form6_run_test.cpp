@@ -238,5 +238,44 @@ TEST(Form6Run, TheFirstQuestionIsInTheLanguageOfTheScreenAndTheSecondIsNot) {
     EXPECT_EQ(screens.Desktop.Boxes[0].Words, forms::Language::Japanese);
 }
 
+// Ten loads side by side: 187 positions an axis, 34969 points.
+TEST(Form6Run, ALargeSectionTellsHowFarItHasComeAndThatItHasEnded) {
+    Screens screens;
+    Form6& form = screens.OpenMap(test::LoadsSideBySide(10));
+    screens.Choose(1, SectionKind::XY, "0");
+    screens.Desktop.Ticks.clear();
+    screens.Start();
+    ASSERT_EQ(form.Plot.Data.Count(), 34969);
+    const std::vector<double>& ticks = screens.Desktop.Ticks;
+    EXPECT_EQ(screens.Desktop.WorksUnderWay, 0);
+    EXPECT_EQ(screens.Desktop.TicksOutsideOfWork, 0);
+    // Of the solver's time nobody knows the share; then conversion and reading are one work.
+    const auto known = std::find_if(ticks.begin(), ticks.end(), [](double done) { return done >= 0; });
+    EXPECT_TRUE(std::all_of(ticks.begin(), known, [](double done) { return done == -1; }));
+    EXPECT_GT(ticks.end() - known, 300);
+    EXPECT_TRUE(std::is_sorted(known, ticks.end()));
+    EXPECT_GT(ticks.back(), 0.95);
+    EXPECT_LE(ticks.back(), 1);
+    screens.Desktop.Ticks.clear();
+    form.Check1(1).UserClick();                      // CONTOUR LINE
+    form.Command5.UserClick();                       // RE-DRAW
+    EXPECT_EQ(screens.Desktop.Ticks.size(), 1860U);  // one for each row of the fine matrix, ten to a gap
+    EXPECT_TRUE(std::is_sorted(ticks.begin(), ticks.end()));
+    EXPECT_EQ(ticks.back(), 1);
+    EXPECT_EQ(screens.Desktop.WorksUnderWay, 0);
+}
+
+TEST(Form6Run, AFaultWithinTheConversionEndsTheWorkToo) {
+    Screens screens;
+    screens.OpenMap(test::LoadsSideBySide(2));
+    screens.Choose(1, SectionKind::XY, "0");
+    PutFile("ZIRVO_SV.TMP", "in the way");
+    screens.Start();
+    EXPECT_EQ(FaultOf(screens), 58);
+    EXPECT_FALSE(screens.Desktop.Ticks.empty());
+    EXPECT_EQ(screens.Desktop.WorksUnderWay, 0);
+    EXPECT_EQ(screens.Desktop.TicksOutsideOfWork, 0);
+}
+
 }  // namespace
 }  // namespace zirvo

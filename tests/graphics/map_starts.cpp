@@ -33,9 +33,13 @@ GraphicsInputData RoundedTop() {
 }
 
 GraphicsInputData ManyLoads() {
+    return LoadsSideBySide(100);
+}
+
+GraphicsInputData LoadsSideBySide(Int16 count) {
     GraphicsInputData data = ExampleData();
-    data.LoadCount = 100;
-    for (int i = 1; i <= 100; ++i) {
+    data.LoadCount = count;
+    for (int i = 1; i <= count; ++i) {
         data.Loads[i] = {5000, 1, 3.0 * i, 3.0 * i, 0, 0};
     }
     return data;

@@ -17,7 +17,10 @@ GraphicsInputData ThreeLayers();
 /// A layer of 5.004 cm: its bottom, rounded to 2 decimals, lies in the layer above.
 GraphicsInputData RoundedTop();
 
-/// 100 loads side by side: 1807 positions an axis.
+/// Loads side by side, each with three gaps of its own: 18 positions an axis for each, and 7 more.
+GraphicsInputData LoadsSideBySide(Int16 count);
+
+/// 100 of them: 1807 positions an axis.
 GraphicsInputData ManyLoads();
 
 /// The names of the buttons that can be pressed.

@@ -259,5 +259,23 @@ TEST_F(ConvertResults, AFullDiskLosesNoReportAndNoCommaFile) {
     EXPECT_EQ(GetFile("ZIRVO_SV.CSV"), "old");
 }
 
+TEST_F(ConvertResults, TellsHowFarItHasComeUpToItsEnd) {
+    std::string rows;
+    constexpr int count = 1000;
+    for (int i = 0; i < count; ++i) {
+        rows += Row("1", "2", "3", "4", "5");
+    }
+    PutFile("ZIRVO_SV.BRE", Report(false, rows));
+    ConversionRequest request = Request();
+    request.PointCount = count;
+    std::vector<double> told;
+    ConvertResultsToCsv(request, [&](double done) { told.push_back(done); });
+    EXPECT_GE(told.size(), 10U);  // 35000 rows would then be told of some hundred times
+    EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+    EXPECT_GT(told.front(), 0);
+    EXPECT_LT(told.front(), 0.5);
+    EXPECT_EQ(told.back(), 1);
+}
+
 }  // namespace
 }  // namespace zirvo

@@ -281,5 +281,24 @@ TEST(TakeReadOuts, AnEmptyDataSetShowsZeros) {
     EXPECT_EQ(TakeReadOuts(data), (ReadOuts{"0.00", "0.00", "0.00", "0.00", "0.00E+00", "0.00E+00"}));
 }
 
+TEST(ReadResultData, TellsHowFarItHasComeAndNeverPassesItsEnd) {
+    CoarseGrid grid;
+    std::vector<double> positions;
+    for (int i = 0; i < 100; ++i) {
+        positions.push_back(i);
+    }
+    grid.GridX = Positions(positions);
+    grid.GridY = grid.GridX;
+    for (const long long lines : {10000LL, 12000LL}) {  // as many as the grid has, and more
+        std::istringstream stream(Numbered(lines));
+        std::vector<double> told;
+        ReadResultData(stream, SectionKind::XY, grid, [&](double done) { told.push_back(done); });
+        EXPECT_GE(told.size(), 10U);
+        EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+        EXPECT_EQ(told.front(), 0.1);
+        EXPECT_EQ(told.back(), 1);
+    }
+}
+
 }  // namespace
 }  // namespace zirvo
