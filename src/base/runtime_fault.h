@@ -39,6 +39,7 @@ enum class FaultMatter {
     Settings,       ///< the settings file: what it holds is not the user's work, so that he can do without it
     Report,         ///< that a solver was to leave; Name is its path
     LoadPositions,  ///< loads so far out that no grid of points can be made
+    Thicknesses,    ///< layers so thick that no levels can be laid through them
     LayerCell,      ///< the cell of a layer number; Name is the number of its point
     LineCount,      ///< the count of contour lines; Name is the text
 };

@@ -180,7 +180,8 @@ ExitCode Mapping::Run() {
         }
     } catch (const RuntimeFault& caught) {
         // The work files lie in a folder that is gone by now: their names would tell nothing.
-        const bool words = caught.About().Matter == FaultMatter::LoadPositions;
+        const FaultMatter matter = caught.About().Matter;
+        const bool words = matter == FaultMatter::LoadPositions || matter == FaultMatter::Thicknesses;
         const std::string about =
             words ? FaultExplanation(caught, FaultLanguage::English) : "in the work files of the section";
         Refuse(FaultText(caught) + " (" + about + ")");

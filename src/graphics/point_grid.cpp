@@ -103,6 +103,18 @@ std::vector<FixedPoint4> LoadAxis(std::span<const double> centre, std::span<cons
     }
 }
 
+/// The levels of all layers. Their depth may pass the bound of its type.
+std::vector<FixedPoint4> LayerLevels(std::span<const double> thickness, int layerCount) {
+    try {
+        return BuildDepthLevels(thickness, layerCount);
+    } catch (RuntimeFault& caught) {
+        if (caught.Number() == fault::Overflow) {
+            caught.SayAbout(FaultMatter::Thicknesses, "");
+        }
+        throw;
+    }
+}
+
 }  // namespace
 
 CoarseGrid BuildSectionGrid(const GraphicsInputData& model, SectionKind kind) {
@@ -120,8 +132,7 @@ CoarseGrid BuildSectionGrid(const GraphicsInputData& model, SectionKind kind) {
     CoarseGrid grid;
     grid.LayerCount = model.LayerCount;
     grid.GridX = LoadAxis(x, radius);
-    grid.GridY =
-        kind == SectionKind::XY ? LoadAxis(y, radius) : BuildDepthLevels(ThicknessesOf(model), model.LayerCount);
+    grid.GridY = kind == SectionKind::XY ? LoadAxis(y, radius) : LayerLevels(ThicknessesOf(model), model.LayerCount);
     return grid;
 }
 

@@ -63,6 +63,10 @@ TEST(FaultWords, MattersWithoutAFileAreSentencesOfTheirOwn) {
               "The loads lie so far out that no grid of points can be made. Please check their X, Y and radius.");
     EXPECT_EQ(Told(6, FaultMatter::LoadPositions, "", Ja),
               "載荷点が遠すぎるため、着目点の格子を作れません。X座標、Y座標、半径をご確認ください。");
+    EXPECT_EQ(Told(6, FaultMatter::Thicknesses, "", En),
+              "The layers are so thick that no grid of points can be made. Please check their thicknesses.");
+    EXPECT_EQ(Told(6, FaultMatter::Thicknesses, "", Ja),
+              "層が厚すぎるため、着目点の格子を作れません。層厚をご確認ください。");
 }
 
 // Every number that a file can raise has a line behind its name, in polite Japanese, which ends its sentences.

@@ -189,5 +189,17 @@ TEST(BuildSectionGrid, AYZSectionIsFaultFive) {
     EXPECT_EQ(FaultOf([] { BuildSectionGrid(test::ExampleData(), SectionKind::YZ); }), 5);
 }
 
+// The same bound in the depth: 9.2E14 cm, and a step that passes it on its way.
+TEST(BuildSectionGrid, LayersTooThickForALevelAreFaultSixInWords) {
+    for (const double thick : {1E15, 9E14, 1E300}) {
+        GraphicsInputData data = test::ExampleData();
+        data.Layers[1].Thickness = thick;
+        const auto build = [&] { BuildSectionGrid(data, SectionKind::XZ); };
+        EXPECT_EQ(FaultOf(build), 6) << thick;
+        EXPECT_EQ(SubjectOf(build), (FaultSubject{FaultMatter::Thicknesses, "", ""})) << thick;
+        EXPECT_EQ(FaultOf([&] { BuildSectionGrid(data, SectionKind::XY); }), 0);
+    }
+}
+
 }  // namespace
 }  // namespace zirvo
