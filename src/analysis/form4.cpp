@@ -97,6 +97,7 @@ std::string Form4::ReportPath() const {
 }
 
 void Form4::Option1_Click() {  // VIEW ALL
+    PageName = FileNameOf(ReportPath());
     txtContents.Enabled = true;
     txtContents.Text = ReadWholeFile(ReportPath());
 }

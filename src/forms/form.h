@@ -58,6 +58,8 @@ public:
     std::function<bool(const KeyStroke& stroke)> Shortcut;
     /// The language of what the window says in words of its own.
     Language ViewLanguage = Language::English;
+    /// What a printed copy of the page of text that it shows is called; "": as its caption.
+    std::string PageName;
 
     bool IsVisible() const { return visible_; }
     /// From the beginning of its load step until it is unloaded.

@@ -281,5 +281,14 @@ TEST_F(Form4Test, TabGoesThroughChoicesContentsAndButtons) {
     EXPECT_EQ(order, (Texts{"Option3", "Option1", "txtContents", "Command2", "Command3"}));
 }
 
+TEST_F(Form4Test, APrintedCopyIsCalledAsItsReport) {
+    EXPECT_EQ(Form().PageName, "Untitled.bre");
+    Form().Option4.UserClick();
+    EXPECT_EQ(Form().PageName, "Untitled.san");
+    Form().Option3.UserClick();
+    Form().Option2.UserClick();
+    EXPECT_EQ(Form().PageName, "Untitled.bre");
+}
+
 }  // namespace
 }  // namespace zirvo

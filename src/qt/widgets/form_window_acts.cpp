@@ -45,7 +45,8 @@ bool FormWindow::WindowKey(const QKeyEvent& event) {
         }
         find_->ShowAsked();
     } else if (ChoosePrinter) {
-        PrintColumns(page->toPlainText(), page->font(), windowTitle(), *this, form_.ViewLanguage, ChoosePrinter);
+        const QString name = form_.PageName.empty() ? windowTitle() : QString::fromStdString(form_.PageName);
+        PrintColumns(page->toPlainText(), page->font(), name, *this, form_.ViewLanguage, ChoosePrinter);
     }
     return true;
 }

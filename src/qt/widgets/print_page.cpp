@@ -78,6 +78,13 @@ private:
     QString title_;
 };
 
+/// The name of the document, which the dialog takes for that of a file too, with ".pdf" in place of what stands behind
+/// the last full stop: so it has one to lose. A slash would be a folder.
+QString DocumentName(QString title) {
+    title.replace(QLatin1Char('/'), QLatin1Char('_'));
+    return title + QStringLiteral(".pdf");
+}
+
 void TellFailure(QWidget& owner, forms::Language words) {
     QMessageBox::warning(&owner, QStringLiteral("ZIRVO"),
                          words == forms::Language::Japanese ? QStringLiteral("印刷できません。")
@@ -106,7 +113,7 @@ void PrintColumns(const QString& text, const QFont& font, const QString& title, 
         lines.removeLast();
     }
     QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(title);
+    printer.setDocName(DocumentName(title));
     if (LettersFor(lines, font, printer.pageLayout().paintRect(QPageLayout::Point).width()) < ReadableLetters) {
         printer.setPageOrientation(QPageLayout::Landscape);
     }
@@ -117,7 +124,7 @@ void PrintColumns(const QString& text, const QFont& font, const QString& title, 
 
 void PrintDocument(const QTextDocument& document, QWidget& owner, forms::Language words, const PrinterChoice& choose) {
     QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(document.metaInformation(QTextDocument::DocumentTitle));
+    printer.setDocName(DocumentName(document.metaInformation(QTextDocument::DocumentTitle)));
     if (choose(printer, owner, words)) {
         document.print(&printer);
     }

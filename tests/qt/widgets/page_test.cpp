@@ -100,6 +100,7 @@ protected:
         desktop_.SetPrinterChoice([this](QPrinter& printer, QWidget& /*owner*/, forms::Language words) {
             ++asked_;
             language_ = words;
+            name_ = printer.docName();
             orientation_ = printer.pageLayout().orientation();
             printer.setOutputFormat(QPrinter::PdfFormat);
             printer.setOutputFileName(Pdf());
@@ -120,6 +121,7 @@ protected:
     int asked_ = 0;
     bool goOn_ = true;
     forms::Language language_ = forms::Language::English;
+    QString name_;  ///< of which the dialog makes that of a file: what stands before the last full stop, and ".pdf"
     QPageLayout::Orientation orientation_ = QPageLayout::Portrait;
 };
 
@@ -130,6 +132,15 @@ TEST_F(Printing, ControlPPrintsThePage) {
     EXPECT_EQ(language_, forms::Language::Japanese);
     EXPECT_EQ(orientation_, QPageLayout::Portrait);
     EXPECT_EQ(PagesPrinted(), 1);
+}
+
+TEST_F(Printing, ACopyIsNamedAsItsPageOrElseAsTheWindow) {
+    Form().PageName = "road.v2.bre";
+    Strike(Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(name_, "road.v2.bre.pdf");
+    Form().PageName = "";
+    Strike(Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(name_, Window().windowTitle() + ".pdf");
 }
 
 TEST_F(Printing, LongAndWideReportsLieOnManyPages) {
@@ -190,6 +201,7 @@ TEST_F(Manual, ControlFLeadsToTheWordsAndWhatIsNowhereIsTold) {
 TEST_F(Manual, ControlPPrintsIt) {
     QTest::keyClick(Help().findChild<QTextBrowser*>("HelpPage"), Qt::Key_P, Qt::ControlModifier);
     EXPECT_EQ(asked_, 1);
+    EXPECT_EQ(name_, "Manual.pdf");
     EXPECT_EQ(language_, forms::Language::Japanese);
     EXPECT_EQ(PagesPrinted(), 1);
 }
