@@ -2,6 +2,8 @@
 #include "grid/table_clipboard.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 
 #include "grid/cell_block.h"
 #include "grid/cell_text.h"
@@ -17,6 +19,37 @@ forms::MSFlexGrid::Cell FirstTarget(const forms::MSFlexGrid& grid) {
         return {grid.FixedRows, grid.FixedCols};
     }
     return {std::max(grid.Row.Get(), grid.FixedRows.Get()), std::max(grid.Col.Get(), grid.FixedCols.Get())};
+}
+
+/// Whether a line holds the headings of the columns from `col` on, and at least one that is not empty.
+bool HoldsHeadings(const std::vector<std::string>& line, const forms::MSFlexGrid& grid, int col) {
+    if (static_cast<int>(line.size()) > grid.Cols - col) {
+        return false;
+    }
+    bool any = false;
+    for (const std::string& text : line) {
+        if (text != grid.TextMatrix(0, col++)) {
+            return false;
+        }
+        any = any || !text.empty();
+    }
+    return any;
+}
+
+/// Takes the headings out of a block that has them in front of its rows.
+void DropHeadings(CellBlock& block, const forms::MSFlexGrid& grid, forms::MSFlexGrid::Cell& first) {
+    if (block.size() < 2 || grid.FixedRows == 0) {
+        return;
+    }
+    if (static_cast<int>(block.front().size()) == grid.Cols && HoldsHeadings(block.front(), grid, 0)) {
+        for (auto& row : block) {
+            row.erase(row.begin(), row.begin() + std::min<std::ptrdiff_t>(grid.FixedCols, std::ssize(row)));
+        }
+        first.Col = grid.FixedCols;
+    } else if (!HoldsHeadings(block.front(), grid, first.Col)) {
+        return;
+    }
+    block.erase(block.begin());
 }
 
 /// Why the block cannot go in; Pasted where it can.
@@ -57,11 +90,12 @@ void RaiseCount(const forms::MSFlexGrid& grid, forms::VScrollBar& bar, int count
 }  // namespace
 
 PasteResult PasteIntoTable(forms::MSFlexGrid& grid, forms::VScrollBar& bar, std::string_view text) {
-    const CellBlock block = ReadCellBlock(text);
+    CellBlock block = ReadCellBlock(text);
     if (block.empty() || !grid.IsUsable() || grid.Cols <= grid.FixedCols) {
         return {};
     }
-    const forms::MSFlexGrid::Cell first = FirstTarget(grid);
+    forms::MSFlexGrid::Cell first = FirstTarget(grid);
+    DropHeadings(block, grid, first);
     const int present = grid.Rows - grid.FixedRows;
     const int highest = bar.IsUsable() ? std::max(bar.Min.Get(), bar.Max.Get()) : present;
     if (highest == 0) {

@@ -126,6 +126,57 @@ TEST_F(Pasting, BeginsAtTheFirstCellWhereTheWholeTableIsSelected) {
     EXPECT_EQ(grid.TextMatrix(3, 1), "");
 }
 
+TEST_F(Pasting, ATableCopiedWithItsHeadingsGoesBackIntoItsColumns) {
+    const char* copy = "\tHEAD 1\tHEAD 2\tHEAD 3\tHEAD 4\r\nROW 1\t1\t2\t3\t4\r\nROW 2\t5\t\t\t8\r\n";
+    EXPECT_EQ(Paste(2, 3, copy).What, Kind::Pasted);
+    EXPECT_EQ(grid.TextMatrix(1, 1), "");
+    EXPECT_EQ(grid.TextMatrix(2, 1), "1");
+    EXPECT_EQ(grid.TextMatrix(2, 4), "4");
+    EXPECT_EQ(grid.TextMatrix(3, 1), "5");
+    EXPECT_EQ(grid.TextMatrix(3, 4), "8");
+    EXPECT_EQ(grid.TextMatrix(2, 0), "ROW 2");
+    EXPECT_EQ(screen.Bar1.Value, 3);
+    EXPECT_EQ(screen.History.UndoSteps(), 1U);
+    screen.History.Undo();
+    EXPECT_EQ(grid.TextMatrix(3, 4), "");
+}
+
+TEST_F(Pasting, WhatCopyOfTableGivesComesBackAsItWas) {
+    for (int row = 1; row <= 3; ++row) {
+        for (int col = 1; col <= 4; ++col) {
+            Write(grid, row, col, row == col ? "" : std::to_string(10 * row + col));
+        }
+    }
+    const std::string before = Seen();
+    grid.AllSelected = true;
+    const std::string copy = CopyOfTable(grid);
+    screen.Bar1.UserRelease(0);
+    EXPECT_EQ(Paste(0, 0, copy).What, Kind::Pasted);
+    EXPECT_EQ(Seen(), before);
+}
+
+TEST_F(Pasting, HeadingsOfTheColumnsFromTheCellOnAreNoRow) {
+    EXPECT_EQ(Paste(1, 2, "HEAD 2\tHEAD 3\n1\t2\n3\t4\n").What, Kind::Pasted);
+    EXPECT_EQ(grid.TextMatrix(1, 2), "1");
+    EXPECT_EQ(grid.TextMatrix(2, 3), "4");
+    EXPECT_EQ(grid.TextMatrix(3, 2), "");
+}
+
+TEST_F(Pasting, HeadingsOfOtherColumnsOrOfNoRowsAreRefusedAsTexts) {
+    EXPECT_EQ(Paste(1, 1, "HEAD 2\tHEAD 3\n1\t2").What, Kind::TextRefused);
+    EXPECT_EQ(Paste(1, 1, "HEAD 1\tHEAD 2").What, Kind::TextRefused);
+    EXPECT_EQ(Paste(1, 1, "HEAD 1\tHEAD 2\n1\tx").Row, 1);  // counted without the line of the headings
+    EXPECT_EQ(grid.TextMatrix(1, 1), "");
+}
+
+TEST_F(Pasting, AnEmptyFirstLineIsARowWhereTheTableHasNoHeadingsYet) {
+    for (int col = 1; col < 5; ++col) {
+        grid.SetTextMatrix(0, col, "");
+    }
+    EXPECT_EQ(Paste(1, 1, "\t\n1\t2").What, Kind::Pasted);
+    EXPECT_EQ(grid.TextMatrix(2, 2), "2");
+}
+
 TEST_F(Pasting, WhatWasCopiedIsACellOrTheTableWithItsHeadings) {
     Write(grid, 1, 1, "5");
     Write(grid, 3, 4, "7");
