@@ -190,7 +190,7 @@ void EditHistory::ActEnded() {
         screen_ = std::make_shared<const Screen>(std::move(now));
     }
     Steps* receiver = std::exchange(receiver_, nullptr);
-    if (!AnyChange()) {
+    if (!AnyChange() && before->Chosen == screen_->Chosen) {
         BeginAct();
         return;
     }

@@ -10,9 +10,10 @@
 //   cell changes in an act, and closes the step when the act has ended. To undo is an act itself, whose own step is the
 //   one that redoes it. Counts go through their bars and captions, with their events; nothing else raises one.
 // Special cases
-//   An act that changes no data is no step: names of files have the undoing of their own boxes. A held arrow of a count
-//   is one step with its press. Where all tables that have rows are disabled the data cannot change, and nothing is
-//   undone or redone.
+//   An act that changes no data is no step: names of files have the undoing of their own boxes. The choice where the
+//   data come from is one also where there are none yet, so that no step is taken back on the screen of another choice.
+//   A held arrow of a count is one step with its press. Where all tables that have rows are disabled the data cannot
+//   change, and nothing is undone or redone.
 #pragma once
 #include <array>
 #include <cstddef>
@@ -48,6 +49,9 @@ public:
     /// False if there is none, or the data cannot change now.
     bool Undo() { return Take(undo_); }
     bool Redo() { return Take(redo_); }
+    /// Whether Undo, or Redo, would bring the screen of other data.
+    bool UndoReplaces() const { return Replaces(undo_); }
+    bool RedoReplaces() const { return Replaces(redo_); }
     /// What stands now is the beginning; also within the act that brought it.
     void Forget();
 
@@ -96,6 +100,9 @@ private:
     using Steps = std::deque<Step>;
 
     bool MayChange() const;
+    bool Replaces(const Steps& steps) const {
+        return MayChange() && !steps.empty() && steps.back().Replaced != nullptr;
+    }
     bool Take(Steps& from);
     void Apply(const Step& step);
     void ApplyScreen(const Screen& screen);

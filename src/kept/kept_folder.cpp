@@ -101,9 +101,25 @@ void KeptFolder::StartAnother(const std::string& screen) {
     another_.insert(screen);
 }
 
+void KeptFolder::GoOn(const std::string& screen) {
+    another_.erase(screen);
+}
+
 void KeptFolder::Forget(const std::string& screen) {
     if (lock_ != nullptr && !another_.contains(screen)) {
         RemoveIfThere(Own(screen) + LastEnd);
+    }
+}
+
+void KeptFolder::ForgetCopies(const KeptScreen& saved) {
+    if (lock_ == nullptr) {
+        return;
+    }
+    for (const char* end : {BeforeEnd, DeclinedEnd}) {
+        const std::string file = Own(saved.Screen) + end;
+        if (const auto kept = WrittenAt(file) ? ReadKept(file) : std::nullopt; kept && HoldSameData(*kept, saved)) {
+            RemoveIfThere(file);
+        }
     }
 }
 

@@ -46,8 +46,12 @@ public:
     bool Write(const KeptScreen& screen);
     /// What is written next on that screen are other data: the last becomes the last but one then.
     void StartAnother(const std::string& screen);
+    /// The data that stood there when StartAnother was called stand there again, undone: the last goes on.
+    void GoOn(const std::string& screen);
     /// What stands on the screen needs not be kept any more.
     void Forget(const std::string& screen);
+    /// These data stand in a file of the user's: neither as the last but one nor as declined are they offered any more.
+    void ForgetCopies(const KeptScreen& saved);
 
     using Test = std::function<bool(const KeptScreen&)>;
     /// What is to be offered on that screen.

@@ -91,20 +91,31 @@ void KeptStore::Keep(Snapshot now, Snapshot inFile) {
           .Work = [this, now = std::move(now), inFile = std::move(inFile)] { KeepNow(*now, inFile.get()); }});
 }
 
+void KeptStore::KeepUndone(Snapshot now, Snapshot inFile) {
+    Post({.Screen = "",
+          .Work = [this, now = std::move(now), inFile = std::move(inFile)] { KeepNow(*now, inFile.get()); }});
+}
+
 void KeptStore::KeepNow(const KeptScreen& now, const KeptScreen* inFile) {
-    const auto before = written_.find(now.Screen);
     if (inFile != nullptr && HoldSameData(now, *inFile)) {
-        folder_.Forget(now.Screen);
-        written_.erase(now.Screen);
-        kept_.erase(now.Screen);
+        ForgetNow(now.Screen);
         return;
     }
+    if (const auto left = left_.find(now.Screen); left != left_.end() && HoldSameData(now, left->second)) {
+        folder_.GoOn(now.Screen);  // the other data have been undone
+        written_[now.Screen] = std::move(left->second);
+        left_.erase(left);
+        kept_[now.Screen] = true;
+        return;
+    }
+    const auto before = written_.find(now.Screen);
     if (before != written_.end() && HoldSameData(now, before->second)) {
         return;
     }
     kept_[now.Screen] = false;
     if (folder_.Write(now)) {
         written_[now.Screen] = now;
+        left_.erase(now.Screen);
         kept_[now.Screen] = true;
     }
 }
@@ -112,17 +123,29 @@ void KeptStore::KeepNow(const KeptScreen& now, const KeptScreen* inFile) {
 void KeptStore::StartAnother(const std::string& screen) {
     Post({.Screen = "", .Work = [this, screen] {
               folder_.StartAnother(screen);
-              written_.erase(screen);
+              if (const auto last = written_.find(screen); last != written_.end()) {
+                  left_[screen] = std::move(last->second);
+                  written_.erase(last);
+              }
               kept_.erase(screen);
           }});
 }
 
 void KeptStore::Forget(const std::string& screen) {
-    Post({.Screen = "", .Work = [this, screen] {
-              folder_.Forget(screen);
-              written_.erase(screen);
-              kept_.erase(screen);
+    Post({.Screen = "", .Work = [this, screen] { ForgetNow(screen); }});
+}
+
+void KeptStore::StandsInFile(Snapshot now) {
+    Post({.Screen = "", .Work = [this, now = std::move(now)] {
+              ForgetNow(now->Screen);
+              folder_.ForgetCopies(*now);
           }});
+}
+
+void KeptStore::ForgetNow(const std::string& screen) {
+    folder_.Forget(screen);
+    written_.erase(screen);
+    kept_.erase(screen);
 }
 
 std::optional<KeptOffer> KeptStore::Newest(const std::string& screen, const KeptFolder::Test& fits) {
@@ -136,11 +159,15 @@ void KeptStore::Take(const KeptOffer& offer) {
     Post({.Screen = "", .Work = [this, offer] {
               folder_.Take(offer);
               written_.erase(offer.Data.Screen);
+              left_.erase(offer.Data.Screen);
           }});
 }
 
 void KeptStore::Decline(const KeptOffer& offer) {
-    Post({.Screen = "", .Work = [this, offer] { folder_.Decline(offer); }});
+    Post({.Screen = "", .Work = [this, offer] {
+              folder_.Decline(offer);
+              left_.erase(offer.Data.Screen);
+          }});
 }
 
 }  // namespace zirvo

@@ -31,9 +31,14 @@ public:
     /// holds the same as a file of the user's, it is forgotten.
     /// @param inFile  what stands in a file of the user's, imported or saved; may be nullptr
     void Keep(Snapshot now, Snapshot inFile);
+    /// The same of data that have come back by undoing: no later Keep makes it needless, since it may tell that the
+    /// other data were none.
+    void KeepUndone(Snapshot now, Snapshot inFile);
     /// See KeptFolder.
     void StartAnother(const std::string& screen);
     void Forget(const std::string& screen);
+    /// What stands on a screen stands in a file of the user's too, and no copy of it needs be kept.
+    void StandsInFile(Snapshot now);
     std::optional<KeptOffer> Newest(const std::string& screen, const KeptFolder::Test& fits);
     void Take(const KeptOffer& offer);
     void Decline(const KeptOffer& offer);
@@ -52,11 +57,14 @@ private:
     void Post(Job job);
     void Run();
     void KeepNow(const KeptScreen& now, const KeptScreen* inFile);
+    void ForgetNow(const std::string& screen);
 
     // The worker's own.
     KeptFolder folder_;
     std::map<std::string, KeptScreen> written_;  ///< by screen: what its last file holds
-    std::map<std::string, bool> kept_;           ///< by screen with data that stand in no file: whether it is written
+    std::map<std::string, KeptScreen>
+        left_;                          ///< by screen: the same of data that others follow, until they are written
+    std::map<std::string, bool> kept_;  ///< by screen with data that stand in no file: whether it is written
 
     // Shared, under the mutex.
     std::mutex mutex_;

@@ -34,7 +34,7 @@ void FillRow(forms::MSFlexGrid& grid, int row, std::initializer_list<double> val
 void PlaceCount(double left, double top, double barHeight, int highest, forms::Label& name, forms::Label& value,
                 forms::VScrollBar& bar) {
     constexpr double width = CountColumnWidth;
-    Place(name, left, top, width, 16);
+    Place(name, left + 4, top, width - 8, 16);  // headings side by side keep apart where they are condensed
     Place(value, left + 7, top + 18, width - 14, 18);
     Place(bar, left + 25, top + 40, 24, barHeight);
     name.Align = forms::Alignment::Center;
@@ -101,6 +101,8 @@ void DataScreen::Bind(DataControls controls) {
         rowNames.push_back(table.RowName);
     }
     editing_.emplace(*this, std::move(tables), std::move(rowNames), editor_);
+    editing_->DataGo = [this] { StartOtherData(); };
+    editing_->DataAreBack = [this] { DataComeBack(); };
     Shortcut = [this](const forms::KeyStroke& stroke) { return editing_->Key(stroke); };
 }
 

@@ -173,6 +173,7 @@ private:
     void BindTable(const DataTable& table);
     void BeginKeeping();
     void StartOtherData();   ///< before the first of the data that stand here goes
+    void DataComeBack();     ///< by undoing
     void DataStandInFile();  ///< what stands here has been read from a file or written to one
     void FillFrom(const KeptScreen& kept);
     void BeginUpdate();

@@ -38,6 +38,12 @@ void DataScreen::DataStandInFile() {
     }
 }
 
+void DataScreen::DataComeBack() {
+    if (kept_ != nullptr) {
+        kept_->ComeBack();
+    }
+}
+
 void DataScreen::Form_Unload() {
     if (kept_ != nullptr) {
         kept_->KeepNow();

@@ -45,6 +45,7 @@ void KeptData::Begin(int units, Int16 languageBase, Fill fill) {
     units_ = units;
     languageBase_ = languageBase;
     fill_ = std::move(fill);
+    inFile_.reset();
     store_.StartAnother(form_.Name());
     form_.ControlsChanged = [this] { Changed(); };
     form_.App().DispatchBehind([this, alive = std::weak_ptr<const void>(life_)] {
@@ -70,11 +71,19 @@ void KeptData::Changed() {
 }
 
 void KeptData::KeepNow() {
+    HandIn(&KeptStore::Keep);
+}
+
+void KeptData::ComeBack() {
+    HandIn(&KeptStore::KeepUndone);
+}
+
+void KeptData::HandIn(Handing handing) {
     if (IsBlank()) {
         return;  // what was kept before somebody took the last row away stays
     }
     try {
-        store_.Keep(std::make_shared<KeptScreen>(Taken()), inFile_);
+        (store_.*handing)(std::make_shared<KeptScreen>(Taken()), inFile_);
     } catch (const std::exception&) {  // no memory for a copy: the data themselves are there, and go on
         return;
     }
@@ -88,12 +97,11 @@ void KeptData::KeepForTheEnd() {
 void KeptData::StartAnother() {
     KeepNow();
     store_.StartAnother(form_.Name());
-    inFile_.reset();
 }
 
 void KeptData::StandsInFile() {
     inFile_ = std::make_shared<KeptScreen>(Taken());
-    store_.Forget(form_.Name());
+    store_.StandsInFile(inFile_);
 }
 
 bool KeptData::IsBlank() const {

@@ -44,6 +44,8 @@ public:
     void StartAnother();
     /// What stands on the screen now stands in a file of the user's too: there is nothing to keep before it changes.
     void StandsInFile();
+    /// What stands on the screen has come back by undoing: where it is what went last, no other data have begun.
+    void ComeBack();
     /// Hands what stands on the screen to the store.
     void KeepNow();
     /// The same, and it is on the disk behind this call, if it can be.
@@ -57,6 +59,8 @@ public:
     static constexpr int KeepAfter = 1000;
 
 private:
+    using Handing = void (KeptStore::*)(KeptStore::Snapshot now, KeptStore::Snapshot inFile);
+    void HandIn(Handing handing);
     void Changed();
     void Offer();
     bool Fits(const KeptScreen& kept) const;
@@ -71,7 +75,7 @@ private:
     int units_ = 0;
     Int16 languageBase_ = 0;
     Fill fill_;
-    KeptStore::Snapshot inFile_;  ///< what the user's file holds; nothing where there is none
+    KeptStore::Snapshot inFile_;  ///< what the user's file holds; nothing where there is none yet
     bool waiting_ = false;        ///< a change waits for its time
     std::shared_ptr<const void> life_ = std::make_shared<char>();
 };

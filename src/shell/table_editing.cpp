@@ -115,7 +115,14 @@ void TableEditing::UndoOrRedo(bool undo) {
         return;
     }
     CloseBox();
+    const bool replaces = undo ? history_.UndoReplaces() : history_.RedoReplaces();
+    if (replaces && DataGo) {
+        DataGo();
+    }
     static_cast<void>(undo ? history_.Undo() : history_.Redo());
+    if (replaces && DataAreBack) {
+        DataAreBack();
+    }
 }
 
 /// In an open box with something selected, that is what is copied.

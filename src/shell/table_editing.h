@@ -21,6 +21,11 @@ public:
     TableEditing(forms::Form& form, std::vector<CountedTable> tables, std::vector<Int16> rowNames,
                  const std::shared_ptr<clsFlexGridEdit>& editor);
 
+    /// Called when undoing or redoing is about to bring the screen of other data, and when it stands there. May be
+    /// empty.
+    std::function<void()> DataGo;
+    std::function<void()> DataAreBack;
+
     /// The language of what it says, from now on.
     void Speak(Int16 languageBase) { languageBase_ = languageBase; }
     /// The first stroke of all: Ctrl with C, V, A, Z or Y. True if that is all there is to do.

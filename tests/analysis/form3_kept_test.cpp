@@ -1,13 +1,9 @@
 // Nothing typed on the data screen goes with the program: what is kept when, what is offered at the next start, and
-// what the answers do. A program that is killed is one whose objects go without a word: what still waits for its time
-// is lost with it.
+// what the answers do. What undoing does to it stands in form3_kept_undo_test.cpp.
 #include <gtest/gtest.h>
 
-#include <memory>
-
-#include "analysis/analysis_screens.h"
+#include "analysis/kept_programs.h"
 #include "base/fault_words.h"
-#include "kept/kept_folder.h"
 #include "platform/clock.h"
 #include "shell/kept_data.h"
 #include "text/version_stamp.h"
@@ -20,50 +16,12 @@ using forms::FocusOf;
 using forms::Press;
 using forms::Type;
 using test::AnalysisScreens;
+using test::Answers;
 using test::ExampleFile;
+using test::Program;
 namespace key = forms::key;
 
-using Answers = std::deque<Answer>;
-
-/// A program from its start to its end.
-struct Program {
-    KeptStore Store;
-    AnalysisScreens Screens;
-
-    explicit Program(const std::string& folder, Answers answers = {}, Int16 language = EnglishBase, int unit = 3)
-        : Store(folder), Screens(language, unit, &Store, std::move(answers)) {}
-
-    Form3& Form() { return Screens.Data(); }
-    /// The times of all that waits have come.
-    void LetTimePass() {
-        Screens.Desktop.RunWaiting();
-        Store.Wait();
-    }
-    /// What was asked while the screen came up.
-    const std::vector<forms::Message>& Asked() const { return Screens.BoxesAtTheStart; }
-    bool IsAsked() const { return !Asked().empty(); }
-};
-
-class Form3Kept : public testing::Test {
-protected:
-    const TemporaryFolder Home;
-    const std::string Folder = Home.Path("kept");
-
-    std::unique_ptr<Program> Start(Answers answers = {}, Int16 language = EnglishBase, int unit = 3) const {
-        return std::make_unique<Program>(Folder, std::move(answers), language, unit);
-    }
-    /// Whether the next program would ask. It is not asked.
-    bool IsSomethingKept() const {
-        KeptFolder next(Folder);
-        return next.Newest("Form3", [](const KeptScreen&) { return true; }).has_value();
-    }
-    /// Data of one layer, load and point, typed and kept; then the program is killed.
-    void TypeAndCrash() const {
-        const auto program = Start();
-        program->Screens.TypeNewData();
-        program->LetTimePass();
-    }
-};
+class Form3Kept : public test::KeptPrograms {};
 
 TEST_F(Form3Kept, WhatWasTypedIsOfferedAndFilledInAfterACrash) {
     TypeAndCrash();

@@ -171,6 +171,32 @@ TEST_F(Undoing, GoesBackAtLeast200Steps) {
     }
 }
 
+// Rows that were added and taken away while the one choice stood would else come back on the screen of the other.
+TEST_F(Undoing, TheChoiceOfOtherDataIsAStepOfItsOwnWhereThereAreNone) {
+    screen.New.UserClick();
+    screen.Bar1.UserRelease(1);
+    screen.Bar1.UserRelease(0);
+    screen.Old.UserClick();
+    EXPECT_EQ(history.UndoSteps(), 4U);
+    EXPECT_TRUE(history.UndoReplaces());
+    EXPECT_FALSE(history.RedoReplaces());
+    history.Undo();
+    EXPECT_TRUE(screen.New.Value);
+    EXPECT_FALSE(screen.Old.Value);
+    EXPECT_EQ(screen.Bar1.Value, 0);
+    EXPECT_TRUE(history.RedoReplaces());
+    EXPECT_FALSE(history.UndoReplaces());
+    history.Undo();
+    EXPECT_EQ(screen.Bar1.Value, 1);
+    screen.Old.UserClick();  // nothing of the one choice is redone on the screen of the other
+    EXPECT_EQ(history.RedoSteps(), 0U);
+    history.Undo();
+    history.Undo();
+    history.Undo();
+    EXPECT_FALSE(screen.New.Value || screen.Old.Value);
+    EXPECT_EQ(screen.Name.Text, "");
+}
+
 TEST_F(Undoing, ForgetsWhereItIsTold) {
     screen.Bar1.UserRelease(2);
     history.Forget();

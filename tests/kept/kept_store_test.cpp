@@ -79,9 +79,39 @@ TEST_F(KeptStores, TheSameDataAfterOthersAreWrittenAgain) {
         KeptStore store(Folder);
         store.Keep(Snapshot("1"), nullptr);
         store.StartAnother("Form3");
+        store.Keep(Snapshot("2"), nullptr);
+        store.StartAnother("Form3");
         store.Keep(Snapshot("1"), nullptr);
     }
     EXPECT_EQ(Files(), 2U);
+    EXPECT_EQ(Next(), "1");
+}
+
+TEST_F(KeptStores, DataThatComeBackBeforeOthersWereKeptGoOnAndLeaveTheEarlierOnesAlone) {
+    {
+        KeptStore store(Folder);
+        store.Keep(Snapshot("1"), nullptr);
+        store.StartAnother("Form3");
+        store.Keep(Snapshot("2"), nullptr);
+        store.StartAnother("Form3");
+        store.StartAnother("Form3");
+        store.KeepUndone(Snapshot("2"), nullptr);  // and at once, before the thread has come to it:
+        store.Keep(Snapshot("3"), nullptr);
+        store.StandsInFile(Snapshot("3"));
+    }
+    EXPECT_EQ(Files(), 1U);
+    EXPECT_EQ(Next(), "1");
+}
+
+TEST_F(KeptStores, WhatStandsInAFileIsNotOfferedAsWhatStoodThereBefore) {
+    {
+        KeptStore store(Folder);
+        store.Keep(Snapshot("1"), nullptr);
+        store.StartAnother("Form3");
+        store.Keep(Snapshot("2"), nullptr);
+        store.StandsInFile(Snapshot("1"));
+    }
+    EXPECT_EQ(Next(), "");
 }
 
 TEST_F(KeptStores, WhatStandsInAFileOfTheUsersIsForgotten) {
