@@ -6,6 +6,7 @@
 
 #include "analysis/analysis_screens.h"
 #include "platform/files.h"
+#include "platform/small_disk.h"
 #include "text/file_helpers.h"
 
 namespace zirvo {
@@ -369,6 +370,46 @@ TEST_F(Form3RealRun, NamesChangedOnTheScreenReachTheFileTheSolverAndTheViewer) {
     EXPECT_TRUE(FileExists("道路.eva"));
     EXPECT_TRUE(FileExists("結果_bre.csv"));
     EXPECT_TRUE(FileExists("主値_san.csv"));
+}
+
+// No room at all, room for the control file and the solver's note, room for the reports and not for their stamped
+// copies: the box names a file of the folder and says that the disk is full, in the solver's words where they are the
+// only ones; the data stand.
+TEST_F(Form3RealRun, ADiskWithoutRoomForTheReportsIsTold) {
+    std::string points;
+    for (int i = 0; i < 400; ++i) {
+        points += "    1               0            0            5\r\n";
+    }
+    const std::string bytes =
+        test::Replaced(test::Replaced(ExampleFile(), "    1               0            0            5\r\n", points),
+                       "  2         1          1\r\n", "  2         1        400\r\n");
+    bool solverSaidIt = false;
+    for (const Int16 languageBase : {JapaneseBase, EnglishBase}) {
+        for (const int spared : {0, 8, 12}) {
+            Start(languageBase, 3);
+            const std::string folder = Screens->Folder.Path("small");
+            const test::SmallDisk disk(folder, 256);
+            if (!disk.IsThere()) {
+                GTEST_SKIP() << "no disk can be mounted here";
+            }
+            Screens->App.Dispatch([&] { Screens->App.Get<Form2>().Label2.Caption = folder; });
+            Screens->Desktop.Answers.push_back(Answer::No);
+            Screens->Import(bytes, "small/Untitled.eva");
+            ASSERT_TRUE(Form().Command7.Enabled);
+            disk.Fill(spared);
+            Screens->Desktop.Forget();
+            Form().Command7.UserClick();
+            EXPECT_EQ(Screens->Desktop.EndStatus, 1) << spared;
+            ASSERT_EQ(Screens->Desktop.Boxes.size(), 1U) << spared;
+            const std::string told = Screens->Desktop.Boxes[0].Text;
+            EXPECT_NE(told.find(": " + folder + "/"), std::string::npos) << spared << told;
+            EXPECT_NE(told.find("Disk full"), std::string::npos) << spared << told;
+            solverSaidIt = solverSaidIt || told.find("\nREASON: could not be written: Disk full") != std::string::npos;
+            EXPECT_EQ(GetFile(folder + "/Untitled.eva"), bytes);
+            ChangeFolder(Screens->Folder.Path());
+        }
+    }
+    EXPECT_TRUE(solverSaidIt);
 }
 
 }  // namespace

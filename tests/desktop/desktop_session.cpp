@@ -39,7 +39,7 @@ std::filesystem::path NewFolder() {
 }  // namespace
 
 DesktopSession::DesktopSession(QSize screen)
-    : folder_(NewFolder()), programs_(folder_ / "bin"), work_(folder_ / "work") {
+    : folder_(NewFolder()), home_(folder_), programs_(folder_ / "bin"), work_(folder_ / "work") {
     const char* path = std::getenv("PATH");
     environment_ = {{"PATH", path == nullptr ? "/usr/bin:/bin" : path},
                     {"HOME", folder_.string()},
@@ -56,6 +56,7 @@ DesktopSession::DesktopSession(QSize screen)
 
 DesktopSession::~DesktopSession() {
     program_.reset();
+    dragSource_.reset();
     clipboard_.reset();
     display_.reset();
     manager_.reset();
@@ -97,8 +98,25 @@ void DesktopSession::Start() {
 }
 
 void DesktopSession::Launch() {
-    program_ = std::make_unique<ChildProcess>(std::vector<std::string>{(programs_ / "zirvo").string()}, environment_,
-                                              work_.string(), -1, Complaints());
+    std::vector<std::string> arguments = asUser_;
+    arguments.push_back((programs_ / "zirvo").string());
+    program_ = std::make_unique<ChildProcess>(arguments, environment_, work_.string(), -1, Complaints());
+}
+
+bool DesktopSession::BecomeAnotherUser() {
+    constexpr uid_t nobody = 65534;
+    home_ = folder_ / "home";
+    std::filesystem::create_directory(home_);
+    if (geteuid() != 0 || chown(home_.c_str(), nobody, nobody) != 0 || chown(work_.c_str(), nobody, nobody) != 0) {
+        return false;
+    }
+    std::filesystem::permissions(folder_, std::filesystem::perms(0755));
+    const std::string number = std::to_string(nobody);
+    asUser_ = {"setpriv", "--reuid", number, "--regid", number, "--clear-groups"};
+    environment_["HOME"] = home_.string();
+    environment_["XDG_RUNTIME_DIR"] = home_.string();
+    environment_["XDG_STATE_HOME"] = StateFolder().string();
+    return true;
 }
 
 void DesktopSession::Kill() {
@@ -183,7 +201,7 @@ void DesktopSession::Key(const std::string& keys) {
 }
 
 void DesktopSession::Type(const std::string& text) {
-    Tool({"xdotool", "type", "--delay", "5", text});
+    Tool({"xdotool", "type", "--delay", "5", "--", text});
 }
 
 QRect DesktopSession::OnScreen(const std::string& form, const std::string& control) {
@@ -239,6 +257,44 @@ void DesktopSession::PressAt(const std::string& form, const std::string& control
 
 void DesktopSession::Release() {
     Tool({"xdotool", "mouseup", "1"});
+}
+
+void DesktopSession::Drag(const std::filesystem::path& file) {
+    dragSource_.reset();
+    std::filesystem::remove(folder_ / "drag-notes");
+    const QPoint corner = display_->Screen().bottomRight() - QPoint(60, 30);
+    dragSource_ = std::make_unique<ChildProcess>(
+        std::vector<std::string>{ZIRVO_DRAG_SOURCE, file.string(), (folder_ / "drag-notes").string(),
+                                 std::to_string(corner.x()), std::to_string(corner.y())},
+        environment_);
+    WaitForDragNote("ready");
+    const auto moveTo = [&](QPoint at) {
+        Tool({"xdotool", "mousemove", std::to_string(corner.x() + at.x()), std::to_string(corner.y() + at.y())});
+    };
+    // It may take its window a while to be there: until then a press is nobody's.
+    WaitFor("the file to be dragged", [&] {
+        moveTo({30, 15});
+        Tool({"xdotool", "mousedown", "1"});
+        moveTo({24, 12});
+        moveTo({20, 10});
+        if (DragNotes().find("dragging\n") == std::string::npos) {
+            std::this_thread::sleep_for(BetweenLooks);
+        }
+        const bool dragging = DragNotes().find("dragging\n") != std::string::npos;
+        if (!dragging) {
+            Release();
+        }
+        return dragging;
+    });
+}
+
+std::string DesktopSession::DragNotes() const {
+    std::ifstream in(folder_ / "drag-notes");
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void DesktopSession::WaitForDragNote(const std::string& note) {
+    WaitFor("a drag that is " + note, [&] { return DragNotes().find(note + "\n") != std::string::npos; });
 }
 
 void DesktopSession::TurnWheel(const std::string& form, const std::string& control, int notches) {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "desktop/child_process.h"
 #include "desktop/control_places.h"
@@ -29,8 +30,11 @@ public:
     const std::filesystem::path& WorkFolder() const { return work_; }
 
     /// The folder in which the program keeps its state; made by itself.
-    std::filesystem::path StateFolder() const { return folder_ / "state"; }
+    std::filesystem::path StateFolder() const { return home_ / "state"; }
 
+    /// From now on the program is run by a user who may not write in its folder, with a home of his own. False where
+    /// the user of the test cannot become another.
+    bool BecomeAnotherUser();
     /// Starts the program and waits for its first screen.
     void Start();
     /// Starts the program and waits for nothing.
@@ -57,6 +61,12 @@ public:
     void PressAt(const std::string& form, const std::string& control, QPoint at);
     void MoveTo(const std::string& form, const std::string& control, QPoint at);
     void Release();
+    /// Another program drags that file: behind this call the mouse holds it. MoveTo takes it over a control, Release
+    /// lets it go.
+    void Drag(const std::filesystem::path& file);
+    /// What the other program has noted of it so far, see drag_source.cpp.
+    std::string DragNotes() const;
+    void WaitForDragNote(const std::string& note);
     /// Notches of the wheel over a control, downwards.
     void TurnWheel(const std::string& form, const std::string& control, int notches);
     /// Keys as xdotool names them: "Return", "Tab", "shift+Tab", "Down".
@@ -88,13 +98,16 @@ private:
     QRect OnScreen(const std::string& form, const std::string& control);
 
     std::filesystem::path folder_;
+    std::filesystem::path home_;
     std::filesystem::path programs_;
     std::filesystem::path work_;
+    std::vector<std::string> asUser_;  ///< in front of the program
     Environment environment_;
     std::unique_ptr<ChildProcess> server_;
     std::unique_ptr<ChildProcess> manager_;
     std::unique_ptr<ChildProcess> program_;
     std::unique_ptr<XDisplay> display_;
+    std::unique_ptr<ChildProcess> dragSource_;
     std::unique_ptr<ChildProcess> clipboard_;  ///< the program that holds what has been put there
     std::unique_ptr<ControlPlaces> places_;
 };

@@ -125,6 +125,41 @@ TEST(FirstScreens, TheFolderDialogThatIsCancelledChangesNothing) {
     EXPECT_FALSE(std::filesystem::exists(session.ProgramFolder() / "zirvo_sv.ini"));
 }
 
+TEST(FirstScreens, WhereTheProgramsFolderCannotBeWrittenABoxNamesTheUsersOwnOnce) {
+    DesktopSession session;
+    if (!session.BecomeAnotherUser()) {
+        GTEST_SKIP() << "only root can become another user";
+    }
+    session.Launch();
+    session.WaitForWindow("MessageBox");
+    session.AnswerBox();
+    session.WaitForWindow("Form1");
+    session.Click("Form1", "Option2");
+    session.Language(forms::Language::English);
+    session.Key("Return");
+    session.WaitForWindow("Form2");
+    session.Click("Form2", "Command1");
+    session.GivePath("FolderDialog", session.WorkFolder().string());
+    session.WaitForWindow("Form2");
+    session.Click("Form2", "Option3");
+    session.Click("Form2", "Option4");
+    session.Key("Return");
+    session.WaitForWindow("Form3");
+    session.Click("Form3", "Command9");
+    EXPECT_EQ(session.WaitForExit(), 0);
+    EXPECT_EQ(BytesOf(session.StateFolder() / "zirvo" / "zirvo_sv.ini"),
+              session.WorkFolder().string() + "\r\n 3 \r\n 1 \r\n");
+    EXPECT_FALSE(std::filesystem::exists(session.ProgramFolder() / "zirvo_sv.ini"));
+
+    session.Start();  // without a box: the settings are there
+    session.Key("Down");
+    session.Key("Return");
+    session.WaitForWindow("Form2");
+    session.Key("Return");
+    session.WaitForWindow("Form3");
+    EXPECT_TRUE(session.IsRunning());
+}
+
 TEST(FirstScreens, SettingsThatAreTooShortEndInTheFaultBoxWithStatusOne) {
     DesktopSession session;
     std::ofstream(session.ProgramFolder() / "zirvo_sv.ini") << session.WorkFolder().string() << "\r\n";
