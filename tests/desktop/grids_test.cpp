@@ -107,6 +107,28 @@ TEST_P(Tables, ATableIsCopiedWithItsHeadings) {
     EXPECT_EQ(session_.Clipboard(), headings + layer + " 1\t5000\t0.35\t15\t0\n" + layer + " 2\t500\t0.4\t\t");
 }
 
+TEST_P(Tables, ATableThatWasCopiedWithItsHeadingsIsPastedBack) {
+    GoTo("Form5", "2");
+    NewData("Form5", {"VScroll1", "VScroll2"});
+    PasteInto("Form5", "MSFlexGrid1", "Label4", Layers);
+    PasteInto("Form5", "MSFlexGrid2", "Label5", Loads);
+    session_.ClickAt("Form5", "MSFlexGrid1", {100, 26});
+    session_.Key("ctrl+a");
+    session_.Key("ctrl+c");
+    const std::string copy = session_.Clipboard();
+    const QImage two = session_.Picture("Form5", "Label4");
+    TypeCount("Form5", "VScroll1", "1");
+    session_.WaitUntilItChanges("Form5", "Label4", two);
+    PasteInto("Form5", "MSFlexGrid1", "Label4", copy + "\n");
+    EXPECT_FALSE(session_.IsShown("MessageBox"));
+    session_.Click("Form5", "Command5");
+    session_.Click("Form5", "Command6");
+    session_.WaitFor("the saved file", [&] { return fs::exists(session_.WorkFolder() / "Untitled.ven"); });
+    const std::string saved = BytesOf("Untitled.ven");
+    EXPECT_NE(saved.find("\r\n         5000             0.35               15               0\r\n"), std::string::npos);
+    EXPECT_NE(saved.find("\r\n          500              0.4\r\n"), std::string::npos);
+}
+
 TEST_P(Tables, ABlockThatCannotBeTypedIsRefusedInABox) {
     GoTo("Form3", "1");
     NewData("Form3", {"VScroll1"});

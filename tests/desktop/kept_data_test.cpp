@@ -142,6 +142,40 @@ TEST_P(KeptDataScreens, ACrashTakesNothingWithItAndNoIsNoLoss) {
     EXPECT_EQ(session_.WaitForExit(), 1);  // the point has its empty cells again, which is error 13
 }
 
+// Ctrl+Z takes the filling back, Ctrl+Y brings it again; a slip on CLEAR FORM costs nothing, and is no data of its own.
+TEST_P(KeptDataScreens, UndoingAndKeptDataGoTogether) {
+    GoThere();
+    session_.WaitForWindow("Form3");
+    TypeAllButThePoint();
+    WaitForTheLastCell("Form3");
+    session_.Kill();
+
+    GoThere();
+    session_.AnswerBox(0);
+    session_.WaitForWindow("Form3");
+    const QImage filled = session_.Picture("Form3", "Label7");
+    session_.Key("ctrl+z");
+    session_.WaitUntilItChanges("Form3", "Label7", filled);
+    session_.Key("ctrl+y");
+    session_.WaitFor("the data again", [&] { return session_.Picture("Form3", "Label7") == filled; });
+    session_.Click("Form3", "Command4");  // CLEAR FORM
+    session_.WaitUntilItChanges("Form3", "Label7", filled);
+    session_.Key("ctrl+z");
+    session_.WaitFor("the data again", [&] { return session_.Picture("Form3", "Label7") == filled; });
+    session_.ClickAt("Form3", "MSFlexGrid3", {110, 26});
+    session_.Key("Home");
+    TypeCells({"1", "0", "0", "15"});
+    session_.Click("Form3", "Command5");
+    session_.Click("Form3", "Command6");
+    session_.WaitFor("the saved file", [this] { return fs::exists(session_.WorkFolder() / "Untitled.eva"); });
+    session_.WaitForWindow("Form3");
+    session_.Click("Form3", "Command9");
+    EXPECT_EQ(session_.WaitForExit(), 0);
+
+    GoThere();
+    QuitFromAFreshScreen("Form3");
+}
+
 TEST_P(KeptDataScreens, TheDataOfAMapComeBackToo) {
     GoThere(2);
     session_.WaitForWindow("Form5");

@@ -3,6 +3,7 @@
 
 #include <QPainter>
 #include <QPen>
+#include <algorithm>
 
 namespace zirvo::widgets {
 namespace {
@@ -134,8 +135,14 @@ void FrameBinding::ShowState() {
 }
 
 std::optional<TextInBox> FrameBinding::TextToFit() const {
-    // The title may be as high as the edge that it stands in.
-    constexpr int highest = 18;
+    // The title may be as high as the edge that it stands in, above the first of what the frame holds.
+    int highest = 18;
+    for (const QObject* child : shown_.children()) {
+        const auto* inside = qobject_cast<const QWidget*>(child);
+        if (inside != nullptr && !inside->isHidden()) {
+            highest = std::min(highest, inside->y());
+        }
+    }
     return TextInBox{.Text = ToQt(frame_.Caption.Get()),
                      .Room = {Place().width() - 2 * FrameBox::TitleIndent, highest}};
 }

@@ -122,6 +122,19 @@ TEST_F(FittedTexts, TheBoxOverACellHasAFrameInTheColourOfWhatIsChosen) {
     EXPECT_NE(image.pixelColor(2, 2), frame);
 }
 
+TEST_F(FittedTexts, ALargeTitleOfAFrameEndsAboveWhatStandsInIt) {
+    auto& window = dynamic_cast<FormWindow&>(Window());
+    window.SetTextScale(2);
+    EXPECT_GT(Find("Frame1").fontMetrics().height(), 16);
+    window.SetTextScale(1);
+    Form().Option1.Top = 240;  // 16 pixels: less than a line in the doubled size
+    window.SetTextScale(2);
+    EXPECT_GT(Find("Frame1").font().pixelSize(), Told().pixelSize());
+    EXPECT_LE(Find("Frame1").fontMetrics().height(), 16);
+    window.SetTextScale(1);
+    EXPECT_EQ(Find("Frame1").font(), Told());
+}
+
 TEST_F(FittedTexts, AllTextsGrowAsFarAsTheirBoxesLetThem) {
     auto& window = dynamic_cast<FormWindow&>(Window());
     window.SetTextScale(2);
