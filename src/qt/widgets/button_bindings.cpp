@@ -7,12 +7,14 @@
 namespace zirvo::widgets {
 namespace {
 
-/// The rectangle that the style gives a caption, in the widget's present size.
+/// The rectangle that the style gives a caption, in the widget's present size, without the pixel at its right edge: the
+/// grey of a last letter would be cut there.
 TextInBox CaptionBeside(const QWidget& widget, const std::string& caption, QSize size, QStyle::SubElement element) {
     QStyleOptionButton option;
     option.initFrom(&widget);
     option.rect = QRect(QPoint(0, 0), size);
-    return {.Text = ToQt(caption), .Room = widget.style()->subElementRect(element, &option, &widget).size()};
+    const QSize room = widget.style()->subElementRect(element, &option, &widget).size() - QSize(1, 0);
+    return {.Text = ToQt(caption), .Room = room};
 }
 
 }  // namespace
