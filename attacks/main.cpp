@@ -1,6 +1,7 @@
 // The attack: random pavements of four families and hill climbing from the worst of them, the solver against the
 // reference. attack [SECONDS] [SEED] [FOLDER]: what breaks a promise or a bound is written to FOLDER; the exit code is
 // then 1.
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
@@ -26,34 +27,40 @@ struct Wishes {
     std::string Plot;
 };
 
+bool Bad(const GroupError& e, double promise) {
+    return !(e.Error <= promise) || !(e.Ratio() <= 1);
+}
+
 /// Writes one find; at most so many of a run, worst kinds tend to come in herds.
 class FindWriter {
 public:
     explicit FindWriter(const Wishes& wishes) : wishes_(wishes) {}
 
-    void Write(const zirvo::solver::Problem& problem, const GroupError& worst, Family family) {
+    /// @param promise  the find is told with all its points where the worst alone shows nothing
+    void Write(const zirvo::solver::Problem& problem, const GroupError& worst, Family family, double promise) {
         constexpr int Most = 20;
         if (count_ == Most) {
             return;
         }
         zirvo::solver::Problem one = problem;
         one.Points = {problem.Points[worst.Point]};
+        const auto alone = Measure(one);
+        if (std::none_of(alone.begin(), alone.end(), [&](const GroupError& e) { return Bad(e, promise); })) {
+            one.Points = problem.Points;
+        }
         const std::string name = "found_" + std::string(NameOf(family)) + "_" + std::to_string(wishes_.Seed) + "_" +
                                  std::to_string(++count_);
         char about[120];
         std::snprintf(about, sizeof about, "group %zu: error %.2e, bound %.2e", worst.Group, worst.Error, worst.Bound);
         std::ofstream(wishes_.Folder + "/" + name + ".json") << CaseText(one, name, about);
         std::printf("FOUND %s: %s\n", name.c_str(), about);
+        std::fflush(stdout);
     }
 
 private:
     const Wishes& wishes_;
     int count_ = 0;
 };
-
-bool Bad(const GroupError& e, double promise) {
-    return !(e.Error <= promise) || !(e.Ratio() <= 1);
-}
 
 /// One random problem, and now and then a climb from its worst point.
 void Round(Family family, Random& random, Tally& tally, FindWriter& finds) {
@@ -67,7 +74,7 @@ void Round(Family family, Random& random, Tally& tally, FindWriter& finds) {
     GroupError worst;
     for (const GroupError& e : errors) {
         if (Bad(e, promise)) {
-            finds.Write(problem, e, family);
+            finds.Write(problem, e, family, promise);
         }
         worst = e.Ratio() > worst.Ratio() ? e : worst;
     }
@@ -76,7 +83,7 @@ void Round(Family family, Random& random, Tally& tally, FindWriter& finds) {
         // A climb may leave its family: what it meets is held to what all legal input is promised.
         const Climbed top = Climb(problem, worst.Point, goal, 30, random, tally, PromiseOf(Family::Extreme));
         if (Bad(top.Worst, PromiseOf(Family::Extreme))) {
-            finds.Write(top.Problem, top.Worst, family);
+            finds.Write(top.Problem, top.Worst, family, PromiseOf(Family::Extreme));
         }
     }
 }

@@ -237,7 +237,8 @@ double ChunkWork::SharpnessAt(const PointDepth& depth, double r, double gap) con
     }
     const auto layer = static_cast<std::size_t>(depth.Layer);
     const double ze = layer == 0 ? 2 * thickness[0] - depth.Z : depth.Z;
-    return r / std::sqrt(gap * gap + ze * ze) + (layer + 1 < thickness.size() ? depth.Z / thickness[layer] : 1);
+    const double inDepth = depth.Source < 0 && layer + 1 < thickness.size() ? depth.Z / thickness[layer] : 1;
+    return r / std::sqrt(gap * gap + ze * ze) + inDepth;
 }
 
 /// One load at points first .. last - 1 of one place, whose sums begin at `sum`.

@@ -1,13 +1,14 @@
 // Bounds of the errors of a level's sums. Sources and their measures, per unit load:
-//   rule: halving the step squares the error of a trapezoid whose integrand is analytic in a strip; the half rule's
-//   error
-//     is known from the even and odd nodes. Its square over the sum's magnitude, or over a unit load where that is
-//     less.
+//   rule: halving the step squares the error of a trapezoid whose integrand is analytic in a strip, as a share of the
+//     size that the integrand has on the strip's edge. The half rule's error is known from the even and odd nodes; that
+//     size is taken as the sum's magnitude, or a unit load where that is less, and as less still, by the fourth root of
+//     the share, since a narrow turn of the kernel may be small on its own.
 //   cut: the last kernels, as a geometric series of the kernel's decay.
 //   window: what it cuts off is beyond a double (wavenumbers.h).
 //   kernels: at one node of each segment they are made once more in two parts; the difference as a share of the
 //     largest kernel of its kind, at its largest among neighbours, stands for its segment.
 //   sum: rounding of kernels, Bessel functions and additions, times the magnitudes.
+//     Both are added without signs inside a segment and as independent errors from segment to segment.
 //   interpolation in r: the two highest Chebyshev coefficients.
 #include <algorithm>
 #include <cmath>
@@ -33,6 +34,12 @@ constexpr double RuleSafety = 2;
 /// Largest of J0 .. J3 from x on.
 double EnvelopeOfAll(double x) {
     return x < 0.8 ? 1 : 0.9 / std::sqrt(x);
+}
+
+/// What a rule is off when its half is off by `half`.
+double RuleError(double half, double scale) {
+    const double share = half / scale;
+    return half * std::min(RuleSafety * share / std::sqrt(std::sqrt(std::min(share, 1.0))), 1 + share);
 }
 
 }  // namespace
@@ -68,10 +75,16 @@ void LevelSum::AddRounding(std::size_t g, std::size_t source, Measures& m) const
         const double size = envelopes_[s];
         const double rounding = size * segmentRounding_[s];
         for (std::size_t kind = 0; kind < Kinds; ++kind) {
+            const double kernel = doubts[s * width + kind] * size;
+            const double sum = magnitudes[s * width + kind] * rounding;
             m.Magnitude[kind] += magnitudes[s * width + kind];
-            m.Kernel[kind] += doubts[s * width + kind] * size;
-            m.Sum[kind] += magnitudes[s * width + kind] * rounding;
+            m.Kernel[kind] += kernel * kernel;
+            m.Sum[kind] += sum * sum;
         }
+    }
+    for (std::size_t kind = 0; kind < Kinds; ++kind) {
+        m.Kernel[kind] = std::sqrt(m.Kernel[kind]);
+        m.Sum[kind] = std::sqrt(m.Sum[kind]);
     }
 }
 
@@ -107,7 +120,7 @@ LevelSum::Measures LevelSum::MeasuresOf(std::size_t g, std::size_t item, std::si
     for (std::size_t kind = 0; kind < Kinds; ++kind) {
         const double unit = (kind % 2 == 1 ? work_.Groups[g].Radius : 1) / m2;
         const double scale = std::min(unit, m.Magnitude[kind]);
-        m.Rule[kind] = scale > 0 ? RuleSafety * half[kind] * half[kind] / scale : 0;
+        m.Rule[kind] = scale > 0 ? RuleError(half[kind], scale) : 0;
     }
     return m;
 }

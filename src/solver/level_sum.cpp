@@ -78,6 +78,15 @@ LevelSum::LevelSum(const LevelWork& work, const RadiusLevel& level, const SumCar
                           depth.FromBottomLow);
             depth.FromBottom = -depth.FromBottom;
             depth.FromBottomLow = -depth.FromBottomLow;
+            // A depth that is the rounded sum of thicknesses is the interface, seen from both ends of the layer: in a
+            // soft one the difference shows.
+            if (depth.FromBottom == 0) {
+                depth.FromTop = layers.Thickness[layer];
+                depth.FromTopLow = 0;
+            } else if (depth.FromTop == 0) {
+                depth.FromBottom = layers.Thickness[layer];
+                depth.FromBottomLow = 0;
+            }
         }
         depths_.push_back(depth);
     }
