@@ -21,7 +21,7 @@ void StampReport(const std::string& report) {
     try {
         MakeStampedCopy(report, StampTemporaryName);
     } catch (RuntimeFault& caught) {
-        if (caught.Number() == fault::FileNotFound) {
+        if (caught.Number() == fault::FileNotFound && caught.About().Name == FullPath(report)) {
             caught.SayInstead(FaultMatter::Report, FullPath(report));
         }
         throw;

@@ -135,16 +135,17 @@ std::string Analysis::FaultReason(const RuntimeFault& caught) const {
     std::string about;
     if (stage_ == Stage::ControlFile && caught.Number() == fault::BadFileName) {
         about = "this name cannot be told to the solver";
+    } else if (stage_ == Stage::ControlFile && caught.About().Matter == FaultMatter::Program) {
+        const std::string& solver = caught.About().Name;
+        about = solver + (FileExists(solver) ? " cannot be started" : " is missing");
     } else if (stage_ == Stage::ControlFile) {
-        const std::string solver = JoinPath(ProgramFolder(), AnalysisSolverName);
-        about = FileExists(solver) ? std::string(ControlFileName) + " cannot be written, or the solver not be started"
-                                   : solver + " is missing";
+        about = std::string(ControlFileName) + " cannot be written";
     } else if (caught.Number() == fault::FileAlreadyExists) {
         about = PathOf(StampTemporaryName) + " is left over from an interrupted run";
-    } else if (caught.Number() == fault::FileNotFound) {
-        about = "the solver left no report";
+    } else if (caught.About().Matter == FaultMatter::Report) {
+        about = "the solver left no report: " + PathOf(FileNameOf(caught.About().Name));
     } else {
-        about = "the reports cannot be finished";
+        about = "the reports cannot be finished: " + caught.About().Name;
     }
     return FaultText(caught) + " (" + about + ")";
 }

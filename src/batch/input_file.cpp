@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/open_file.h"
 #include "solver/io/report_names.h"
 
 namespace zirvo::batch {
@@ -17,7 +18,7 @@ solver::InputError OpenInputFile(const std::string& path, std::ifstream& file) {
         return error;
     }
     if (solver::IsPlainFile(path)) {  // no folder, and no pipe that might never end
-        file.open(name, std::ios::binary);
+        OpenStream(path, file);
     }
     if (!file.is_open()) {
         error.Reason = solver::Word::FileUnreadable;

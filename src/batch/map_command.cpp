@@ -132,6 +132,9 @@ bool Mapping::Solve() {
     console_.Progress(request_.File + ": " + std::string(GetMessage(request_.LanguageBase, MessageComputing)));
     SolveSection(plot_, ProgramFolder(), *MakeProcessService(), {});
     if (!FileExists(SectionReportName)) {
+        if (!plot_.SolverNotStarted.empty()) {
+            return Refuse(solver + " cannot be started");
+        }
         return Refuse("the solver left no report");
     }
     const std::string report = ReadFileBytes(SectionReportName);

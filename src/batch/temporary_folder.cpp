@@ -11,14 +11,19 @@ namespace zirvo::batch {
 namespace {
 
 constexpr int MostTries = 100;
+constexpr int RemovalTries = 3;  // a virus scanner or an indexer may have a file open for a moment
 
 std::filesystem::path MakeFreshFolder() {
     const std::filesystem::path parent = std::filesystem::temp_directory_path();
     std::random_device random;
     for (int tries = 0; tries < MostTries; ++tries) {
         std::filesystem::path folder = parent / ("zirvo-" + std::to_string(random()) + "-" + std::to_string(random()));
-        if (std::filesystem::create_directory(folder)) {  // false where something of that name is there
+        std::error_code error;
+        if (std::filesystem::create_directory(folder, error)) {  // false where something of that name is there
             return folder;
+        }
+        if (error && error != std::errc::interrupted) {
+            throw std::filesystem::filesystem_error("", folder, error);
         }
     }
     throw RuntimeFault(fault::FileAlreadyExists);
@@ -60,7 +65,9 @@ void TemporaryFolder::Remove() {
     if (!folder_.empty()) {
         std::error_code ignored;
         std::filesystem::current_path(std::filesystem::path(std::u8string(earlier_.begin(), earlier_.end())), ignored);
-        std::filesystem::remove_all(folder_, ignored);
+        for (int tries = 0; tries < RemovalTries && std::filesystem::exists(folder_, ignored); ++tries) {
+            std::filesystem::remove_all(folder_, ignored);
+        }
         folder_.clear();
     }
 }

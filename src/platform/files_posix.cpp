@@ -40,7 +40,7 @@ void RequireReadableLength(std::uint64_t length, const std::string& path) {
 /// Moves the file where nothing is; the failure's errno, or 0.
 int RenameWithoutReplacing(const std::string& from, const std::string& to) {
 #ifdef RENAME_NOREPLACE
-    if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
+    if (Uninterrupted([&] { return renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE); }) == 0) {
         return 0;
     }
     if (errno != EINVAL && errno != ENOSYS) {
@@ -51,7 +51,7 @@ int RenameWithoutReplacing(const std::string& from, const std::string& to) {
     if (SomethingIsAt(to)) {
         return EEXIST;
     }
-    return rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+    return Uninterrupted([&] { return rename(from.c_str(), to.c_str()); }) == 0 ? 0 : errno;
 }
 
 std::string FolderOfTheSystem() {
@@ -88,7 +88,7 @@ FileAttributes AttributesOf(const std::string& path) {
 std::string ReadFileBytes(const std::string& path) {
     RequireUsablePath(path);
     // Without waiting: opening a pipe that nobody writes to would never come back.
-    Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    Descriptor file(Uninterrupted([&] { return open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
     if (!file.IsOpen()) {
         RaiseSystemFault(errno, path);
     }
@@ -131,7 +131,9 @@ void RenameFile(const std::string& from, const std::string& to) {
         RaiseSystemFault(errno, from);
     }
     if (const int error = RenameWithoutReplacing(from, to); error != 0) {
-        RaiseSystemFault(error, to);
+        // Missing is the folder of the one, or the other since it was looked at.
+        const bool gone = error == ENOENT && SystemFaultOf(error, to) == fault::FileNotFound;
+        RaiseSystemFault(error, gone ? from : to);
     }
 }
 
@@ -145,7 +147,7 @@ void RemoveFile(const std::string& path) {
     if (S_ISDIR(status.st_mode)) {
         RaiseFileFault(fault::PathAccess, path);
     }
-    if (unlink(path.c_str()) != 0) {
+    if (Uninterrupted([&] { return unlink(path.c_str()); }) != 0) {
         RaiseSystemFault(errno, path);
     }
 }

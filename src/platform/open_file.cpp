@@ -1,6 +1,7 @@
 // Opening files for reading, see open_file.h.
 #include "platform/open_file.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
@@ -9,6 +10,34 @@
 #include "platform/files.h"
 
 namespace zirvo {
+namespace {
+
+/// 70 is what stands for all that has to do with rights.
+int FaultOfOpening(int error) {
+    switch (error) {
+        case ENOENT:
+            return fault::FileNotFound;
+        case ENOMEM:
+        case EMFILE:
+        case ENFILE:
+        case EIO:
+            return fault::DeviceError;
+        default:
+            return fault::PermissionDenied;
+    }
+}
+
+}  // namespace
+
+bool OpenStream(const std::string& path, std::ifstream& file) {
+    const std::filesystem::path name(std::u8string(path.begin(), path.end()));
+    do {
+        errno = 0;
+        file.clear();
+        file.open(name, std::ios::binary);
+    } while (!file.is_open() && errno == EINTR);
+    return file.is_open();
+}
 
 std::ifstream OpenForReading(const std::string& path) {
     if (AttributesOf(path).Directory) {
@@ -21,12 +50,11 @@ std::ifstream OpenForReading(const std::string& path) {
         if (std::filesystem::is_fifo(name, ignored)) {
             RaiseFileFault(fault::PathAccess, path);
         }
-        file.open(name, std::ios::binary);
+        if (!OpenStream(path, file)) {
+            RaiseFileFault(FaultOfOpening(errno), path);
+        }
     } catch (const std::system_error&) {
         RaiseFileFault(fault::BadFileName, path);
-    }
-    if (!file.is_open()) {
-        RaiseFileFault(fault::PermissionDenied, path);
     }
     return file;
 }

@@ -1,5 +1,6 @@
 // Descriptors and the system's own faults on POSIX systems. Called by the POSIX halves of this folder only.
 #pragma once
+#include <cerrno>
 #include <string>
 
 namespace zirvo {
@@ -11,6 +12,16 @@ int SystemFaultOf(int error, const std::string& path);
 
 /// Raises it, about the file.
 [[noreturn]] void RaiseSystemFault(int error, const std::string& path);
+
+/// Makes a call to the system, again and again while a signal interrupts it.
+template <class Call>
+auto Uninterrupted(const Call& call) {
+    auto result = call();
+    while (result < 0 && errno == EINTR) {
+        result = call();
+    }
+    return result;
+}
 
 /// Fault 52 for a path that holds a NUL: the system would cut it there and take another file.
 void RequireUsablePath(const std::string& path);

@@ -10,6 +10,7 @@
 #include "platform/file_lock.h"
 #include "platform/files.h"
 #include "platform/folders.h"
+#include "platform/posix_support.h"
 
 namespace zirvo {
 namespace {
@@ -26,14 +27,11 @@ bool IsAt(const std::string& path, int file) {
 
 /// The descriptor of the locked file, or None.
 std::intptr_t LockedFile(const std::string& path, int flags) {
-    const int file = open(path.c_str(), flags | O_RDWR | O_CLOEXEC | O_NOFOLLOW, 0600);
+    const int file = Uninterrupted([&] { return open(path.c_str(), flags | O_RDWR | O_CLOEXEC | O_NOFOLLOW, 0600); });
     if (file < 0) {
         return None;
     }
-    int locked = 0;
-    do {
-        locked = flock(file, LOCK_EX | LOCK_NB);
-    } while (locked != 0 && errno == EINTR);
+    const int locked = Uninterrupted([&] { return flock(file, LOCK_EX | LOCK_NB); });
     if (locked != 0 || !IsAt(path, file)) {
         close(file);
         return None;
@@ -74,7 +72,7 @@ std::unique_ptr<FileLock> FileLock::OfFile(const std::string& path) {
 }
 
 void FileLock::RemoveFile() {
-    unlink(path_.c_str());
+    Uninterrupted([&] { return unlink(path_.c_str()); });
     Release();
 }
 

@@ -36,9 +36,12 @@ constexpr mode_t PermissionBits = 07777;
 std::string FollowLinks(std::string path) {
     for (int i = 0; i < MostLinks; ++i) {
         std::array<char, PATH_MAX> link{};
-        const ssize_t length = readlink(path.c_str(), link.data(), link.size());
-        if (length < 0) {
+        const ssize_t length = Uninterrupted([&] { return readlink(path.c_str(), link.data(), link.size()); });
+        if (length < 0 && (errno == EINVAL || errno == ENOENT)) {  // no link, or nothing
             return path;
+        }
+        if (length < 0) {
+            RaiseSystemFault(errno, path);
         }
         const std::string target(link.data(), static_cast<std::size_t>(length));
         path = target.front() == '/' ? target : JoinPath(FolderOf(path), target);
@@ -68,7 +71,8 @@ public:
         const NotInterrupted untilItIsNoted;
         for (int attempt = 0; attempt < MostAttempts; ++attempt) {
             path_ = JoinPath(FolderOf(target), TemporaryName(getpid(), ++counter));
-            const int number = open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+            const int number =
+                Uninterrupted([&] { return open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666); });
             if (number >= 0) {
                 file_.Reset(number);
                 lies_ = true;
@@ -101,7 +105,8 @@ public:
         if (const int error = WriteAll(file_.Number(), bytes); error != 0) {
             RaiseSystemFault(error, target_);
         }
-        if (flush == Flush::ToDisk && fsync(file_.Number()) != 0 && errno != EINVAL && errno != ENOTSUP) {
+        if (flush == Flush::ToDisk && Uninterrupted([&] { return fsync(file_.Number()); }) != 0 && errno != EINVAL &&
+            errno != ENOTSUP) {
             RaiseSystemFault(errno, target_);
         }
         if (!file_.Close()) {
@@ -111,8 +116,8 @@ public:
 
     void PutInPlace() {
         const NotInterrupted untilItIsThere;
-        if (rename(path_.c_str(), target_.c_str()) != 0) {
-            RaiseSystemFault(errno, target_);
+        if (Uninterrupted([&] { return rename(path_.c_str(), target_.c_str()); }) != 0) {
+            RaiseSystemFault(errno == ENOENT ? ENOTDIR : errno, target_);  // the folder is gone, and the file with it
         }
         lies_ = false;
     }
@@ -120,7 +125,7 @@ public:
 private:
     void Remove() {
         if (lies_) {
-            unlink(path_.c_str());
+            Uninterrupted([&] { return unlink(path_.c_str()); });
             lies_ = false;
         }
     }
@@ -134,7 +139,7 @@ private:
 
 /// A device or pipe: opened without waiting, then written with waiting.
 void WriteStraight(const std::string& path, std::string_view bytes) {
-    Descriptor device(open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK));
+    Descriptor device(Uninterrupted([&] { return open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK); }));
     if (!device.IsOpen()) {
         RaiseFileFault(fault::PathAccess, path);
     }
@@ -168,7 +173,7 @@ void WriteWholeFile(const std::string& path, std::string_view bytes, Flush flush
     }
     const std::string target = FollowLinks(path);
     if (exists) {
-        const Descriptor probe(open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK));
+        const Descriptor probe(Uninterrupted([&] { return open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK); }));
         if (!probe.IsOpen()) {
             RaiseFileFault(fault::PathAccess, path);
         }

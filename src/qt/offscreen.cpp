@@ -31,7 +31,9 @@ class RuntimeFolder {
 public:
     RuntimeFolder() {
         const NotInterrupted untilItIsNoted;
-        folder_.emplace();
+        for (int tries = 0; tries < MostTries && !(folder_ && folder_->isValid()); ++tries) {
+            folder_.emplace();
+        }
         if (folder_->isValid()) {
             qputenv(Variable, folder_->path().toLocal8Bit());
         }
@@ -49,6 +51,7 @@ public:
     RuntimeFolder& operator=(const RuntimeFolder&) = delete;
 
 private:
+    static constexpr int MostTries = 3;  // else Qt would make the one that stays, had it more luck
     static constexpr const char* Variable = "XDG_RUNTIME_DIR";
 
     std::optional<QTemporaryDir> folder_;

@@ -8,6 +8,7 @@
 
 #include "base/runtime_fault.h"
 #include "platform/code_page.h"
+#include "platform/fault_subject.h"
 #include "platform/files.h"
 #include "platform/interruption.h"
 #include "platform/open_file.h"
@@ -103,6 +104,9 @@ bool IsStamped(const std::string& file) {
     std::ifstream input = OpenForReading(file);
     std::string bytes(front.size(), '\0');
     input.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (input.bad()) {  // what cannot be read is not without a stamp
+        RaiseFileFault(fault::DeviceError, file);
+    }
     return bytes == front;
 }
 

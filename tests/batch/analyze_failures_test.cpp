@@ -133,7 +133,7 @@ TEST_F(AnalyzeFailure, ASolverThatLeavesNoReportIsFaultFiftyThree) {
     std::filesystem::copy_file("/bin/true", programs.Path("ZIRVO_SV12.EXE"));
     const Outcome outcome = Run({.Program = programs.Path("zirvo-batch")});
     EXPECT_EQ(outcome.Code, 1);
-    EXPECT_EQ(outcome.Err, "road.eva: Run-time error '53': File not found (the solver left no report)\n");
+    EXPECT_EQ(outcome.Err, "road.eva: Run-time error '53': File not found (the solver left no report: road.san)\n");
     EXPECT_EQ(Folder.Names(), Lines{"road.eva"});
 }
 

@@ -19,6 +19,7 @@
 
 #include "base/runtime_fault.h"
 #include "platform/files.h"
+#include "platform/open_file.h"
 #include "solver/io/control_file.h"
 #include "solver/io/report_names.h"
 #include "solver/io/reports.h"
@@ -65,8 +66,7 @@ Word OpenForReading(const std::string& name, std::ifstream& file) {
     if (!IsPlainFile(name)) {  // a folder, or a pipe that might never end
         return Word::FileUnreadable;
     }
-    file.open(path, std::ios::binary);
-    return file.is_open() ? Word::None : Word::FileUnreadable;
+    return OpenStream(name, file) ? Word::None : Word::FileUnreadable;
 }
 
 class Run {

@@ -1,0 +1,48 @@
+// One call to the system that fails, chosen by its number: the first, the second, and so on until none is left.
+//
+// How it works    failing_calls.cpp defines open, write, rename and the like itself. A test program that links it calls
+//                 these in place of the system's, the standard library included; so does a real program into which it
+//                 is loaded before all others. The programs themselves know nothing of it and are what users get.
+// What counts     Calls about files in the folders of the test, starts of programs and waits for them, from the moment
+//                 when a FailingCall is made, or in a real program from its beginning.
+#pragma once
+#include <array>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace zirvo::test {
+
+/// What is wrong with the call that fails.
+enum class Trouble { Denied, Full, Gone, Interrupted, NoMemory };
+
+inline constexpr std::array AllTroubles{Trouble::Denied, Trouble::Full, Trouble::Gone, Trouble::Interrupted,
+                                        Trouble::NoMemory};
+
+std::string NameOf(Trouble trouble);
+
+/// While it lives, one call of this process fails.
+class FailingCall {
+public:
+    /// @param folder  and all below it is what counts; a full path
+    /// @param number  of the call, from 1; 0 for none, to count them
+    FailingCall(const std::string& folder, int number, Trouble trouble);
+    ~FailingCall();
+    FailingCall(const FailingCall&) = delete;
+    FailingCall& operator=(const FailingCall&) = delete;
+
+    /// "rename /folder/file"; empty if there were not so many calls.
+    static std::string Failed();
+    /// So many calls have been made since then.
+    static int Calls();
+};
+
+/// The variables of the environment with which a real program has a call that fails.
+/// @param folders  each of them and all below it is what counts
+/// @param program  alone: not what it starts in turn
+/// @param log      file that is written when the call has failed, with what Failed() gives
+std::vector<std::pair<std::string, std::string>> FailingCallOf(const std::string& program,
+                                                               const std::vector<std::string>& folders, int number,
+                                                               Trouble trouble, const std::string& log);
+
+}  // namespace zirvo::test
