@@ -46,7 +46,11 @@ bool MakeNewFolder(const std::string& path) {
     return Succeeds([&] {
         const fs::path folder = PathOf(path);
         std::error_code error;
-        if (!fs::create_directory(folder, error) || error) {
+        bool made = false;
+        do {
+            made = fs::create_directory(folder, error);
+        } while (error == std::errc::interrupted);
+        if (!made || error) {
             return false;
         }
         fs::permissions(folder, fs::perms::owner_all, error);

@@ -1,0 +1,65 @@
+// The same act over and over, each time with another call to the system that fails. Callers: the tests of this folder.
+#pragma once
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "faults/failing_calls.h"
+
+namespace zirvo::test {
+
+/// What has gone wrong, for the judge of what is left.
+struct Failure {
+    std::string Call;  ///< "rename /folder/a /folder/b"
+    Trouble What = Trouble::Denied;
+};
+
+/// @tparam Scene  made anew for each act: Folder() is where the calls count, Act() what is done, Judge(Failure) looks
+///                at what is left, Done() says whether the act went through
+template <class Scene>
+void FailEachCall(const std::function<Scene()>& make) {
+    constexpr int mostCalls = 500;
+    int failures = 0;
+    for (int number = 1; number < mostCalls; ++number) {
+        const int before = failures;
+        for (const Trouble trouble : AllTroubles) {
+            Scene scene = make();
+            std::string call;
+            {
+                const FailingCall failing(scene.Folder(), number, trouble);
+                scene.Act();
+                call = FailingCall::Failed();
+            }
+            if (call.empty()) {
+                continue;
+            }
+            ++failures;
+            const testing::ScopedTrace trace(__FILE__, __LINE__, call + ": " + NameOf(trouble));
+            scene.Judge({.Call = call, .What = trouble});
+            if (trouble == Trouble::Interrupted) {
+                EXPECT_TRUE(scene.Done()) << "an interrupted call is made again";
+            }
+        }
+        if (failures == before) {
+            break;
+        }
+    }
+    EXPECT_GE(failures, 5 * 5) << "hardly a call was seen";
+}
+
+/// No file lies in the folder, or below it, under a name for a moment.
+inline void ExpectNoTemporary(const std::string& folder) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        EXPECT_NE(entry.path().extension(), ".tmp") << entry.path();
+    }
+}
+
+/// The bytes of the old file or of the new one.
+inline void ExpectOldOrNew(const std::string& found, const std::string& old, const std::string& whole, bool done) {
+    EXPECT_TRUE(found == whole || (!done && found == old)) << found;
+}
+
+}  // namespace zirvo::test
