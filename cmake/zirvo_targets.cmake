@@ -13,6 +13,22 @@ if(WIN32)
     target_link_options(zirvo_rules INTERFACE -static)
   endif()
 endif()
+if(ZIRVO_FUZZ)
+  set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O1 -g1")
+  # Each edge of the code counts itself, which is how a fuzzer sees that a file is a new one. Set for all that is compiled,
+  # so that all fuzzers share one build of the libraries. The sanitizers are those of ZIRVO_SANITIZE and one more.
+  if(ZIRVO_FUZZ_COVERAGE)
+    target_compile_options(zirvo_rules INTERFACE -fsanitize=fuzzer-no-link -fprofile-instr-generate -fcoverage-mapping)
+    target_link_options(zirvo_rules INTERFACE -fprofile-instr-generate)
+  else()
+    target_compile_options(zirvo_rules INTERFACE -fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow
+      -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(zirvo_rules INTERFACE -fsanitize=address,undefined)
+  endif()
+  # Classes of two systems have members that one of them alone looks at.
+  target_compile_options(zirvo_rules INTERFACE -Wno-unused-private-field)
+  target_compile_definitions(zirvo_rules INTERFACE _GLIBCXX_ASSERTIONS)
+endif()
 if(ZIRVO_SANITIZE)
   # Little optimising, lines alone for the debugger: the tests run as fast, and all of it builds in half the time. Our own
   # asserts and those of the standard library are on.

@@ -69,6 +69,9 @@ void SumTable::Take(const LevelSum& sum, const RadiusLevel& level, const std::ve
         Block& block = blocks_[index][g];
         const auto stride = static_cast<std::size_t>(strides_[g]);
         block.Columns = sum.Columns(g);
+        if (block.Columns == 0) {
+            continue;  // all of the level's radii are other groups' alone
+        }
         block.Rows.assign(sources_ * block.Columns * stride, 0);
         const int firstRow = groups[g].Vertical ? 0 : VerticalRows;
         const int lastRow = groups[g].Horizontal ? static_cast<int>(RowCount) : VerticalRows;
