@@ -56,6 +56,8 @@ private:
     CLI::App* analyze_;
     CLI::App* map_;
     CLI::App* check_;
+    CLI::App* gear_;
+    CLI::App* lives_;
     bool quiet_ = false;
     std::string file_;
     std::string units_;
@@ -63,8 +65,10 @@ private:
     std::string threads_;
     SolveRequest solveRequest_;
     MapOptions mapOptions_;
+    GearOptions gearOptions_;
+    LivesOptions livesOptions_;
 
-    CLI::App* AddCommand(const char* name, const char* description);
+    CLI::App* AddCommand(const char* name, const char* description, bool takesFile = true);
     void AddCommonFlags(CLI::App& app);
     void AddUnits(CLI::App& app);
     void AddLanguage(CLI::App& app, const char* description);
@@ -77,7 +81,9 @@ Parser::Parser()
       solve_(AddCommand("solve", "Print all results at full precision")),
       analyze_(AddCommand("analyze", "Write reports and comma copies beside the file, as the ANALYZE button does")),
       map_(AddCommand("map", "Draw the strains of a section as a contour map")),
-      check_(AddCommand("check", "Name every row and value that breaks a rule")) {
+      check_(AddCommand("check", "Name every row and value that breaks a rule")),
+      gear_(AddCommand("gear", "Standard axles and aircraft gears as load lines", false)),
+      lives_(AddCommand("lives", "Fatigue and rutting lives from the strains at points", false)) {
     AddCommonFlags(app_);
     app_.require_subcommand(1);
     app_.footer("Exit codes: 0 done, 1 bad input, 2 wrong usage, 130 interrupted (143 by a request to end).");
@@ -103,12 +109,17 @@ Parser::Parser()
     check_->get_option("FILE")
         ->check(JudgeInputExtension)
         ->description("Analysis (.eva) or graphics (.ven) input file");
+
+    gearOptions_.AddTo(*gear_);
+    livesOptions_.AddTo(*lives_);
 }
 
-CLI::App* Parser::AddCommand(const char* name, const char* description) {
+CLI::App* Parser::AddCommand(const char* name, const char* description, bool takesFile) {
     CLI::App* command = app_.add_subcommand(name, description);
     AddCommonFlags(*command);
-    command->add_option("FILE", file_, FileHelp)->required()->type_name("");
+    if (takesFile) {
+        command->add_option("FILE", file_, FileHelp)->required()->type_name("");
+    }
     return command;
 }
 
@@ -132,6 +143,16 @@ void Parser::AddLanguage(CLI::App& app, const char* description) {
         ->type_name("ja|en");
 }
 
+/// The request that the options of a command make, or nothing to do where they do not go together.
+template <class Options>
+Request RequestOfOptions(const Options& options, Console& console) {
+    if (const std::string reason = options.Contradiction(); !reason.empty()) {
+        console.Complain("", reason);
+        return NothingToDo{ExitCode::WrongUsage};
+    }
+    return options.Read();
+}
+
 Request Parser::MapRequestOf(Console& console) const {
     if (const std::string reason = mapOptions_.Contradiction(file_); !reason.empty()) {
         console.Complain("", reason);
@@ -151,6 +172,12 @@ Request Parser::RequestOf(Console& console) {
     }
     if (*map_) {
         return MapRequestOf(console);
+    }
+    if (*gear_) {
+        return RequestOfOptions(gearOptions_, console);
+    }
+    if (*lives_) {
+        return RequestOfOptions(livesOptions_, console);
     }
     if (*check_) {
         return CheckRequest{file_, HasExtension(file_, GraphicsExtension)};

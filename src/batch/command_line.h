@@ -6,6 +6,8 @@
 
 #include "base/int16.h"
 #include "batch/console.h"
+#include "batch/gear_command.h"
+#include "batch/lives_command.h"
 #include "batch/map_options.h"
 #include "pavement/pavement_model.h"
 #include "solver/io/unit_systems.h"
@@ -41,7 +43,8 @@ struct NothingToDo {
     ExitCode Code = ExitCode::Done;
 };
 
-using Request = std::variant<NothingToDo, SolveRequest, AnalyzeRequest, MapRequest, CheckRequest>;
+using Request =
+    std::variant<NothingToDo, SolveRequest, AnalyzeRequest, MapRequest, CheckRequest, GearRequest, LivesRequest>;
 
 /// Reads the command line; tells the console to be quiet where that is asked for, answers --help and --version, and
 /// says what is wrong with a command line that is wrong.

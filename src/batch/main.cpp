@@ -1,4 +1,4 @@
-// zirvo-batch: solving, analyses, maps and checks from the command line.
+// zirvo-batch: solving, analyses, maps, checks and designs from the command line.
 #include <exception>
 #include <new>
 #include <variant>
@@ -7,6 +7,8 @@
 #include "batch/check_command.h"
 #include "batch/command_line.h"
 #include "batch/console.h"
+#include "batch/gear_command.h"
+#include "batch/lives_command.h"
 #include "batch/map_command.h"
 #include "batch/solve_command.h"
 #include "platform/interruption.h"
@@ -24,6 +26,8 @@ struct Work {
     ExitCode operator()(const AnalyzeRequest& request) const { return RunAnalyze(request, Out); }
     ExitCode operator()(const MapRequest& request) const { return RunMap(request, Out); }
     ExitCode operator()(const CheckRequest& request) const { return RunCheck(request, Out); }
+    ExitCode operator()(const GearRequest& request) const { return RunGear(request, Out); }
+    ExitCode operator()(const LivesRequest& request) const { return RunLives(request, Out); }
 };
 
 ExitCode Run(int argumentCount, char** arguments, Console& console) {

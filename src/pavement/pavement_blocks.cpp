@@ -43,14 +43,18 @@ void AppendLayerBlock(std::string& out, std::span<const PavementLayer> layers, U
     }
 }
 
+void AppendLoadRow(std::string& out, const SurfaceLoad& load) {
+    for (std::size_t c = 0; c < LoadColumns; ++c) {
+        AppendColumn(out, load.*LoadFields[c], LoadWidths[c]);
+    }
+    AppendLine(out, "");
+}
+
 void AppendLoadBlock(std::string& out, std::span<const SurfaceLoad> loads, UnitSystem units, Int16 languageBase) {
     AppendHeading(out, languageBase, 71);
     AppendHeading(out, languageBase, LoadFileHeading(units));
     for (std::size_t i = 1; i < loads.size(); ++i) {
-        for (std::size_t c = 0; c < LoadColumns; ++c) {
-            AppendColumn(out, loads[i].*LoadFields[c], LoadWidths[c]);
-        }
-        AppendLine(out, "");
+        AppendLoadRow(out, loads[i]);
     }
 }
 

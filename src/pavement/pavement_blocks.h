@@ -26,6 +26,9 @@ void AppendHeading(std::string& out, Int16 languageBase, Int16 k);
 /// @param layers  1-based: entry 0 is unused
 void AppendLayerBlock(std::string& out, std::span<const PavementLayer> layers, UnitSystem units, Int16 languageBase);
 
+/// One row of a load with its line end.
+void AppendLoadRow(std::string& out, const SurfaceLoad& load);
+
 /// The heading lines and rows of the loads.
 /// @param loads  1-based: entry 0 is unused
 void AppendLoadBlock(std::string& out, std::span<const SurfaceLoad> loads, UnitSystem units, Int16 languageBase);

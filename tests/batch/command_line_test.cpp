@@ -64,7 +64,9 @@ TEST(CommandLine, EveryCommandTellsTheVersion) {
                                                         {"solve", "--version"},
                                                         {"analyze", "--version"},
                                                         {"map", "--version"},
-                                                        {"check", "--version"}}) {
+                                                        {"check", "--version"},
+                                                        {"gear", "--version"},
+                                                        {"lives", "--version"}}) {
         const Outcome outcome = folder.Batch(line);
         EXPECT_EQ(outcome.Code, 0);
         EXPECT_EQ(outcome.Out, "zirvo-batch 2.3\n");
@@ -74,13 +76,19 @@ TEST(CommandLine, EveryCommandTellsTheVersion) {
 
 TEST(CommandLine, EveryCommandHasHelpThatNamesItsOptions) {
     const std::vector<std::pair<Arguments, Arguments>> rows{
-        {{"--help"}, {"solve", "analyze", "map", "check", "--version", "--quiet", "Exit codes"}},
+        {{"--help"}, {"solve", "analyze", "map", "check", "gear", "lives", "--version", "--quiet", "Exit codes"}},
         {{"solve", "--help"}, {"FILE", "--units", "--csv", "--threads", "--estimates", "--quiet", "--version"}},
         {{"analyze", "--help"}, {"FILE", "--units", "--language", "ja|en", "--quiet", "--version"}},
         {{"map", "--help"},
          {"FILE", "--units", "--language", "--section", "xy|xz", "--position", "--layer", "--component", "EPSx|EPSz",
           "--lines", "--items", "--min", "--max", "--size", "WxH", "-o,--output", "--quiet", "--version"}},
         {{"check", "--help"}, {"FILE", "--quiet", "--version"}},
+        {{"gear", "--help"},
+         {"NAME", "--list", "--file", "--units", "--load", "--pressure", "--radius", "--spacing", "--axle-spacing",
+          "--track", "--at", "X,Y", "--angle", "--into", "-o,--output", "--language", "--quiet", "--version"}},
+        {{"lives", "--help"},
+         {"FILE", "--list", "--units", "--life", "NAME:POINTS", "--c", "--voids", "--binder", "--axles", "--keep",
+          "radius|pressure", "--csv", "--quiet", "--version"}},
     };
     const WorkFolder folder;
     for (const auto& [line, words] : rows) {
