@@ -20,7 +20,7 @@ inline void SubtractHalfSpace(Constant nu, Number zeta, Constant a1, Constant a2
 
 /// The field at `distance` (times xi) above a place where it is known; below where the distance is negative.
 inline FieldValues FieldAbove(Constant nu, Number distance, const FieldValues& f) {
-    const Propagator p = PropagatorOf(nu, distance);
+    const Propagator p = PropagatorOf(nu, distance, HyperbolicOf(distance));
     const Number(&m)[4][4] = p.P;
     const Number q = 2.0 * f.Q;  // over mu
     return {m[0][0] * f.U + m[0][1] * f.W + m[0][2] * f.T + m[0][3] * f.S,
@@ -55,6 +55,16 @@ struct ThinField {
     bool TopIsBetter;
 };
 
+/// Displacements at the bottom of a thin layer from the field at its top: two rows of the propagator of -q.
+inline void LedThrough(const Hyperbolic& h, Constant nu, Number q, const FieldValues& top, FieldValues& bottom) {
+    const Constant d = 1.0 / (1.0 - nu);
+    const Number a = h.Cosh, b = h.Sinh;
+    const Number m = q * b * (0.5 * d), n = h.Third * d;
+    const Number nb = b * (nu * d);
+    bottom.U = (a + m) * top.U - (b + n) * top.W + (2.0 * b + n) * top.T - m * top.S;
+    bottom.W = (nb + n) * top.U + (a - m) * top.W + m * top.T + (b * ((1.0 - 2.0 * nu) * d) - n) * top.S;
+}
+
 /// Displacements at the top of a thin layer come from above by continuity or from its own compliance, at its bottom
 /// from its top or from the compliance below, whichever has lost less: below a stiff layer that of a soft film, or of a
 /// spring, turns the rounding of the tractions into displacements out of all proportion.
@@ -72,9 +82,7 @@ inline ThinField ThinFieldOf(const LayerState& s, Constant nu, Number q, const T
     const Vec through = (1 + 2 * share) * carried.Doubt + 2 * share * (Size(top.T) + Size(top.S));
     f.TopIsBetter = LessDoubt(through, below.Doubt);
     if (f.TopIsBetter) {
-        const FieldValues led = FieldAbove(nu, -q, f.Top);
-        f.Bottom.U = led.U;
-        f.Bottom.W = led.W;
+        LedThrough(s.Sums, nu, q, f.Top, f.Bottom);
     }
     carried = {f.Bottom.U, f.Bottom.W, f.TopIsBetter ? through : below.Doubt};
     return f;
@@ -249,8 +257,10 @@ inline void Upwards(const LayeredSystem& system, double radius, Number xi, int b
         // Many layers of one thickness share their exponential, the dearest part of a layer.
         const bool same = i + 1 < bottom && system.Thickness[i] == system.Thickness[i + 1];
         if (s.Thin) {
+            // A layer below with the same thickness is as thin.
+            s.Sums = same ? states[i + 1].Sums : HyperbolicOf(q);
             if (!same || system.Nu[i] != system.Nu[i + 1]) {
-                propagator = PropagatorOf(ConstantOf(system.Nu[i], 0), q);
+                propagator = PropagatorOf(ConstantOf(system.Nu[i], 0), q, s.Sums);
             }
             ThroughThin(propagator, below, s);
         } else {

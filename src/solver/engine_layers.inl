@@ -35,6 +35,12 @@ struct Traction {
     Number T, S, Q;
 };
 
+/// ch q, sh q and (q ch q - sh q) / 2 for |q| <= ThinLimit.
+struct Hyperbolic {
+    Number Cosh, Sinh, Third;
+};
+Hyperbolic HyperbolicOf(Number q);
+
 /// One layer at one vector of nodes.
 struct LayerState {
     bool Thin;
@@ -42,6 +48,7 @@ struct LayerState {
     Number R00, R01, R10, R11, Rho;  // thick
     Number I00, I01, I10, I11, IQ;   // thick: G^-1, mu / g; thin: K^-1
     Compliance Top, Bottom;          // thin
+    Hyperbolic Sums;                 // thin
 };
 
 inline Compliance HalfSpaceCompliance(Constant nu) {
@@ -50,21 +57,14 @@ inline Compliance HalfSpaceCompliance(Constant nu) {
     return {All(-k1), All(-k2), All(-k1), NumberOf(-1.0)};
 }
 
-/// ch q, sh q and (q ch q - sh q) / 2 for |q| <= ThinLimit.
-struct Hyperbolic {
-    Number Cosh, Sinh, Third;
-};
-Hyperbolic HyperbolicOf(Number q);
-
 /// exp(-B q), rows and columns u, w, T, S.
 struct Propagator {
     Number P[4][4];
     Number Cosh, Sinh;
 };
 
-inline Propagator PropagatorOf(Constant nu, Number q) {
+inline Propagator PropagatorOf(Constant nu, Number q, const Hyperbolic& f) {
     const Constant d = 1.0 / (1.0 - nu);
-    const Hyperbolic f = HyperbolicOf(q);
     const Number a = f.Cosh, b = f.Sinh;
     const Number m = q * b * (0.5 * d), n = f.Third * d;
     const Number nb = b * (nu * d);

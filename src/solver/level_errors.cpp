@@ -21,14 +21,13 @@ namespace zirvo::solver {
 
 namespace {
 
-constexpr double AbsoluteGoal = 1e-15;  // error that needs no refinement, in units of the load
-constexpr double RelativeGoal = 5e-12;  // or as a share of the value
+// Errors that need no finer step and no narrower cells: a point that wants more is done again.
+constexpr double AbsoluteGoal = 1e-14;  // in units of the load
+constexpr double RelativeGoal = 2e-11;  // or as a share of the value
 constexpr double TailShare = 0.5;       // of the last two Chebyshev coefficients: what follows them at most
 constexpr double Rounding = 1.1e-16;
 constexpr double SumRounding = 4 * Rounding;  // of a product of kernel and Bessel functions, summed
 constexpr double CellSpread = 2;
-constexpr double SmoothShare =
-    4;  // of the goal that interpolation in r may have: a point that wants more is done again
 constexpr double RuleSafety = 2;
 
 /// Largest of J0 .. J3 from x on.
@@ -158,7 +157,7 @@ bool LevelSum::FinishItem(std::size_t g, std::size_t item) {
             const double unit = (kind % 2 == 1 ? work_.Groups[g].Radius : 1) / m2;
             const double goal = std::max(AbsoluteGoal * unit, RelativeGoal * m.Value[kind]);
             good = good && m.Rule[kind] <= goal;
-            smooth_ = smooth_ && m.Interpolation[kind] <= SmoothShare * goal;
+            smooth_ = smooth_ && m.Interpolation[kind] <= goal;
             auto& error = kind % 2 == 1 ? errors.Displacement : errors.Strain;
             error[kind / 2] =
                 m.Interpolation[kind] + spread * (m.Rule[kind] + m.Cut[kind] + m.Kernel[kind] + m.Sum[kind]);

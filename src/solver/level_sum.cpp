@@ -150,7 +150,8 @@ void LevelSum::PlaceColumns() {
 }
 
 void LevelSum::Sum(int refinement) {
-    rule_ = MakeNodeRule(level_.Range, refinement);
+    rule_ = MakeNodeRule(level_.Range, refinement, work_.Layers.Slips);
+    halvings_ = refinement - care_.FirstRefinement;
     bool horizontal = false;
     for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
         GroupSum& sum = sums_[g];
@@ -162,6 +163,9 @@ void LevelSum::Sum(int refinement) {
         sum.Tail.assign(kinds, 0);
         sum.Magnitude.clear();
         sum.Doubt.clear();
+        if (halvings_ == 0) {
+            sum.Shares.clear();
+        }
         sum.Deepest = static_cast<int>(work_.Layers.M2.size()) - 1;
         horizontal = horizontal || work_.Groups[g].Horizontal;
     }
@@ -207,17 +211,22 @@ void LevelSum::MakeKernels(double radius, bool vertical, bool horizontal, int no
          raw_.data());
     const auto segments = static_cast<std::size_t>((nodes + Segment - 1) / Segment);
     const auto width = static_cast<std::size_t>(sources_) * static_cast<std::size_t>(Kinds);
-    if (nodes > ShortBlock || segments == segmentXi_.size()) {
+    const std::size_t firstSegment = segmentXi_.size() - segments;
+    if (halvings_ == 0 && (nodes > ShortBlock || firstSegment == 0)) {
         SampleRounding(radius, vertical, horizontal, nodes, before);
     } else {
-        // The last few nodes of a sum: what share of them is rounding is told by the block before.
+        // What share of a kernel is rounding has been told by the wider step; of the last few nodes of a sum by the
+        // block before.
         for (std::size_t s = 0; s < segments; ++s) {
-            std::copy(sum.LastRounding.begin(), sum.LastRounding.end(),
-                      rounding_.begin() + static_cast<std::ptrdiff_t>(s * width));
+            const std::size_t told = std::min((firstSegment + s) >> halvings_, sum.Shares.size() / width - 1);
+            std::copy_n(sum.Shares.begin() + static_cast<std::ptrdiff_t>(told * width), width,
+                        rounding_.begin() + static_cast<std::ptrdiff_t>(s * width));
         }
     }
-    const auto last = rounding_.begin() + static_cast<std::ptrdiff_t>((segments - 1) * width);
-    sum.LastRounding.assign(last, last + static_cast<std::ptrdiff_t>(width));
+    if (halvings_ == 0) {
+        sum.Shares.insert(sum.Shares.end(), rounding_.begin(),
+                          rounding_.begin() + static_cast<std::ptrdiff_t>(segments * width));
+    }
 }
 
 /// Rounding of the kernels at hand, into rounding_.

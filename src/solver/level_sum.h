@@ -73,7 +73,7 @@ private:
         int FirstTile = 0, Tiles = 0;
         std::vector<double> Total, Difference, Peak, Tail, Magnitude, Doubt;
         int Deepest = 0;
-        std::vector<double> LastRounding;  // of the last segment, per depth and kind
+        std::vector<double> Shares;  // of the kernels that is rounding, per segment, depth and kind; of the widest step
     };
 
     void PlaceColumns();
@@ -99,7 +99,8 @@ private:
     SumCare care_;
     int sources_;
     NodeRule rule_;
-    long nodes_ = 0;  // of the last pass
+    long nodes_ = 0;    // of the last pass
+    int halvings_ = 0;  // of the step, since the first
     bool smooth_ = true;
     std::vector<SumErrors> errors_;      // [group][item][source]
     std::vector<std::size_t> columnOf_;  // of every item of the table

@@ -7,7 +7,8 @@
 namespace zirvo::solver {
 
 namespace {
-constexpr double Margin = 50;              // K: decay of the trapezoid's error in the mapped variable
+constexpr double Margin = 50;  // K: decay of the trapezoid's error in the mapped variable
+constexpr double SlipMargin = 58;
 constexpr double PhaseRange = 40;          // c times the reach
 constexpr double LowShare = 1e-4;          // of the reciprocal thickness: the kernel is constant below
 constexpr double StartBelow = 4;           // the doubly exponential end: exp(-exp(4)) is nothing
@@ -16,14 +17,14 @@ constexpr double CarefulWindowSigma = 16;  // where the step has been halved
 constexpr double WindowMiddle = 6;         // centre and half width of the window in sigmas
 }  // namespace
 
-NodeRule MakeNodeRule(const WaveRange& range, int refinement) {
+NodeRule MakeNodeRule(const WaveRange& range, int refinement, bool slips) {
     NodeRule rule;
     // Few digits, so that nodes are known beyond a double.
     const auto Shortened = [](double x) { return static_cast<double>(static_cast<float>(x)); };
     rule.C = Shortened(std::min(PhaseRange / range.Reach, 0.25 * range.Largest));
     rule.LowEnd = std::min(std::log(LowShare / (range.Thickness * rule.C)), -8.0);
     rule.Start = Shortened(rule.LowEnd - StartBelow);
-    rule.Step = Shortened(2 * 3.14159265358979323846 / (Margin + rule.C * range.Reach));
+    rule.Step = Shortened(2 * 3.14159265358979323846 / ((slips ? SlipMargin : Margin) + rule.C * range.Reach));
     for (int i = 0; i < refinement; ++i) {
         rule.Step *= 0.5;
     }

@@ -30,7 +30,8 @@ struct WaveRange {
 };
 
 /// @param refinement  0, 1, 2: the step is halved so many times.
-NodeRule MakeNodeRule(const WaveRange& range, int refinement);
+/// @param slips  springs bring the kernels' singularities nearer: a step that is somewhat finer spares halving it
+NodeRule MakeNodeRule(const WaveRange& range, int refinement, bool slips = false);
 
 /// Wavenumber at which a windowed sum has ended; infinity without a window.
 double WindowEnd(const NodeRule& rule);
