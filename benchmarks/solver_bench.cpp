@@ -21,6 +21,15 @@ void Road(benchmark::State& state) {
 void DualWheels(benchmark::State& state) {
     Run(state, zirvo::bench::DualWheelWork(), 1);
 }
+// One pavement of a study: solutions a second on one core.
+void SmallStudy(benchmark::State& state) {
+    Run(state, zirvo::bench::SmallStudyWork(), 1);
+    state.SetItemsProcessed(state.iterations());
+}
+void WheelStudy(benchmark::State& state) {
+    Run(state, zirvo::bench::WheelStudyWork(), 1);
+    state.SetItemsProcessed(state.iterations());
+}
 void Gear(benchmark::State& state) {
     Run(state, zirvo::bench::GearWork(), 1);
 }
@@ -48,6 +57,8 @@ void Depths(benchmark::State& state) {
 
 BENCHMARK(Road)->Unit(benchmark::kMillisecond);
 BENCHMARK(DualWheels)->Unit(benchmark::kMillisecond);
+BENCHMARK(SmallStudy)->Unit(benchmark::kMicrosecond);
+BENCHMARK(WheelStudy)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Gear)->Unit(benchmark::kMillisecond);
 BENCHMARK(Limit)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(Scattered)->Unit(benchmark::kMillisecond);

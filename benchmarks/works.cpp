@@ -54,6 +54,24 @@ solver::Problem DualWheelWork() {
     return problem;
 }
 
+solver::Problem SmallStudyWork() {
+    solver::Problem problem;
+    problem.Layers = {{5000, 0.35, 15, 0}, {300, 0.35, 30, 0}, {50, 0.40, 0, 0}};
+    problem.Loads = {{490, 15, 0, 0, 0, 0}};
+    problem.Points = {{1, 0, 0, 15}, {3, 0, 0, 45}};
+    return problem;
+}
+
+solver::Problem WheelStudyWork() {
+    solver::Problem problem = DualWheelWork();
+    problem.Points.clear();
+    for (const double x : {-106.0, -90.0, -74.0, 0.0, 90.0}) {
+        problem.Points.push_back({2, x, 66, 15});
+        problem.Points.push_back({5, x, 66, 65});
+    }
+    return problem;
+}
+
 solver::Problem GearWork() {
     solver::Problem problem;
     for (int i = 0; i < 19; ++i) {

@@ -10,6 +10,12 @@ solver::Problem RoadWork();
 /// (b) five layers, eight wheels, 1000 points: 100 places at 10 depths.
 solver::Problem DualWheelWork();
 
+/// One pavement of a study: three layers, one wheel, below its centre the bottom of layer 1 and the top of layer 3.
+solver::Problem SmallStudyWork();
+
+/// The same with the layers and wheels of (b): five places, at each the bottom of layer 2 and the top of layer 5.
+solver::Problem WheelStudyWork();
+
 /// (c) twenty layers, twenty wheels, 10000 points: 100 places at 100 depths.
 solver::Problem GearWork();
 
