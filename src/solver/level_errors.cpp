@@ -26,7 +26,7 @@ constexpr double AbsoluteGoal = 1e-14;  // in units of the load
 constexpr double RelativeGoal = 2e-11;  // or as a share of the value
 constexpr double TailShare = 0.5;       // of the last two Chebyshev coefficients: what follows them at most
 constexpr double Rounding = 1.1e-16;
-constexpr double SumRounding = 4 * Rounding;  // of a product of kernel and Bessel functions, summed
+constexpr double SumRounding = 2.5 * Rounding;  // of a product of kernel and Bessel functions
 constexpr double CellSpread = 2;
 constexpr double RuleSafety = 2;
 
