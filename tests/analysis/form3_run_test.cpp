@@ -263,6 +263,19 @@ TEST_F(Form3Run, AFileInTheWayIsNamed) {
                                       "\nA file of this name is in the way. Please move or delete it."));
 }
 
+TEST(Form3RunInJapanese, AFileInTheWayIsNamed) {
+    AnalysisScreens screens(JapaneseBase);
+    screens.ImportAndAnswer(Answer::No);
+    PutFile("ZIRVO_SV.TMP", "of an interrupted run");
+    screens.Desktop.Forget();
+    screens.Data().Command7.UserClick();
+    ASSERT_EQ(screens.Desktop.Boxes.size(), 1U);
+    EXPECT_NE(screens.Desktop.Boxes[0].Text.find("ファイル: " + screens.Folder.Path("ZIRVO_SV.TMP") +
+                                                 "\n同じ名前のファイルが残っています。移動するか削除してください。"),
+              std::string::npos)
+        << screens.Desktop.Boxes[0].Text;
+}
+
 TEST_F(Form3Run, AFileThatMayNotBeWrittenIsNamed) {
     Import();
     std::filesystem::create_directory("Initial_File");

@@ -1,6 +1,8 @@
 // The same act over and over, each time with another call to the system that fails. Callers: the tests of this folder.
 #pragma once
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -48,6 +50,35 @@ void FailEachCall(const std::function<Scene()>& make) {
         }
     }
     EXPECT_GE(failures, 5 * 5) << "hardly a call was seen";
+}
+
+/// The act in a process that is killed before each call in turn.
+/// @tparam Scene  Whole() says whether the file is the old one or the new one, whole; behind a kill the act must go
+///                through, and Done() say so
+template <class Scene>
+void KillBeforeEachCall(const std::function<Scene()>& make) {
+    constexpr int mostCalls = 500;
+    int number = 1;
+    for (; number < mostCalls; ++number) {
+        Scene scene = make();
+        const pid_t child = fork();
+        if (child == 0) {
+            const FailingCall killing(scene.Folder(), number, Trouble::Killed);
+            scene.Act();
+            _exit(0);
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        const testing::ScopedTrace trace(__FILE__, __LINE__, "killed before call " + std::to_string(number));
+        EXPECT_TRUE(scene.Whole());
+        scene.Act();
+        EXPECT_TRUE(scene.Done()) << "the next one works";
+        EXPECT_TRUE(scene.Whole());
+        if (!WIFSIGNALED(status)) {
+            break;
+        }
+    }
+    EXPECT_GT(number, 5) << "hardly a call was seen";
 }
 
 /// No file lies in the folder, or below it, under a name for a moment.

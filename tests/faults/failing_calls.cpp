@@ -17,6 +17,7 @@
 #include <atomic>
 #include <cerrno>
 #include <climits>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <string_view>
@@ -117,6 +118,9 @@ int ErrorOf(const char* call, const std::string& what, int full, int gone) {
             return gone;
         case Trouble::Interrupted:
             return EINTR;
+        case Trouble::Killed:
+            kill(getpid(), SIGKILL);
+            break;
         case Trouble::NoMemory:
             break;
     }
@@ -171,7 +175,7 @@ __attribute__((constructor)) void TakePlanOfEnvironment() {
 }  // namespace
 
 std::string NameOf(Trouble trouble) {
-    constexpr std::array names{"denied", "full", "gone", "interrupted", "no memory"};
+    constexpr std::array names{"denied", "full", "gone", "interrupted", "no memory", "killed"};
     return names.at(static_cast<std::size_t>(trouble));
 }
 

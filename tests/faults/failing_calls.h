@@ -14,7 +14,14 @@
 namespace zirvo::test {
 
 /// What is wrong with the call that fails.
-enum class Trouble { Denied, Full, Gone, Interrupted, NoMemory };
+enum class Trouble {
+    Denied,
+    Full,
+    Gone,
+    Interrupted,
+    NoMemory,
+    Killed,  ///< the process ends before the call, as by SIGKILL
+};
 
 inline constexpr std::array AllTroubles{Trouble::Denied, Trouble::Full, Trouble::Gone, Trouble::Interrupted,
                                         Trouble::NoMemory};

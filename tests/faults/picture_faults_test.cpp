@@ -19,7 +19,7 @@ constexpr const char* Old = "old";
 
 void DrawALine(PlotSurface& surface) {
     surface.Cls();
-    surface.Line(10, 10, 90, 90, 0x0000FF);
+    surface.Line(10, 10, 90, 90, Color{255, 0, 0});
 }
 
 /// The bytes of a picture and how it is written.

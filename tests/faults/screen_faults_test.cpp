@@ -71,6 +71,7 @@ struct SavedData {
         Screens->Desktop.Answers.clear();
     }
     bool Done() const { return !Screens->Desktop.EndStatus; }
+    bool Whole() const { return GetFile("road.eva") == Old || GetFile("road.eva") == ExampleFile(); }
     void Judge(const Failure& /*failure*/) const {
         ExpectOldOrNew(GetFile("road.eva"), Old, ExampleFile(), Done());
         ExpectNoTemporary(Folder());
@@ -82,6 +83,10 @@ struct SavedData {
 
 TEST(ScreenFault, SaveDataOverAnOldFileLeavesItOrTheNewOne) {
     FailEachCall<SavedData>([] { return SavedData(); });
+}
+
+TEST(ScreenFault, SaveDataThatIsKilledLeavesTheOldFileOrTheNewOne) {
+    KillBeforeEachCall<SavedData>([] { return SavedData(); });
 }
 
 /// ANALYZE with the solver itself.
@@ -182,8 +187,10 @@ struct SavedSettings {
     std::string Folder() const { return Program->Path(); }
     void Act() const { Run->App.Get<Form2>().Command4.UserClick(); }
     bool Done() const { return !Desktop->EndStatus; }
+    std::string NewBytes() const { return Work->Path() + "\r\n 1 \r\n 1 \r\n"; }
+    bool Whole() const { return Program->Get(SettingsName) == OldBytes || Program->Get(SettingsName) == NewBytes(); }
     void Judge(const Failure& /*failure*/) const {
-        ExpectOldOrNew(Program->Get(SettingsName), OldBytes, Work->Path() + "\r\n 1 \r\n 1 \r\n", Done());
+        ExpectOldOrNew(Program->Get(SettingsName), OldBytes, NewBytes(), Done());
         ExpectNoTemporary(Folder());
         if (!Done()) {
             ExpectTold(*Desktop, SettingsName, Folder());
@@ -193,6 +200,10 @@ struct SavedSettings {
 
 TEST(ScreenFault, NextLeavesTheSettingsOldOrNew) {
     FailEachCall<SavedSettings>([] { return SavedSettings(); });
+}
+
+TEST(ScreenFault, NextThatIsKilledLeavesTheSettingsOldOrNew) {
+    KillBeforeEachCall<SavedSettings>([] { return SavedSettings(); });
 }
 
 /// Kept data: whatever cannot be written is not kept, and that is all.
