@@ -179,6 +179,9 @@ def screens():
     graphics.click(map_screen, "Command7", 5).click(map_screen, "Option4").type("0").click(map_screen, "Command10", 0, 0)
     graphics.click(map_screen, "Command8").click(map_screen, "Command2", 0)
     put("screens", "graphics", graphics.bytes)
+    # One after the other over the same files; each program but the last is left by QUIT.
+    visits = analysis.bytes + graphics.click("graphics/form5.h", "Command9").bytes + typed.bytes
+    put("screens", "all", visits + Visit(keeps=True).settings("Option4").act(12, 0).bytes)
     put("screens", "first", Visit().click("shell/form1.h", "Option2").click("shell/form1.h", "Command3").strike("escape").bytes)
 
 

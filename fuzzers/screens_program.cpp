@@ -133,7 +133,8 @@ void RandomSolver::Close(std::intptr_t handle) {
 }
 
 ScreensProgram::ScreensProgram(ByteSource& source, const ProgramFolders& folders, bool keeps)
-    : Desktop(source,
+    : Folders(folders),
+      Desktop(source,
               {folders.Work + "/Untitled.eva", folders.Work + "/Untitled.ven", folders.Work + "/road.eva",
                folders.Work + "/road.ven", folders.Work + "/picture", folders.Work + "/picture.svg",
                folders.Other + "/road.eva", folders.Work, "road.eva", ""},

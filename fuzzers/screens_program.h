@@ -48,6 +48,7 @@ class ScreensProgram {
 public:
     ScreensProgram(ByteSource& source, const ProgramFolders& folders, bool keeps);
 
+    const ProgramFolders& Folders;
     RandomDesktop Desktop;
     std::unique_ptr<KeptStore> Kept;  ///< nothing where nothing is kept; outlives the forms
     forms::Application App{Desktop};

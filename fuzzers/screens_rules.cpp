@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <string>
 
 #include "base/utf8.h"
@@ -196,6 +197,15 @@ void RequireForm6(const Form6& form) {
     Require(form.Command2.Enabled || form.Command9.Enabled, "Form6: there is a way out");
 }
 
+/// Files are written under a temporary name, which is gone behind the act.
+void RequireNoTemporary(const std::string& folder) {
+    std::error_code gone;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, gone)) {
+        const std::string name = entry.path().filename().string();
+        Require(!name.starts_with(".zirvo-"), "no temporary file is left behind");
+    }
+}
+
 template <class Screen>
 void RequireIfLoaded(ScreensProgram& program, void (*rules)(const Screen&)) {
     if (const Screen* form = program.Loaded<Screen>()) {
@@ -206,6 +216,8 @@ void RequireIfLoaded(ScreensProgram& program, void (*rules)(const Screen&)) {
 }  // namespace
 
 void RequireRules(ScreensProgram& program) {
+    RequireNoTemporary(program.Folders.Work);
+    RequireNoTemporary(program.Folders.Program);
     if (program.App.HasEnded()) {
         Require(program.Desktop.EndStatus.has_value(), "a program that has ended has told so");
         Require((*program.Desktop.EndStatus == 1) == program.Desktop.FaultShown,

@@ -236,6 +236,10 @@ void RunInput(std::string_view bytes) {
         finite = finite && known;
         RequireOf(!known || (one.Values == threads.Points[p].Values && one.Estimates == threads.Points[p].Estimates),
                   problem, "the number of threads does not change a bit");
+        RequireOf(some.Kind != Sizes::Realistic ||
+                      std::all_of(one.Estimates.begin(), one.Estimates.end(),
+                                  [](double estimate) { return estimate <= solver::PromisedError; }),
+                  problem, "the answer of a road is as good as promised");
         RequireOf(known || std::all_of(one.Estimates.begin(), one.Estimates.end(),
                                        [](double estimate) { return std::isinf(estimate); }),
                   problem, "where there is no number the estimate says so");
