@@ -58,6 +58,7 @@ private:
     CLI::App* check_;
     CLI::App* gear_;
     CLI::App* lives_;
+    CLI::App* study_;
     bool quiet_ = false;
     std::string file_;
     std::string units_;
@@ -67,6 +68,7 @@ private:
     MapOptions mapOptions_;
     GearOptions gearOptions_;
     LivesOptions livesOptions_;
+    StudyOptions studyOptions_;
 
     CLI::App* AddCommand(const char* name, const char* description, bool takesFile = true);
     void AddCommonFlags(CLI::App& app);
@@ -83,7 +85,8 @@ Parser::Parser()
       map_(AddCommand("map", "Draw the strains of a section as a contour map")),
       check_(AddCommand("check", "Name every row and value that breaks a rule")),
       gear_(AddCommand("gear", "Standard axles and aircraft gears as load lines", false)),
-      lives_(AddCommand("lives", "Fatigue and rutting lives from the strains at points", false)) {
+      lives_(AddCommand("lives", "Fatigue and rutting lives from the strains at points", false)),
+      study_(AddCommand("study", "Thousands of pavements from one: what varies, what is kept, a chart of it", false)) {
     AddCommonFlags(app_);
     app_.require_subcommand(1);
     app_.footer("Exit codes: 0 done, 1 bad input, 2 wrong usage, 130 interrupted (143 by a request to end).");
@@ -112,6 +115,7 @@ Parser::Parser()
 
     gearOptions_.AddTo(*gear_);
     livesOptions_.AddTo(*lives_);
+    studyOptions_.AddTo(*study_);
 }
 
 CLI::App* Parser::AddCommand(const char* name, const char* description, bool takesFile) {
@@ -178,6 +182,9 @@ Request Parser::RequestOf(Console& console) {
     }
     if (*lives_) {
         return RequestOfOptions(livesOptions_, console);
+    }
+    if (*study_) {
+        return RequestOfOptions(studyOptions_, console);
     }
     if (*check_) {
         return CheckRequest{file_, HasExtension(file_, GraphicsExtension)};

@@ -9,6 +9,7 @@
 #include "batch/gear_command.h"
 #include "batch/lives_command.h"
 #include "batch/map_options.h"
+#include "batch/study_command.h"
 #include "pavement/pavement_model.h"
 #include "solver/io/unit_systems.h"
 
@@ -43,8 +44,8 @@ struct NothingToDo {
     ExitCode Code = ExitCode::Done;
 };
 
-using Request =
-    std::variant<NothingToDo, SolveRequest, AnalyzeRequest, MapRequest, CheckRequest, GearRequest, LivesRequest>;
+using Request = std::variant<NothingToDo, SolveRequest, AnalyzeRequest, MapRequest, CheckRequest, GearRequest,
+                             LivesRequest, StudyRequest>;
 
 /// Reads the command line; tells the console to be quiet where that is asked for, answers --help and --version, and
 /// says what is wrong with a command line that is wrong.

@@ -11,6 +11,7 @@
 #include "batch/lives_command.h"
 #include "batch/map_command.h"
 #include "batch/solve_command.h"
+#include "batch/study_command.h"
 #include "platform/interruption.h"
 #include "platform/terminal.h"
 
@@ -28,6 +29,7 @@ struct Work {
     ExitCode operator()(const CheckRequest& request) const { return RunCheck(request, Out); }
     ExitCode operator()(const GearRequest& request) const { return RunGear(request, Out); }
     ExitCode operator()(const LivesRequest& request) const { return RunLives(request, Out); }
+    ExitCode operator()(const StudyRequest& request) const { return RunStudy(request, Out); }
 };
 
 ExitCode Run(int argumentCount, char** arguments, Console& console) {

@@ -66,17 +66,6 @@ std::string JudgeItems(const std::string& text) {
     return ItemsOf(text) ? "" : text + " is no list of fill, lines, legend, points, values with commas between them";
 }
 
-/// Width and height; 0 and 0 where the text is no size, or one out of bounds.
-std::pair<int, int> SizeOf(std::string_view text) {
-    const std::size_t cross = text.find('x');
-    if (cross == std::string_view::npos) {
-        return {};
-    }
-    const int wide = CountOf(text.substr(0, cross), LargestPicture);
-    const int high = CountOf(text.substr(cross + 1), LargestPicture);
-    return wide >= SmallestPicture && high >= SmallestPicture ? std::pair(wide, high) : std::pair(0, 0);
-}
-
 std::string JudgeSize(const std::string& text) {
     return SizeOf(text).first > 0 ? ""
                                   : text + " is no size in pixels like 529x540, each side from " +

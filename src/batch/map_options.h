@@ -17,9 +17,6 @@ namespace zirvo::batch {
 
 enum class PictureFormat { Png, Bmp, Svg, Pdf };
 
-inline constexpr int SmallestPicture = 100;  ///< pixels a side; margins take 80
-inline constexpr int LargestPicture = 8000;
-
 /// What the graphics screen does from its start button to SAVE PICTURE.
 struct MapRequest {
     std::string File;

@@ -19,4 +19,14 @@ bool HasExtension(const std::string& name, std::string_view extension) {
                                                         [&](char a, char b) { return a == lower(b); });
 }
 
+std::pair<int, int> SizeOf(std::string_view text) {
+    const std::size_t cross = text.find('x');
+    if (cross == std::string_view::npos) {
+        return {};
+    }
+    const int wide = CountOf(text.substr(0, cross), LargestPicture);
+    const int high = CountOf(text.substr(cross + 1), LargestPicture);
+    return wide >= SmallestPicture && high >= SmallestPicture ? std::pair(wide, high) : std::pair(0, 0);
+}
+
 }  // namespace zirvo::batch

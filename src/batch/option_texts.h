@@ -2,6 +2,7 @@
 #pragma once
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace zirvo::batch {
 
@@ -10,5 +11,11 @@ int CountOf(std::string_view text, int highest);
 
 /// True if the name ends in the extension (in small letters), in capitals or not, and has something in front of it.
 bool HasExtension(const std::string& name, std::string_view extension);
+
+inline constexpr int SmallestPicture = 100;  ///< pixels a side; margins take 80
+inline constexpr int LargestPicture = 8000;
+
+/// Width and height of a text like 529x540; 0 and 0 where it is no size, or one out of bounds.
+std::pair<int, int> SizeOf(std::string_view text);
 
 }  // namespace zirvo::batch

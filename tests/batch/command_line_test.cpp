@@ -66,7 +66,8 @@ TEST(CommandLine, EveryCommandTellsTheVersion) {
                                                         {"map", "--version"},
                                                         {"check", "--version"},
                                                         {"gear", "--version"},
-                                                        {"lives", "--version"}}) {
+                                                        {"lives", "--version"},
+                                                        {"study", "--version"}}) {
         const Outcome outcome = folder.Batch(line);
         EXPECT_EQ(outcome.Code, 0);
         EXPECT_EQ(outcome.Out, "zirvo-batch 2.3\n");
@@ -76,7 +77,8 @@ TEST(CommandLine, EveryCommandTellsTheVersion) {
 
 TEST(CommandLine, EveryCommandHasHelpThatNamesItsOptions) {
     const std::vector<std::pair<Arguments, Arguments>> rows{
-        {{"--help"}, {"solve", "analyze", "map", "check", "gear", "lives", "--version", "--quiet", "Exit codes"}},
+        {{"--help"},
+         {"solve", "analyze", "map", "check", "gear", "lives", "study", "--version", "--quiet", "Exit codes"}},
         {{"solve", "--help"}, {"FILE", "--units", "--csv", "--threads", "--estimates", "--quiet", "--version"}},
         {{"analyze", "--help"}, {"FILE", "--units", "--language", "ja|en", "--quiet", "--version"}},
         {{"map", "--help"},
@@ -89,6 +91,9 @@ TEST(CommandLine, EveryCommandHasHelpThatNamesItsOptions) {
         {{"lives", "--help"},
          {"FILE", "--list", "--units", "--life", "NAME:POINTS", "--c", "--voids", "--binder", "--axles", "--keep",
           "radius|pressure", "--csv", "--quiet", "--version"}},
+        {{"study", "--help"},
+         {"STUDY", "-o,--output", "--threads", "--part", "I/N", "--merge", "--plot", "--x", "--y", "--lines",
+          "--histogram", "--bins", "--where", "--log", "--size", "--quiet", "--version"}},
     };
     const WorkFolder folder;
     for (const auto& [line, words] : rows) {

@@ -1,0 +1,151 @@
+// Runs of a study within one process: the same bytes on any number of threads and parts, and files that do not fit.
+#include "study/run_study.h"
+
+#include <gtest/gtest.h>
+
+#include "study/study_folder.h"
+
+namespace zirvo::study {
+namespace {
+
+std::string Grid() {
+    return Head() +
+           "[[vary]]\nwhat = \"layer 1 thickness\"\nfrom = 5\nto = 30\ncount = 10\n"
+           "[[vary]]\nwhat = \"layer 3 modulus\"\nfrom = 20\nto = 120\ncount = 15\n" +
+           Keeps() + "[[keep]]\nlife = \"ai-rutting\"\npoint = 5\n";
+}
+
+RunOutcome RunAll(const Study& study, const RunOptions& options) {
+    const auto outcome = RunStudy(study, options);
+    EXPECT_EQ(outcome.index(), 0U) << std::get<FileError>(outcome).Text();
+    return outcome.index() == 0 ? std::get<RunOutcome>(outcome) : RunOutcome();
+}
+
+std::string ToldOf(const std::variant<RunOutcome, FileError>& outcome, const StudyFolder& folder) {
+    return outcome.index() == 0 ? "passes" : std::get<FileError>(outcome).Text().substr(folder.Path().size() + 1);
+}
+
+TEST(RunOfAStudy, GivesTheSameBytesOnAnyNumberOfThreadsAndWhenRunAgain) {
+    const StudyFolder folder;
+    const Study study = folder.StudyOf(Grid());
+    EXPECT_EQ(RunAll(study, {folder.Path("a"), 1}).Rows, 150U);
+    EXPECT_EQ(RunAll(study, {folder.Path("b"), 3}).Earlier, 0U);
+    EXPECT_EQ(folder.Get("a.csv"), folder.Get("b.csv"));
+    EXPECT_TRUE(folder.Get("a.sqlite") == folder.Get("b.sqlite"));
+    EXPECT_GT(folder.Get("a.sqlite").size(), 4096U);
+    const std::string csv = folder.Get("a.csv");
+    const std::string sqlite = folder.Get("a.sqlite");
+    EXPECT_EQ(RunAll(study, {folder.Path("a"), 1}).Earlier, 150U);
+    EXPECT_EQ(folder.Get("a.csv"), csv);
+    EXPECT_TRUE(folder.Get("a.sqlite") == sqlite);
+    EXPECT_FALSE(folder.Has("a_bad.csv"));
+    EXPECT_FALSE(folder.Has("a.sqlite-wal"));
+}
+
+TEST(RunOfAStudy, RowsStandInTheirOrderUnderTheirNames) {
+    const StudyFolder folder;
+    RunAll(folder.StudyOf(Grid()), {folder.Path("a"), 2});
+    const std::string csv = folder.Get("a.csv");
+    EXPECT_EQ(csv.substr(0, csv.find('\n')), "row,layer 1 thickness,layer 3 modulus,EPSx 2,ai-rutting 5");
+    EXPECT_NE(csv.find("\n1,5,20,"), std::string::npos);
+    EXPECT_NE(csv.find("\n16,7.777777777777778,20,"), std::string::npos);
+    EXPECT_NE(csv.find("\n150,30,120,"), std::string::npos);
+}
+
+TEST(RunOfAStudy, PartsJoinToTheBytesOfTheWhole) {
+    const StudyFolder folder;
+    const Study study = folder.StudyOf(Grid());
+    RunAll(study, {folder.Path("whole"), 1});
+    for (const int part : {3, 1, 4, 2}) {
+        const RunOutcome outcome = RunAll(study, {folder.Path("p"), 1, part, 4});
+        EXPECT_EQ(outcome.Rows, part <= 2 ? 38U : 37U);
+        EXPECT_EQ(outcome.Results, folder.Path("p.part-" + std::to_string(part) + "-of-4.sqlite"));
+    }
+    EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder), "passes");
+    EXPECT_EQ(folder.Get("p.csv"), folder.Get("whole.csv"));
+    EXPECT_TRUE(folder.Get("p.sqlite") == folder.Get("whole.sqlite"));
+}
+
+TEST(RunOfAStudy, PartsThatAreMissingUnfinishedOrOfAnotherStudyAreNamed) {
+    const StudyFolder folder;
+    const Study study = folder.StudyOf(Grid());
+    EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder),
+              "p.part-1-of-N.sqlite: there is no such file: run the parts first");
+    RunAll(study, {folder.Path("p"), 1, 1, 2});
+    EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder).substr(0, 20), "p.part-2-of-2.sqlite");
+    { Memory unfinished(study, folder.Path("p.part-2-of-2.sqlite"), RangeOf(study.Rows, 2, 2)); }
+    EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder),
+              "p.part-2-of-2.sqlite: has 0 of its 75 rows: run this part to its end first");
+    const Study other = folder.StudyOf(Grid() + "# other\n");
+    EXPECT_NE(ToldOf(MergeParts(other, {folder.Path("q")}), folder).find("there is no such file"), std::string::npos);
+    RunAll(study, {folder.Path("p"), 1, 2, 2});
+    RunAll(study, {folder.Path("p"), 1, 1, 3});
+    EXPECT_NE(ToldOf(MergeParts(study, {folder.Path("p")}), folder).find("parts of different numbers N"),
+              std::string::npos);
+}
+
+TEST(RunOfAStudy, ResultsOfAnotherStudyAreLeftAsTheyAre) {
+    const StudyFolder folder;
+    RunAll(folder.StudyOf(Grid()), {folder.Path("a"), 1});
+    const std::string before = folder.Get("a.csv");
+    const Study other = folder.StudyOf(Grid() + "# other\n");
+    EXPECT_NE(
+        ToldOf(RunStudy(other, {folder.Path("a"), 1}), folder).find("a.sqlite: holds the results of another study"),
+        std::string::npos);
+    EXPECT_EQ(folder.Get("a.csv"), before);
+    folder.Put("b.sqlite",
+               "this is a letter to my aunt, and no database at all, though it is quite long for one.........."
+               "...................................................................................");
+    EXPECT_NE(ToldOf(RunStudy(other, {folder.Path("b"), 1}), folder).find("b.sqlite: is no results file"),
+              std::string::npos);
+    EXPECT_EQ(folder.Get("b.sqlite").substr(0, 16), "this is a letter");
+}
+
+TEST(RunOfAStudy, ASecondRunOfTheSameStudyIsRefused) {
+    const StudyFolder folder;
+    const Study study = folder.StudyOf(Grid());
+    const Memory first(study, folder.Path("a.sqlite"), {0, study.Rows});
+    EXPECT_EQ(ToldOf(RunStudy(study, {folder.Path("a"), 1}), folder),
+              "a.sqlite: another run of this study works on it");
+}
+
+TEST(RunOfAStudy, BadRowsAreKeptApartAndStopNothing) {
+    const StudyFolder folder;
+    folder.Put("t.csv", "layer 1 modulus\n5000\n-1\n4000\nx\n");
+    const Study study = folder.StudyOf(Head() + "table = \"t.csv\"\n" + Keeps());
+    const RunOutcome outcome = RunAll(study, {folder.Path("a"), 1});
+    EXPECT_EQ(outcome.Bad, 2U);
+    EXPECT_EQ(outcome.BadFile, folder.Path("a_bad.csv"));
+    EXPECT_EQ(folder.Get("a_bad.csv"),
+              "row,layer 1 modulus,reason\n2,-1,\"layer 1, Modulus -1: is not above 0\"\n"
+              "4,nan,\"layer 1, Modulus nan: is no finite number\"\n");
+    const std::string csv = folder.Get("a.csv");
+    EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), 3);
+    EXPECT_NE(csv.find("\n3,4000,"), std::string::npos);
+}
+
+TEST(RunOfAStudy, ColumnsOfTheResultsAreReadBack) {
+    const StudyFolder folder;
+    RunAll(folder.StudyOf(Grid()), {folder.Path("a"), 1});
+    const auto columns = ReadColumns(folder.Path("a.sqlite"), {"layer 3 modulus", "EPSx 2"});
+    ASSERT_EQ(columns.size(), 2U);
+    ASSERT_EQ(columns[0].size(), 150U);
+    EXPECT_EQ(columns[0][0], 20);
+    EXPECT_EQ(columns[0][14], 120);
+}
+
+TEST(RunOfAStudy, PartsAreAsLongAsOneAnotherAndLeaveNothingOut) {
+    for (const std::uint64_t rows : {1U, 7U, 1000U, 1001U}) {
+        std::uint64_t next = 0;
+        for (int part = 1; part <= 4; ++part) {
+            const RowRange range = RangeOf(rows, part, 4);
+            EXPECT_EQ(range.First, next);
+            EXPECT_LE(range.Count(), rows / 4 + 1);
+            next = range.Last;
+        }
+        EXPECT_EQ(next, rows);
+    }
+}
+
+}  // namespace
+}  // namespace zirvo::study
