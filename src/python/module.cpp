@@ -3,6 +3,9 @@
 #include <pybind11/pybind11.h>
 #include <pybind11/stl.h>
 
+#include <chrono>
+#include <new>
+
 #include "design/gears.h"
 #include "design/lives.h"
 #include "python/files.h"
@@ -28,6 +31,20 @@ py::tuple Solve(const Rows& layers, const Rows& loads, const Rows& points, int u
         Finish(solution, system);
     }
     return ArraysOf(solution);
+}
+
+/// How long the solver's own call takes, without anything of Python [s]: for benchmarks/python_overhead.py.
+double SolverSeconds(const Rows& layers, const Rows& loads, const Rows& points, int units, int calls) {
+    solver::Problem problem = ProblemOf(layers, loads, points);
+    RequireGood(problem);
+    problem = solver::ToConsistentUnits(std::move(problem), UnitsOf(units));
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < calls; ++i) {
+        if (solver::Solve(problem, {.Threads = 1}).Points.size() != problem.Points.size()) {
+            throw std::bad_alloc();
+        }
+    }
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count() / calls;
 }
 
 /// One entry for each pavement: the arrays of its solution, or the text of what is wrong.
@@ -164,6 +181,7 @@ PYBIND11_MODULE(_zirvo, module) {
         py::tuple(py::cast(std::vector<std::string>(solver::ComponentNames.begin(), solver::ComponentNames.end())));
     module.def("solve", &Solve);
     module.def("solve_all", &SolveAll);
+    module.def("solver_seconds", &SolverSeconds);
     module.def("read_eva", &ReadEva);
     module.def("read_ven", &ReadVen);
     module.def("write_eva", &WriteEva);

@@ -26,7 +26,7 @@ struct Kept {
     int Component = 0;                    ///< of solver::Component
     design::TransferFunction Function{};  ///< of a life
     double MixFactor = 1;
-    std::vector<std::size_t> Points;  ///< from 0
+    std::vector<std::size_t> Points{};  ///< from 0
 };
 
 /// What varies: a parameter with the values of a grid or the distribution of a sample.
