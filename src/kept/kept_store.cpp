@@ -113,9 +113,9 @@ void KeptStore::KeepNow(const KeptScreen& now, const KeptScreen* inFile) {
         return;
     }
     kept_[now.Screen] = false;
+    left_.erase(now.Screen);
     if (folder_.Write(now)) {
         written_[now.Screen] = now;
-        left_.erase(now.Screen);
         kept_[now.Screen] = true;
     }
 }

@@ -122,6 +122,17 @@ TEST_F(MapFailure, LoadsTooFarOutForAGridAreToldInWordsAndLeaveNoEmptyMap) {
     }
 }
 
+TEST_F(MapFailure, LayersTooThickForTheirLevelsAreToldInWords) {
+    std::string thick = Road;
+    const std::string layer = "         5000             0.35               15 ";
+    const std::size_t place = thick.find(layer);
+    ASSERT_NE(place, std::string::npos);
+    thick.replace(place, layer.size(), "         5000             0.35             1E15 ");
+    ExpectRefused(thick, XZ("0"),
+                  "road.ven: Run-time error '6': Overflow (The layers are so thick that no grid of points can be made. "
+                  "Please check their thicknesses.)");
+}
+
 TEST_F(MapFailure, AMissingSolverIsNamed) {
     const std::string bin = Folder.Path("bin");
     std::filesystem::create_directory(bin);

@@ -55,7 +55,9 @@ TEST_F(DataScreenPieces, ACountStandsOverItsBarWhichCountsUpwardsAndWaitsToBeEna
     EXPECT_EQ(form_.Bar.Min, 100);
     EXPECT_EQ(form_.Bar.Max, 0);
     EXPECT_FALSE(form_.Bar.Enabled);
-    EXPECT_EQ(form_.Name.Width, Pixels(CountColumnWidth));
+    EXPECT_GT(form_.Name.Left, Pixels(10));  // headings side by side keep apart
+    EXPECT_LT(form_.Name.Left + form_.Name.Width, Pixels(10 + CountColumnWidth));
+    EXPECT_EQ(2 * form_.Name.Left + form_.Name.Width, 2 * form_.Value.Left + form_.Value.Width);
     EXPECT_LE(form_.Name.Top + form_.Name.Height, form_.Value.Top);
     EXPECT_LE(form_.Value.Top + form_.Value.Height, form_.Bar.Top);
     EXPECT_EQ(form_.Bar.Height, Pixels(70));
