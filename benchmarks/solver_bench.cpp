@@ -36,6 +36,9 @@ void Gear(benchmark::State& state) {
 void Limit(benchmark::State& state) {
     Run(state, zirvo::bench::LimitWork(), static_cast<int>(state.range(0)));
 }
+void HarshLimit(benchmark::State& state) {
+    Run(state, zirvo::bench::HarshLimitWork(), 2);
+}
 void Scattered(benchmark::State& state) {
     Run(state, zirvo::bench::ScatteredWork(), 1);
 }
@@ -61,6 +64,7 @@ BENCHMARK(SmallStudy)->Unit(benchmark::kMicrosecond);
 BENCHMARK(WheelStudy)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Gear)->Unit(benchmark::kMillisecond);
 BENCHMARK(Limit)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(HarshLimit)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
 BENCHMARK(Scattered)->Unit(benchmark::kMillisecond);
 BENCHMARK(Layers)->Arg(2)->Arg(5)->Arg(20)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(LayersWithSlip)->Arg(2)->Arg(5)->Arg(20)->Arg(100)->Unit(benchmark::kMillisecond);

@@ -109,6 +109,23 @@ solver::Problem LimitWork() {
     return problem;
 }
 
+solver::Problem HarshLimitWork() {
+    solver::Problem problem = LimitWork();
+    std::mt19937 random(20261122);
+    std::uniform_real_distribution<double> plane(-290, 290);
+    std::uniform_real_distribution<double> depth(0, 198);
+    for (std::size_t i = 0; i < problem.Loads.size(); ++i) {
+        problem.Loads[i].Radius = 8 + 0.1 * static_cast<double>(i);
+    }
+    problem.Points.clear();
+    for (int i = 0; i < 10000; ++i) {
+        const double x = plane(random);
+        const double y = plane(random);
+        AddPoint(problem, x, y, depth(random));
+    }
+    return problem;
+}
+
 solver::Problem ScaledWork(int layers, int loads, int points, int depths, double slip) {
     solver::Problem problem;
     for (int i = 0; i + 1 < layers; ++i) {

@@ -23,6 +23,9 @@ solver::Problem GearWork();
 /// depths.
 solver::Problem LimitWork();
 
+/// The limit where nothing can be shared: a radius for each load, a place and a depth for each point.
+solver::Problem HarshLimitWork();
+
 /// A pavement of `layers` layers, `loads` wheels and `points` points at `depths` depths; slip below every second layer
 /// if wanted. Places are scattered with a fixed seed.
 solver::Problem ScaledWork(int layers, int loads, int points, int depths, double slip);

@@ -54,7 +54,7 @@ std::vector<RadiusItem> ChunkWork::ChooseItems(double share) {
         ze = std::min(ze, source.Effective);
     }
     std::vector<RadiusItem> cells = MakeCells(low, high, edges, ze, share);
-    cells_ = MoreRadiiThan(cells.size() * ChebyshevCount);
+    cells_ = MoreRadiiThan(RadiiWorth(cells.size() * ChebyshevCount));
     if (cells_) {
         groupRadii_.clear();
         for (const RadiusItem& cell : cells) {
@@ -71,6 +71,15 @@ std::vector<RadiusItem> ChunkWork::ChooseItems(double share) {
         }
     }
     return items;
+}
+
+/// How many radii, each of one group, cost as much as so many columns that all groups share.
+std::size_t ChunkWork::RadiiWorth(std::size_t columns) const {
+    constexpr double BesselCost = 20;  // of one argument, in units of eight sums
+    constexpr double Rows = 10;
+    const double sums = Rows / 8 * static_cast<double>(chunk_.Sources.size());
+    const double shared = BesselCost + sums * static_cast<double>(work_.Groups.size());
+    return static_cast<std::size_t>(static_cast<double>(columns) * shared / (BesselCost + sums));
 }
 
 /// True if the groups have more radii than that; else they are left sorted, each once.
@@ -178,13 +187,12 @@ bool ChunkWork::GoodInDepth() {
     for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
         for (std::size_t item = 0; item < table.Items().size(); ++item) {
             const int owner = table.Items()[item].Group;
-            SumErrors errors;
-            SumErrors sizes;
-            SumErrors others;
-            if (owner < 0 || owner == static_cast<int>(g)) {
-                errors = table.DepthErrors(g, item, sizes);
-                others = table.LargestErrors(g, item);
+            if (owner >= 0 && owner != static_cast<int>(g)) {
+                continue;
             }
+            SumErrors sizes;
+            SumErrors errors = table.DepthErrors(g, item, sizes);
+            const SumErrors others = table.LargestErrors(g, item);
             for (std::size_t load = 0; load < 2; ++load) {
                 good = good &&
                        errors.Strain[load] <= std::max(DepthGoal / m2, RelativeDepthGoal * sizes.Strain[load]) &&
@@ -272,7 +280,7 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
             if (!table_.empty()) {
                 AddLayered(group, item, weights, depth, rows);
                 errors = depth.Source >= 0 ? table_[0].Errors(group, item, static_cast<std::size_t>(depth.Source))
-                                           : depthErrors_[group * table_[0].Items().size() + item];
+                                           : depthErrors_[cells_ ? group * table_[0].Items().size() + item : item];
             }
             if (depth.Layer == 0) {
                 const auto own = HalfSpaceRows(work_.TheEngine, m2, work_.Layers.Nu[0], radius, gap, depth.Z,

@@ -36,6 +36,7 @@ public:
 
 private:
     std::vector<RadiusItem> ChooseItems(double share);
+    std::size_t RadiiWorth(std::size_t columns) const;
     bool MoreRadiiThan(std::size_t most);
     std::size_t ItemOf(std::size_t group, double r) const;
     bool GoodInDepth();
@@ -60,7 +61,7 @@ private:
     std::vector<double> lows_;                     // of the cells, ascending
     std::vector<std::vector<double>> groupRadii_;  // of each group, ascending, where radii are taken as they are
     std::vector<std::size_t> groupFirst_;          // the group's first item there
-    std::vector<SumErrors> depthErrors_;           // [group][item], where the chunk stands on nodes in z
+    std::vector<SumErrors> depthErrors_;           // as the items' errors, where the chunk stands on nodes in z
     std::vector<double> depthRows_;                // a group's table at the depth at hand, or empty
     std::vector<PointSums> sums_;                  // of the points of one place
 };

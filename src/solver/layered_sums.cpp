@@ -19,7 +19,7 @@ constexpr double TailShare = 0.5;    // of the last two Chebyshev coefficients: 
 SumTable::SumTable(const LayerTable& layers, const std::vector<LoadGroup>& groups, const DepthChunk& chunk,
                    std::vector<RadiusItem> items, const Engine& engine, const TableCare& care)
     : items_(std::move(items)), places_(items_.size()), sources_(chunk.Sources.size()) {
-    errors_.resize(groups.size() * items_.size() * sources_);
+    errors_.resize((items_.front().Group < 0 ? groups.size() : 1) * items_.size() * sources_);
     std::vector<double> edges;
     bool horizontal = false;
     for (const LoadGroup& group : groups) {
@@ -87,7 +87,7 @@ void SumTable::Take(const LevelSum& sum, const RadiusLevel& level, const std::ve
         for (const std::size_t item : level.Items) {
             const int owner = items_[item].Group;
             for (std::size_t d = 0; d < sources_ && (owner < 0 || owner == static_cast<int>(g)); ++d) {
-                errors_[(g * items_.size() + item) * sources_ + d] = sum.Errors(g, item, d);
+                errors_[SlotOf(g, item) * sources_ + d] = sum.Errors(g, item, d);
             }
         }
     }
@@ -164,7 +164,7 @@ SumErrors SumTable::LargestErrors(std::size_t group, std::size_t item) const {
 }
 
 const SumErrors& SumTable::Errors(std::size_t group, std::size_t item, std::size_t source) const {
-    return errors_[(group * items_.size() + item) * sources_ + source];
+    return errors_[SlotOf(group, item) * sources_ + source];
 }
 
 }  // namespace zirvo::solver

@@ -54,6 +54,9 @@ public:
     bool Smooth() const { return smooth_; }
 
 private:
+    std::size_t SlotOf(std::size_t group, std::size_t item) const {
+        return items_[item].Group < 0 ? group * items_.size() + item : item;
+    }
     void Take(const LevelSum& sum, const RadiusLevel& level, const std::vector<LoadGroup>& groups, std::size_t index);
 
     struct Place {
@@ -66,7 +69,7 @@ private:
     std::vector<RadiusItem> items_;
     std::vector<Place> places_;
     std::vector<std::vector<Block>> blocks_;  // [level][group]
-    std::vector<SumErrors> errors_;           // [group][item][source]
+    std::vector<SumErrors> errors_;           // [slot of group and item][source]
     std::vector<int> strides_;                // [group]
     std::size_t sources_ = 0;
     bool smooth_ = true;

@@ -132,7 +132,7 @@ bool LevelSum::Finish() {
     for (const double xi : segmentXi_) {
         segmentRounding_.push_back(SumRounding + Rounding * UnknownArgument(xi));
     }
-    errors_.assign(work_.Groups.size() * work_.Items.size() * static_cast<std::size_t>(sources_), {});
+    errors_.assign(work_.Slots() * static_cast<std::size_t>(sources_), {});
     for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
         for (const std::size_t item : level_.Items) {
             const int owner = work_.Items[item].Group;
@@ -152,7 +152,7 @@ bool LevelSum::FinishItem(std::size_t g, std::size_t item) {
     for (std::size_t d = 0; d < static_cast<std::size_t>(sources_); ++d) {
         const Measures m = MeasuresOf(g, item, d);
         const double m2 = work_.Layers.M2[static_cast<std::size_t>(work_.Chunk.Sources[d].Layer)];
-        SumErrors& errors = errors_[(g * work_.Items.size() + item) * static_cast<std::size_t>(sources_) + d];
+        SumErrors& errors = errors_[work_.SlotOf(g, item) * static_cast<std::size_t>(sources_) + d];
         for (std::size_t kind = 0; kind < Kinds; ++kind) {
             const double unit = (kind % 2 == 1 ? work_.Groups[g].Radius : 1) / m2;
             const double goal = std::max(AbsoluteGoal * unit, RelativeGoal * m.Value[kind]);

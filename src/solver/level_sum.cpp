@@ -108,7 +108,7 @@ void LevelSum::PlaceColumns() {
     const auto& items = work_.Items;
     sums_.resize(work_.Groups.size());
     columnOf_.resize(items.size());
-    const bool shared = items[level_.Items.front()].Group < 0;
+    const bool shared = work_.Shared();
     for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
         GroupSum& sum = sums_[g];
         if (shared && g > 0) {
@@ -133,14 +133,15 @@ void LevelSum::PlaceColumns() {
                 radii_.push_back(radii_.back());
             }
             // The radii of the loads take the room that is left over.
-            const bool last = shared || g + 1 == work_.Groups.size();
-            loadsInLastTile_ = last && radii_.size() - own >= work_.Groups.size();
+            const bool alone = shared || work_.Groups.size() == 1;
+            loadsInLastTile_ = alone && radii_.size() - own >= work_.Groups.size();
             loadPlace_ = own;
             for (std::size_t i = 0; loadsInLastTile_ && i < work_.Groups.size(); ++i) {
                 radii_[own + i] = work_.Groups[i].Radius;
             }
             sum.FirstTile = static_cast<int>(first / TileWidth);
             sum.Tiles = static_cast<int>((radii_.size() - first) / TileWidth);
+            mostTiles_ = std::max(mostTiles_, sum.Tiles);
         }
         loadRadii_.push_back(work_.Groups[g].Radius);
     }
@@ -170,7 +171,6 @@ void LevelSum::Sum(int refinement) {
         horizontal = horizontal || work_.Groups[g].Horizontal;
     }
     segmentXi_.clear();
-    const std::size_t tiles = radii_.size() / TileWidth;
     // Sizes only grow: room is cleared once.
     const auto grow = [](std::vector<double>& room, std::size_t size) {
         if (room.size() < size) {
@@ -179,7 +179,7 @@ void LevelSum::Sum(int refinement) {
     };
     orders_ = horizontal ? 4 : 3;
     for (int order = 0; order < orders_; ++order) {
-        grow(bessel_[order], tiles * TileWidth * NodeBlock);
+        grow(bessel_[order], static_cast<std::size_t>(mostTiles_) * TileWidth * NodeBlock);
     }
     grow(loadBessel_, loadRadii_.size() * NodeBlock);
     grow(raw_, static_cast<std::size_t>(sources_) * RowCount * NodeBlock);
@@ -266,13 +266,25 @@ void LevelSum::SampleRounding(double radius, bool vertical, bool horizontal, int
     }
 }
 
-void LevelSum::SumBlock(const double* weight, int nodes) {
+/// Bessel functions of some tiles of radii at the block of nodes, into bessel_.
+void LevelSum::MakeBessel(int firstTile, int tiles, int nodes) {
     double* bessel[4] = {};
-    for (int order = 0; order < 4; ++order) {
-        bessel[order] = order < orders_ ? bessel_[order].data() : nullptr;
+    for (int order = 0; order < orders_; ++order) {
+        bessel[order] = bessel_[order].data();
+    }
+    work_.TheEngine.Bessel(Bessels(), xi_, xiLow_, nodes,
+                           radii_.data() + static_cast<std::ptrdiff_t>(firstTile) * TileWidth, tiles, bessel);
+}
+
+void LevelSum::SumBlock(const double* weight, int nodes) {
+    const double* bessel[4] = {};
+    for (int order = 0; order < orders_; ++order) {
+        bessel[order] = bessel_[order].data();
     }
     const Engine& engine = work_.TheEngine;
-    engine.Bessel(Bessels(), xi_, xiLow_, nodes, radii_.data(), static_cast<int>(radii_.size() / TileWidth), bessel);
+    if (work_.Shared() || work_.Groups.size() == 1) {
+        MakeBessel(0, sums_[0].Tiles, nodes);
+    }
     if (!loadsInLastTile_) {
         double* const loadBessel[4] = {nullptr, loadBessel_.data(), nullptr, nullptr};
         engine.Bessel(Bessels(), xi_, xiLow_, nodes, loadRadii_.data(), static_cast<int>(loadRadii_.size() / TileWidth),
@@ -298,8 +310,11 @@ void LevelSum::SumBlock(const double* weight, int nodes) {
             continue;
         }
         Weigh(g, weight, nodes);
-        engine.Accumulate(WeightedRows(g), sources_, nodes, bessel, sums_[g].FirstTile, sums_[g].Tiles, RowsFrom(group),
-                          RowsTo(group), sums_[g].Total.data(), sums_[g].Difference.data());
+        if (!work_.Shared() && work_.Groups.size() > 1) {  // the group's own radii, in the room of the one before
+            MakeBessel(sums_[g].FirstTile, sums_[g].Tiles, nodes);
+        }
+        engine.Accumulate(WeightedRows(g), sources_, nodes, bessel, 0, sums_[g].Tiles, RowsFrom(group), RowsTo(group),
+                          sums_[g].Total.data(), sums_[g].Difference.data());
     }
 }
 

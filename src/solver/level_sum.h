@@ -34,6 +34,14 @@ struct LevelWork {
     const DepthChunk& Chunk;
     const std::vector<RadiusItem>& Items;
     const Engine& TheEngine;
+
+    /// True if the items serve every group (cells), false if each belongs to one.
+    bool Shared() const { return Items.front().Group < 0; }
+    /// Place of a group's item where each that there is has one.
+    std::size_t SlotOf(std::size_t group, std::size_t item) const {
+        return Shared() ? group * Items.size() + item : item;
+    }
+    std::size_t Slots() const { return Shared() ? Groups.size() * Items.size() : Items.size(); }
 };
 
 /// Room for the blocks of nodes at hand, kept from sum to sum: getting it from the system costs a small pavement more
@@ -59,7 +67,7 @@ public:
     /// All columns of a row at a source.
     const double* Row(std::size_t group, int row, std::size_t source) const;
     const SumErrors& Errors(std::size_t group, std::size_t item, std::size_t source) const {
-        return errors_[(group * work_.Items.size() + item) * static_cast<std::size_t>(sources_) + source];
+        return errors_[work_.SlotOf(group, item) * static_cast<std::size_t>(sources_) + source];
     }
     /// False where interpolation in r misses its goal.
     bool Smooth() const { return smooth_; }
@@ -78,6 +86,7 @@ private:
 
     void PlaceColumns();
     void Sum(int refinement);
+    void MakeBessel(int firstTile, int tiles, int nodes);
     void SumBlock(const double* weight, int nodes);
     void MakeKernels(double radius, bool vertical, bool horizontal, int nodes, GroupSum& sum);
     void SampleRounding(double radius, bool vertical, bool horizontal, int nodes, int deepest);
@@ -102,7 +111,7 @@ private:
     long nodes_ = 0;    // of the last pass
     int halvings_ = 0;  // of the step, since the first
     bool smooth_ = true;
-    std::vector<SumErrors> errors_;      // [group][item][source]
+    std::vector<SumErrors> errors_;      // [slot of group and item][source]
     std::vector<std::size_t> columnOf_;  // of every item of the table
     std::vector<KernelDepth> depths_;
     std::vector<double> radii_;      // of all tiles
@@ -111,6 +120,7 @@ private:
     std::vector<double> segmentRounding_;  // of each segment: what a sum of ones may be off
     std::vector<double> envelopes_;        // of the item at hand: sizes of its Bessel functions in each segment
     std::vector<double> segmentXi_;        // largest wavenumber of each segment
+    int mostTiles_ = 0;                    // whose Bessel functions stand at one time
     bool loadsInLastTile_ = false;         // the radii of the loads stand behind those of the points
     std::size_t loadPlace_ = 0;            // there
     int orders_ = 0;                       // of Bessel functions that are wanted
