@@ -212,10 +212,10 @@ Problem RandomProblem(Family family, Random& random) {
             break;
     }
     AddLoads(family, problem, random);
-    const int points = Count(random, 12, 40);
+    const int points = Count(random, 20, 60);
     for (int tries = 0; tries < 4 * points && static_cast<int>(problem.Points.size()) < points; ++tries) {
         Point point = RandomPoint(problem, random);
-        if (!problem.Points.empty() && Chance(random, 0.6)) {  // below one that is there: the reference shares its work
+        if (!problem.Points.empty() && Chance(random, 0.85)) {  // below one that is there: the reference shares its work
             point.X = problem.Points.back().X;
             point.Y = problem.Points.back().Y;
         }
@@ -224,6 +224,30 @@ Problem RandomProblem(Family family, Random& random) {
         }
     }
     return problem;
+}
+
+std::vector<Point> CrowdFor(const Problem& problem, Random& random) {
+    constexpr int LinePoints = 700;
+    constexpr int DepthPoints = 60;
+    std::vector<Point> crowd;
+    const auto count = static_cast<int>(problem.Points.size());
+    for (int line = 0; line < 2; ++line) {
+        const Point& at = problem.Points[static_cast<std::size_t>(Count(random, 0, count - 1))];
+        for (int i = 0; i < LinePoints; ++i) {
+            crowd.push_back({at.Layer, at.X + Between(random, -100, 100), at.Y, at.Z});
+        }
+    }
+    const Point& first = problem.Points[static_cast<std::size_t>(Count(random, 0, count - 1))];
+    for (const Point& other : problem.Points) {
+        if (other.Layer != first.Layer || other.Z == first.Z) {
+            continue;
+        }
+        for (int i = 0; i < DepthPoints; ++i) {
+            crowd.push_back({first.Layer, first.X, first.Y, first.Z + (other.Z - first.Z) * Between(random, 0, 1)});
+        }
+        break;
+    }
+    return crowd;
 }
 
 }  // namespace zirvo::attack

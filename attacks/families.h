@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <random>
 #include <string_view>
+#include <vector>
 
 #include "solver/problem.h"
 
@@ -25,6 +26,10 @@ double Between(Random& random, double low, double high);
 double LogBetween(Random& random, double low, double high);
 
 solver::Problem RandomProblem(Family family, Random& random);
+
+/// So many points round those of a problem that the solver takes nodes in r and in z: lines at the depths of some of
+/// them and many depths between two of one layer.
+std::vector<solver::Point> CrowdFor(const solver::Problem& problem, Random& random);
 
 /// Nodes that the reference needs for a point, roughly; infinite where its values jump.
 double NodesFor(const solver::Problem& problem, const solver::Point& point);

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <span>
 #include <string>
 
 #include "climb.h"
@@ -37,7 +38,8 @@ public:
     explicit FindWriter(const Wishes& wishes) : wishes_(wishes) {}
 
     /// @param promise  the find is told with all its points where the worst alone shows nothing
-    void Write(const zirvo::solver::Problem& problem, const GroupError& worst, Family family, double promise) {
+    void Write(const zirvo::solver::Problem& problem, std::span<const zirvo::solver::Point> crowd,
+               const GroupError& worst, Family family, double promise) {
         constexpr int Most = 20;
         if (count_ == Most) {
             return;
@@ -47,6 +49,7 @@ public:
         const auto alone = Measure(one);
         if (std::none_of(alone.begin(), alone.end(), [&](const GroupError& e) { return Bad(e, promise); })) {
             one.Points = problem.Points;
+            one.Points.insert(one.Points.end(), crowd.begin(), crowd.end());
         }
         const std::string name = "found_" + std::string(NameOf(family)) + "_" + std::to_string(wishes_.Seed) + "_" +
                                  std::to_string(++count_);
@@ -69,21 +72,25 @@ void Round(Family family, Random& random, Tally& tally, FindWriter& finds) {
     if (problem.Points.empty()) {
         return;
     }
-    const auto errors = Measure(problem);
+    std::vector<zirvo::solver::Point> crowd;
+    if (random() % 8 == 0) {
+        crowd = CrowdFor(problem, random);
+    }
+    const auto errors = Measure(problem, crowd);
     tally.Add(errors, promise);
     GroupError worst;
     for (const GroupError& e : errors) {
         if (Bad(e, promise)) {
-            finds.Write(problem, e, family, promise);
+            finds.Write(problem, crowd, e, family, promise);
         }
         worst = e.Ratio() > worst.Ratio() ? e : worst;
     }
-    if (!errors.empty() && random() % 8 == 0) {
+    if (!errors.empty() && random() % 32 == 0) {
         const Goal goal = random() % 2 == 0 ? Goal::Error : Goal::Ratio;
         // A climb may leave its family: what it meets is held to what all legal input is promised.
         const Climbed top = Climb(problem, worst.Point, goal, 30, random, tally, PromiseOf(Family::Extreme));
         if (Bad(top.Worst, PromiseOf(Family::Extreme))) {
-            finds.Write(top.Problem, top.Worst, family, PromiseOf(Family::Extreme));
+            finds.Write(top.Problem, {}, top.Worst, family, PromiseOf(Family::Extreme));
         }
     }
 }

@@ -26,13 +26,15 @@ double Quantile(Values values, double share) {
 
 }  // namespace
 
-std::vector<GroupError> Measure(const solver::Problem& problem) {
+std::vector<GroupError> Measure(const solver::Problem& problem, std::span<const solver::Point> crowd) {
     const auto truth = ReferenceValues(problem);
     std::vector<GroupError> errors;
     if (truth.empty()) {
         return errors;
     }
-    const solver::Solution solution = solver::Solve(problem, {1});
+    solver::Problem crowded = problem;
+    crowded.Points.insert(crowded.Points.end(), crowd.begin(), crowd.end());
+    const solver::Solution solution = solver::Solve(crowded, {1});
     double pressure = 0;
     double radius = 0;
     for (const solver::Load& load : problem.Loads) {

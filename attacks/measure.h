@@ -2,6 +2,7 @@
 #pragma once
 #include <array>
 #include <cstddef>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,7 +24,8 @@ struct GroupError {
 };
 
 /// Empty where the reference is too dear.
-std::vector<GroupError> Measure(const solver::Problem& problem);
+/// @param crowd  further points that the solver is given too, so that it interpolates; they are not compared
+std::vector<GroupError> Measure(const solver::Problem& problem, std::span<const solver::Point> crowd = {});
 
 /// What is allowed: the promise of the family.
 double PromiseOf(Family family);
