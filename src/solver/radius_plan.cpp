@@ -12,7 +12,7 @@ namespace zirvo::solver {
 namespace {
 
 constexpr double KernelRange = 42;   // xi * ze at which a kernel without slip has ended
-constexpr double WindowRange = 156;  // xi * gap at which a windowed sum has ended
+constexpr double WindowRange = 192;  // xi * gap at which a windowed sum has ended
 
 /// Distance of the interval low..high from the nearest edge.
 double Distance(double low, double high, std::span<const double> edges) {

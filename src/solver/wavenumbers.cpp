@@ -12,9 +12,10 @@ constexpr double SlipMargin = 58;
 constexpr double PhaseRange = 40;          // c times the reach
 constexpr double LowShare = 1e-4;          // of the reciprocal thickness: the kernel is constant below
 constexpr double StartBelow = 4;           // the doubly exponential end: exp(-exp(4)) is nothing
-constexpr double WindowSigma = 13;         // sigma times the gap
-constexpr double CarefulWindowSigma = 16;  // where the step has been halved
+constexpr double WindowSigma = 16;         // sigma times the gap
+constexpr double CarefulWindowSigma = 20;  // where the step has been halved
 constexpr double WindowMiddle = 6;         // centre and half width of the window in sigmas
+constexpr double CarefulWindowMiddle = 7;
 }  // namespace
 
 NodeRule MakeNodeRule(const WaveRange& range, int refinement, bool slips) {
@@ -30,7 +31,7 @@ NodeRule MakeNodeRule(const WaveRange& range, int refinement, bool slips) {
     }
     if (range.Gap > 0) {
         rule.WindowWidth = (refinement == 0 ? WindowSigma : CarefulWindowSigma) / range.Gap;
-        rule.WindowCentre = WindowMiddle * rule.WindowWidth;
+        rule.WindowCentre = (refinement == 0 ? WindowMiddle : CarefulWindowMiddle) * rule.WindowWidth;
     }
     return rule;
 }

@@ -18,10 +18,11 @@ struct NodeRule {
     double WindowWidth = 0;   ///< sigma [1/cm]
 };
 
-/// Where a sum may be windowed: for radii at least `gap` from the edge of the load, half erfc((xi - 6 sigma) / sigma)
-/// with sigma = 13 / gap changes it by about 1E-17 of its largest kernel, which may be far larger than the load: by
-/// exp(-(sigma gap / 2)^2) = 5E-19 where it ends the sum and by erfc(6) / 2 at zero; both are less than what the bound
-/// has for the rounding of the sum. With a halved step sigma is 16 / gap.
+/// Where a sum may be windowed: for radii at least `gap` from the edge of the load by half erfc((xi - m sigma) /
+/// sigma), m = 6 and sigma = 16 / gap; with a halved step m = 7 and sigma = 20 / gap. It leaves out a share erfc(m) / 2
+/// at zero and exp(-(sigma gap / 2)^2) where it ends the sum; of a pole of the kernel at x + i y, whose waves decay
+/// like exp(-y gap), exp(-(m - x / sigma)^2 + (y / sigma)^2 - y gap) of its size. Plates have poles from y = x / 2 on;
+/// where they slide y is less: with sigma = 13 / gap that was 1E-12 of the far field.
 struct WaveRange {
     double Reach = 0;      ///< largest radius plus largest load radius [cm]
     double Largest = 0;    ///< wavenumber at which the sum may be expected to have ended [1/cm]

@@ -55,11 +55,11 @@ TEST(NodeRule, ResolvesKernelsThatTurnOverFarBelowTheFirstZero) {
 // exponential is pi / 4 (1 - r) exp(-r).
 TEST(NodeRule, WindowReplacesTheDecayFarFromTheEdge) {
     const double r = 20;
-    const NodeRule rule = MakeNodeRule({r, 156 / r, r, 1}, 0);
-    EXPECT_DOUBLE_EQ(WindowEnd(rule), 156 / r);
-    EXPECT_DOUBLE_EQ(WindowEnd(MakeNodeRule({r, 192 / r, r, 1}, 1)), 192 / r);  // wider beside a halved step
+    const NodeRule rule = MakeNodeRule({r, 192 / r, r, 1}, 0);
+    EXPECT_DOUBLE_EQ(WindowEnd(rule), 192 / r);
+    EXPECT_DOUBLE_EQ(WindowEnd(MakeNodeRule({r, 280 / r, r, 1}, 1)), 280 / r);  // wider beside a halved step
     const auto f = [&](double x) { return std::cos(x * r) * x * x / ((1 + x * x) * (1 + x * x)); };
-    EXPECT_NEAR(Sum(rule, 156 / r, f), 3.14159265358979323846 / 4 * (1 - r) * std::exp(-r), 2e-14);
+    EXPECT_NEAR(Sum(rule, 192 / r, f), 3.14159265358979323846 / 4 * (1 - r) * std::exp(-r), 2e-14);
 }
 
 TEST(Cells, CoverTheRangeWithoutGapsAndGrowWithTheDistance) {
