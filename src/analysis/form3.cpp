@@ -8,6 +8,7 @@
 
 #include "analysis/form4.h"
 #include "pavement/analysis_input.h"
+#include "pavement/run_lock.h"
 #include "pavement/solver_process.h"
 #include "platform/files.h"
 #include "shell/screen_language.h"
@@ -162,6 +163,10 @@ void Form3::Command7_Click() {  // ANALYZE
     switch (RunAnalysis(request, callbacks)) {
         case SolverRunResult::InputMissing:
             Tell(172, Icon::Stop);
+            Text9.Visible = false;
+            break;
+        case SolverRunResult::FolderBusy:
+            Tell(FolderBusyText(LanguageBaseOf(App())), Icon::Stop);
             Text9.Visible = false;
             break;
         case SolverRunResult::Uncompleted:

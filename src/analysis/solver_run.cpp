@@ -2,10 +2,12 @@
 #include "analysis/solver_run.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "base/callback.h"
 #include "base/runtime_fault.h"
 #include "pavement/report_reason.h"
+#include "pavement/run_lock.h"
 #include "pavement/solver_process.h"
 #include "platform/fault_subject.h"
 #include "platform/files.h"
@@ -58,6 +60,12 @@ SolverRunResult RunSolver(const SolverRunRequest& request, ProcessService& proce
     CallIfSet(callbacks.PaintComputing);
     if (!FileExists(request.InputFileName)) {
         return SolverRunResult::InputMissing;
+    }
+    std::optional<RunLock> folder;
+    for (folder.emplace(); folder->IsBusy(); folder.emplace()) {
+        if (!callbacks.FolderBusy || !callbacks.FolderBusy()) {
+            return SolverRunResult::FolderBusy;
+        }
     }
     ControlFile control(ControlFileBytes(request.Language, request.Units, "INPUT FILENAME", request.InputFileName));
     RunHidden(process, JoinPath(request.ProgramFolder, AnalysisSolverName), StartFailure::Fault,

@@ -30,12 +30,15 @@ struct SolverRunCallbacks {
     std::function<void()> WaitOver;        ///< the process has ended, or could not be opened; not with identifier 0
     std::function<void()> HideComputing;   ///< after the run, before the files are taken up
     std::function<void()> Waiting{};       ///< a few times a second while the solver works
+    /// Another run is under way in the folder: true to look again; where it is not set the run is given up at once.
+    std::function<bool()> FolderBusy{};
 };
 
 enum class SolverRunResult {
     InputMissing,  ///< k=172, nothing was written and the note still shows
     Finished,      ///< both reports are stamped and have their comma copies
     Uncompleted,   ///< k=173, a stamped report was gone again
+    FolderBusy,    ///< FolderBusyText; nothing was written and the note still shows
 };
 
 /// Runs the solver and finishes its reports, ".san" first. Only the presence of the reports is looked at: a report of

@@ -15,6 +15,7 @@
 #include "pavement/data_findings.h"
 #include "pavement/pavement_rules.h"
 #include "pavement/solver_process.h"
+#include "platform/clock.h"
 #include "platform/code_page.h"
 #include "platform/files.h"
 #include "platform/process.h"
@@ -35,6 +36,9 @@ constexpr Int16 MessageUncompleted = 173;
 
 /// In the table of a report, and nowhere else in it; a report of bad input has none.
 constexpr std::string_view MarkerLine = "\n   ===";
+
+/// At a folder in which another run is under way [ms].
+constexpr int BetweenLooks = 20;
 
 /// Where a run stands, to tell what a fault was about.
 enum class Stage { ControlFile, Solver, Reports };
@@ -127,6 +131,14 @@ SolverRunResult Analysis::RunTheSolver() {
     callbacks.HideComputing = [this] {
         stage_ = Stage::Reports;
         console_.Progress(request_.File + ": finishing the reports");
+    };
+    callbacks.FolderBusy = [this, told = false]() mutable {
+        if (!told) {
+            console_.Note(request_.File, "another zirvo computes in this folder; waiting for its end");
+            told = true;
+        }
+        Pause(BetweenLooks);
+        return true;
     };
     return RunSolver(run, *MakeProcessService(), callbacks);
 }

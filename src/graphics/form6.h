@@ -2,6 +2,7 @@
 // run, and the user works on the map. One click of a start button leads from the section to the finished map, on one
 // thread, one step inside the other.
 #pragma once
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,6 +14,7 @@
 #include "forms/text_box.h"
 #include "graphics/map_picture.h"
 #include "graphics/section_plot.h"
+#include "pavement/run_lock.h"
 #include "platform/files.h"
 #include "platform/process.h"
 
@@ -164,6 +166,10 @@ private:
     forms::Answer Tell(const std::string& text, const std::string& title, forms::Icon icon,
                        forms::Buttons choice = forms::Buttons::Ok) const;
     forms::Answer Tell(Int16 k, forms::Icon icon, forms::Buttons choice = forms::Buttons::Ok) const;
+    /// Whether another program computes in the folder; then the user has been told, and nothing else has changed.
+    bool TellIfBusy(const RunLock& folder) const;
+    /// Whether another program has computed in the folder since this map was made; then the user has been told.
+    bool TellIfReplaced() const;
 
     /// A click on the map, as it was marked.
     struct ProbeMark {
@@ -184,11 +190,12 @@ private:
     std::string programFolder_;
     std::shared_ptr<ProcessService> process_;
     std::unique_ptr<MapPicture> picture_;
-    std::optional<DrawnMap> drawn_;  ///< none while the picture is clear
-    int component_ = -1;             ///< entry of the list that is in force, -1 after the load and CLEAR FORM
-    bool tellingItems_ = false;      ///< the rule of the display items is setting boxes, and fires itself
-    bool refused_ = false;           ///< the last start was refused, and no other act has led on since
-    bool inputLeftOpen_ = false;     ///< a failed depth test has left "ZIRVO_SV.EVA" open on this screen
+    std::optional<DrawnMap> drawn_;              ///< none while the picture is clear
+    std::optional<std::int64_t> reportWritten_;  ///< when the report of the map was, see WrittenAt
+    int component_ = -1;          ///< entry of the list that is in force, -1 after the load and CLEAR FORM
+    bool tellingItems_ = false;   ///< the rule of the display items is setting boxes, and fires itself
+    bool refused_ = false;        ///< the last start was refused, and no other act has led on since
+    bool inputLeftOpen_ = false;  ///< a failed depth test has left "ZIRVO_SV.EVA" open on this screen
 };
 
 }  // namespace zirvo

@@ -95,6 +95,11 @@ void Form6::Command5_Click() {  // RE-DRAW
         EnableAfterDrawing();
         return;
     }
+    const bool fromTheReport = Text3.Text.Get().empty() || Text4.Text.Get().empty();
+    std::optional<RunLock> folder;
+    if (fromTheReport && (TellIfBusy(folder.emplace()) || TellIfReplaced())) {
+        return;
+    }
     DisableRangeBoxes();
     EnableItems(false);
     Command2.Enabled = false;
@@ -106,7 +111,7 @@ void Form6::Command5_Click() {  // RE-DRAW
     Command8.Enabled = false;
     Command9.Enabled = false;
     MendLineCount();
-    if (!Text3.Text.Get().empty() && !Text4.Text.Get().empty()) {
+    if (!fromTheReport) {
         DrawContourMap();
     } else {
         ConvertSectionXY();  // a section of either kind: the report that stands has been stamped before

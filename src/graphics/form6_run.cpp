@@ -4,8 +4,10 @@
 #include "graphics/form5.h"
 #include "graphics/form6.h"
 #include "platform/fault_subject.h"
+#include "platform/folders.h"
 #include "shell/form2.h"
 #include "text/number_text.h"
+#include "text/version_stamp.h"
 
 namespace zirvo {
 namespace {
@@ -15,10 +17,15 @@ using forms::Buttons;
 using forms::Icon;
 
 constexpr forms::ScreenColor White = 0xFFFFFF;
+constexpr Int16 BoxStamp = 3;
 
 }  // namespace
 
 void Form6::Command1_Click() {  // START ANALYSIS of an X-Y section
+    const RunLock folder;
+    if (TellIfBusy(folder)) {
+        return;
+    }
     refused_ = false;
     Command1.Enabled = false;
     Command2.Enabled = false;
@@ -35,6 +42,10 @@ void Form6::Command1_Click() {  // START ANALYSIS of an X-Y section
 }
 
 void Form6::Command10_Click() {  // START ANALYSIS of an X-Z section
+    const RunLock folder;
+    if (TellIfBusy(folder)) {
+        return;
+    }
     refused_ = false;
     Command2.Enabled = false;
     Command3.Enabled = false;
@@ -172,7 +183,24 @@ void Form6::ConvertAndLoad() {
     LoadSectionData(PartOf(whole, shareOfConversion, 1));
 }
 
+bool Form6::TellIfBusy(const RunLock& folder) const {
+    if (folder.IsBusy()) {
+        Tell(FolderBusyText(LanguageBase), MakeVersionStamp(BoxStamp), Icon::Stop);
+    }
+    return folder.IsBusy();
+}
+
+bool Form6::TellIfReplaced() const {
+    const std::optional<std::int64_t> now = WrittenAt(SectionReportName);
+    const bool replaced = now && reportWritten_ && *now != *reportWritten_;
+    if (replaced) {
+        Tell(ReportReplacedText(LanguageBase), MakeVersionStamp(BoxStamp), Icon::Stop);
+    }
+    return replaced;
+}
+
 void Form6::LoadSectionData(const Progress& progress) {
+    reportWritten_ = WrittenAt(SectionReportName);
     const ReadOuts texts = LoadSection(Plot, progress);
     if (Plot.Data.Count() > DataLineLimit) {
         TellTooManyDataLines();

@@ -4,6 +4,7 @@
 #include <array>
 #include <chrono>
 #include <ctime>
+#include <thread>
 
 namespace zirvo {
 
@@ -25,6 +26,10 @@ std::string LocalTimeText(std::int64_t milliseconds) {
         return "";
     }
     return text.data();
+}
+
+void Pause(int milliseconds) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
 }  // namespace zirvo

@@ -1,5 +1,5 @@
 // A lock that the system itself lets go of when the program ends, however it ends: so a lock that is held tells that
-// its program lives. Caller: the kept data of the screens.
+// its program lives. Callers: the kept data of the screens, the lock of a folder in which a run is under way.
 #pragma once
 #include <cstdint>
 #include <memory>
@@ -15,6 +15,9 @@ public:
     static std::unique_ptr<FileLock> OfNewFile(const std::string& path);
     /// Locks a file that is there; nothing where it is missing or anybody holds it, this program included.
     static std::unique_ptr<FileLock> OfFile(const std::string& path);
+    /// Locks a file, which is made where it is missing. What the program starts meanwhile holds it too.
+    /// @param held  set to whether another holds it; else there is no lock to be had
+    static std::unique_ptr<FileLock> OfAnyFile(const std::string& path, bool& held);
     ~FileLock();
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;

@@ -16,6 +16,7 @@ namespace zirvo {
 namespace {
 
 constexpr std::intptr_t None = -1;
+constexpr int MostTries = 100;
 
 /// Whether the path still leads to the open file: another program may have removed it before it was locked.
 bool IsAt(const std::string& path, int file) {
@@ -69,6 +70,30 @@ std::unique_ptr<FileLock> FileLock::OfNewFile(const std::string& path) {
 std::unique_ptr<FileLock> FileLock::OfFile(const std::string& path) {
     const std::intptr_t file = LockedFile(path, 0);
     return std::unique_ptr<FileLock>(file == None ? nullptr : new FileLock(path, file));
+}
+
+/// Opened for reading, since the file may have been left by another user; not closed in a child, so that a solver whose
+/// starter is killed holds the lock until it has ended.
+std::unique_ptr<FileLock> FileLock::OfAnyFile(const std::string& path, bool& held) {
+    held = false;
+    for (int tries = 0; tries < MostTries; ++tries) {
+        const int file =
+            Uninterrupted([&] { return open(path.c_str(), O_RDONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK, 0666); });
+        if (file < 0) {
+            return nullptr;
+        }
+        if (Uninterrupted([&] { return flock(file, LOCK_EX | LOCK_NB); }) != 0) {
+            held = errno == EWOULDBLOCK;
+            close(file);
+            return nullptr;
+        }
+        if (IsAt(path, file)) {
+            return std::unique_ptr<FileLock>(new FileLock(path, file));
+        }
+        close(file);  // its owner has removed it in between
+    }
+    held = true;
+    return nullptr;
 }
 
 void FileLock::RemoveFile() {

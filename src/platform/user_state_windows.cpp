@@ -49,6 +49,12 @@ std::unique_ptr<FileLock> FileLock::OfFile(const std::string& path) {
     return std::unique_ptr<FileLock>(file == None ? nullptr : new FileLock(path, file));
 }
 
+std::unique_ptr<FileLock> FileLock::OfAnyFile(const std::string& path, bool& held) {
+    const std::intptr_t file = LockedFile(path, OPEN_ALWAYS);
+    held = file == None && GetLastError() == ERROR_SHARING_VIOLATION;
+    return std::unique_ptr<FileLock>(file == None ? nullptr : new FileLock(path, file));
+}
+
 void FileLock::RemoveFile() {
     Release();
     RemoveIfThere(path_);

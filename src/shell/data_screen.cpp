@@ -169,7 +169,11 @@ LoadedPavementTexts DataScreen::LoadedPavementTextsFromControls() const {
 // Messages ----------------------------------------------------------------------------------------------------------
 
 Answer DataScreen::Tell(Int16 k, Icon picture, Buttons choice) const {
-    return World().Show({.Text = Words(k),
+    return Tell(Words(k), picture, choice);
+}
+
+Answer DataScreen::Tell(const std::string& text, Icon picture, Buttons choice) const {
+    return World().Show({.Text = text,
                          .Title = MakeVersionStamp(3),
                          .Picture = picture,
                          .Choice = choice,

@@ -153,6 +153,8 @@ protected:
 
     /// A message box of the program; the words of message k.
     forms::Answer Tell(Int16 k, forms::Icon picture, forms::Buttons choice = forms::Buttons::Ok) const;
+    /// The same with words that are in no catalogue.
+    forms::Answer Tell(const std::string& text, forms::Icon picture, forms::Buttons choice = forms::Buttons::Ok) const;
     /// The pair of messages of data that are refused.
     void TellRefused(Int16 k) const;
     /// No cell is marked any more.

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "analysis/analysis_screens.h"
+#include "platform/file_lock.h"
 #include "platform/files.h"
 #include "platform/small_disk.h"
 #include "text/file_helpers.h"
@@ -261,6 +262,34 @@ TEST_F(Form3Run, AFileInTheWayIsNamed) {
     Analyze();
     EXPECT_EQ(WordsIn(Screens), EndOf("File: " + Screens.Folder.Path("ZIRVO_SV.TMP") +
                                       "\nA file of this name is in the way. Please move or delete it."));
+}
+
+TEST(Form3RunInAFolderOfTwo, IsRefusedInBothLanguagesAndCanBeTriedAgain) {
+    for (const auto& [base, words] :
+         {std::pair{EnglishBase, "ANOTHER ZIRVO IS COMPUTING IN THIS FOLDER.\nPLEASE TRY AGAIN WHEN IT HAS FINISHED."},
+          std::pair{JapaneseBase, "このフォルダでは別の ZIRVO が計算中です。\n終了後にもう一度実行してください。"}}) {
+        AnalysisScreens screens(base);
+        screens.ImportAndAnswer(Answer::No);
+        screens.Desktop.Forget();
+        screens.ProcessLog.clear();
+        bool held = false;
+        std::unique_ptr<FileLock> other = FileLock::OfAnyFile(screens.Folder.Path(".zirvo-lock"), held);
+        screens.Data().Command7.UserClick();
+        EXPECT_EQ(screens.Desktop.Boxes,
+                  (std::vector<forms::Message>{
+                      {.Text = words,
+                       .Title = "ZIRVO Ver2.3",
+                       .Picture = forms::Icon::Stop,
+                       .Words = base == JapaneseBase ? forms::Language::Japanese : forms::Language::English}}));
+        EXPECT_EQ(screens.ProcessLog, Texts{});
+        EXPECT_FALSE(screens.Data().Text9.Visible);
+        EXPECT_TRUE(screens.Data().Command7.Enabled);
+        EXPECT_EQ(screens.Folder.Names(), (Texts{".zirvo-lock", "Untitled.eva"}));
+        other->RemoveFile();
+        screens.Data().Command7.UserClick();
+        EXPECT_TRUE(screens.IsShown("Form4"));
+        EXPECT_FALSE(screens.Folder.Has(".zirvo-lock"));
+    }
 }
 
 TEST(Form3RunInJapanese, AFileInTheWayIsNamed) {

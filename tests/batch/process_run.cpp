@@ -129,6 +129,10 @@ bool RunningProcess::HasEnded() const {
            information.si_pid != 0;
 }
 
+std::string RunningProcess::ErrorsSoFar() const {
+    return streams_->Folder.Get("err");
+}
+
 Outcome RunningProcess::Wait() {
     int status = 0;
     waitpid(id_, &status, 0);

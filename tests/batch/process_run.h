@@ -37,6 +37,8 @@ public:
 
     void Send(int signal) const;
     bool HasEnded() const;
+    /// What it has written on standard error by now.
+    std::string ErrorsSoFar() const;
     /// Until its end.
     Outcome Wait();
 

@@ -1,0 +1,137 @@
+// Two programs in one folder: the second waits for the first, and never reads the other's report.
+#include <gtest/gtest.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+#include <csignal>
+#include <filesystem>
+#include <memory>
+#include <thread>
+
+#include "batch/work_folder.h"
+#include "platform/file_lock.h"
+
+namespace zirvo::test {
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+constexpr const char* LockName = ".zirvo-lock";
+constexpr const char* Waiting = "another zirvo computes in this folder; waiting for its end\n";
+
+Arguments Analyze(const std::string& file) {
+    return {"analyze", file, "--units", "3", "--language", "en"};
+}
+
+class TwoPrograms : public testing::Test {
+protected:
+    const WorkFolder Folder;
+
+    Surroundings Here(const std::string& program = ZIRVO_BIN "/zirvo-batch") const {
+        return {.Program = program, .Folder = Folder.Path()};
+    }
+    void WaitUntilItWaits(const RunningProcess& process) const {
+        while (!process.HasEnded() && process.ErrorsSoFar().empty()) {
+            std::this_thread::yield();
+        }
+    }
+};
+
+TEST_F(TwoPrograms, TheSecondWaitsUntilTheFolderIsFree) {
+    Folder.PutSample("road.eva");
+    bool held = false;
+    std::unique_ptr<FileLock> first = FileLock::OfAnyFile(Folder.Path(LockName), held);
+    ASSERT_NE(first, nullptr);
+    RunningProcess second(Analyze("road.eva"), Here());
+    WaitUntilItWaits(second);
+    EXPECT_EQ(Folder.Names(), (Arguments{LockName, "road.eva"})) << "nothing is written meanwhile";
+    EXPECT_FALSE(second.HasEnded());
+    first->RemoveFile();
+    const Outcome outcome = second.Wait();
+    EXPECT_EQ(outcome.Code, 0);
+    EXPECT_EQ(outcome.Err, std::string("road.eva: ") + Waiting);
+    EXPECT_FALSE(Folder.Has(LockName));
+}
+
+TEST_F(TwoPrograms, OneThatWaitsCanBeInterrupted) {
+    Folder.PutSample("road.eva");
+    bool held = false;
+    const std::unique_ptr<FileLock> first = FileLock::OfAnyFile(Folder.Path(LockName), held);
+    RunningProcess second(Analyze("road.eva"), Here());
+    WaitUntilItWaits(second);
+    second.Send(SIGINT);
+    EXPECT_EQ(second.Wait().Code, 130);
+    EXPECT_EQ(Folder.Names(), (Arguments{LockName, "road.eva"})) << "the lock is the other's";
+}
+
+TEST_F(TwoPrograms, ManyAtOnceGiveTheReportsOfEachAlone) {
+    constexpr int Rounds = 5;
+    const Arguments names{"road", "motorway", "runway", "braking"};
+    std::vector<std::string> alone;
+    for (const std::string& name : names) {
+        Folder.PutSample(name + ".eva");
+        ASSERT_EQ(RunProcess(Analyze(name + ".eva"), Here()).Code, 0);
+        alone.push_back(Folder.Get(name + ".bre") + Folder.Get(name + ".san") + Folder.Get(name + "_bre.csv"));
+    }
+    for (int round = 0; round < Rounds; ++round) {
+        std::vector<std::unique_ptr<RunningProcess>> processes;
+        for (const std::string& name : names) {
+            processes.push_back(std::make_unique<RunningProcess>(Analyze(name + ".eva"), Here()));
+        }
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            const Outcome outcome = processes[i]->Wait();
+            EXPECT_EQ(outcome.Code, 0) << outcome.Err;
+        }
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            EXPECT_EQ(Folder.Get(names[i] + ".bre") + Folder.Get(names[i] + ".san") + Folder.Get(names[i] + "_bre.csv"),
+                      alone[i]);
+        }
+    }
+    for (const std::string& name : Folder.Names()) {
+        EXPECT_TRUE(name.ends_with(".eva") || name.ends_with(".bre") || name.ends_with(".san") ||
+                    name.ends_with(".csv"))
+            << name;
+    }
+}
+
+// Its solver may still write what the second one would take for its own.
+TEST_F(TwoPrograms, TheFolderIsBusyUntilTheSolverOfAKilledProgramHasEnded) {
+    prctl(PR_SET_CHILD_SUBREAPER, 1);
+    Folder.PutSample("road.eva");
+    const WorkFolder programs;
+    std::filesystem::copy_file(ZIRVO_BIN "/zirvo-batch", programs.Path("zirvo-batch"));
+    ASSERT_EQ(mkfifo(programs.Path("go").c_str(), 0600), 0);
+    programs.Put("ZIRVO_SV12.EXE", "#!/bin/sh\n: > works\nread line < " + programs.Path("go") + "\n");
+    chmod(programs.Path("ZIRVO_SV12.EXE").c_str(), 0755);
+    RunningProcess first(Analyze("road.eva"), Here(programs.Path("zirvo-batch")));
+    while (!first.HasEnded() && !Folder.Has("works")) {
+        std::this_thread::yield();
+    }
+    first.Send(SIGKILL);
+    EXPECT_EQ(first.Wait().Code, 128 + SIGKILL);
+    RunningProcess second(Analyze("road.eva"), Here());
+    WaitUntilItWaits(second);
+    EXPECT_FALSE(second.HasEnded());
+    EXPECT_FALSE(Folder.Has("road.bre"));
+    programs.Put("go", "\n");  // the solver ends
+    const Outcome outcome = second.Wait();
+    EXPECT_EQ(outcome.Code, 0) << outcome.Err;
+    EXPECT_EQ(outcome.Err, std::string("road.eva: ") + Waiting);
+    while (waitpid(-1, nullptr, 0) > 0) {
+    }
+    prctl(PR_SET_CHILD_SUBREAPER, 0);
+    EXPECT_FALSE(Folder.Has(LockName));
+}
+
+TEST_F(TwoPrograms, ALockThatAKilledProgramHasLeftIsNoHindrance) {
+    Folder.PutSample("road.eva");
+    Folder.Put(LockName, "");
+    const Outcome outcome = RunProcess(Analyze("road.eva"), Here());
+    EXPECT_EQ(outcome.Code, 0);
+    EXPECT_EQ(outcome.Err, "");
+    EXPECT_FALSE(Folder.Has(LockName));
+}
+
+}  // namespace
+}  // namespace zirvo::test
