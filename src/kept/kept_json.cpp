@@ -136,7 +136,8 @@ KeptScreen Screen(const json& value) {
     screen.Screen = Text(Member(value, "screen"));
     screen.Units = SmallInteger(Member(value, "units"), MostCounts);
     screen.Japanese = Member(value, "japanese") == true;
-    screen.When = Integer(Member(value, "when"), 0, std::numeric_limits<std::int64_t>::max());
+    using Times = std::numeric_limits<std::int64_t>;  // a clock may stand before 1970
+    screen.When = Integer(Member(value, "when"), Times::min(), Times::max());
     for (const json& count : Array(Member(value, "counts"), MostCounts)) {
         screen.Counts.push_back(SmallInteger(count, HighestCount));
     }

@@ -14,7 +14,8 @@ std::int64_t MillisecondsSince1970() {
 }
 
 std::string LocalTimeText(std::int64_t milliseconds) {
-    const auto seconds = static_cast<std::time_t>(milliseconds / 1000);
+    const auto seconds =
+        static_cast<std::time_t>(milliseconds / 1000 - (milliseconds % 1000 < 0 ? 1 : 0));  // before 1970 too
     std::tm local{};
 #ifdef _WIN32
     const bool known = localtime_s(&local, &seconds) == 0;
