@@ -6,7 +6,8 @@
 #include <cstdio>
 #include <string>
 
-#include "solver/problem.h"
+#include "solver/check_problem.h"
+#include "solver/solve.h"
 #include "solver_pavement.h"
 #include "support/fuzzing.h"
 
@@ -227,6 +228,8 @@ void RunInput(std::string_view bytes) {
     ByteSource source(bytes);
     const SomePavement some = PavementOf(source);
     const Problem& problem = some.Problem;
+    Problem judged = problem;
+    RequireOf(solver::CheckProblem(judged).empty(), problem, "the pavement is a legal one");
     const Solution solution = solver::Solve(problem, {1});
     const Solution threads = solver::Solve(problem, {2});
     bool finite = true;

@@ -10,6 +10,7 @@
 #include "solver/io/control_file.h"
 #include "solver/io/solver_input.h"
 #include "solver/io/solver_run.h"
+#include "solver/solve.h"
 #include "support/byte_source.h"
 #include "support/fuzzing.h"
 #include "support/work_folder.h"

@@ -118,15 +118,16 @@ private:
 
     void JudgePoint(std::size_t i) {
         Point& point = problem_.Points[i];
-        const bool numbers = IsNumber(Part::Point, i, "PointX", point.X) & IsNumber(Part::Point, i, "PointY", point.Y) &
-                             IsNumber(Part::Point, i, "PointZ", point.Z);
+        const bool x = IsNumber(Part::Point, i, "PointX", point.X);  // each is told
+        const bool y = IsNumber(Part::Point, i, "PointY", point.Y);
+        const bool z = IsNumber(Part::Point, i, "PointZ", point.Z);
         if (point.Layer == 0 && std::fabs(point.Z) <= DepthRounding) {
             point.Layer = 1;
         }
         if (point.Layer < 1 || static_cast<std::size_t>(point.Layer) > tops_.size()) {
             Refuse(Part::Point, i, "LayerNumber", point.Layer,
                    "names no layer: there are " + std::to_string(tops_.size()));
-        } else if (numbers && !layersFail_) {
+        } else if (x && y && z && !layersFail_) {
             JudgeDepth(i, static_cast<std::size_t>(point.Layer) - 1);
         }
     }

@@ -13,7 +13,6 @@ inline double FromCentre(double x, double rest, int& centre) {
 
 #if defined(__GNUC__) && !defined(ZIRVO_PLAIN_VECTORS)
 typedef double Four __attribute__((vector_size(32)));
-typedef long long FourBits __attribute__((vector_size(32)));
 inline Four TaylorBessel(const BesselTable& table, double x, double rest) {
     int centre;
     const double d = FromCentre(x, rest, centre);
@@ -32,13 +31,11 @@ inline Four TaylorBessel(const BesselTable& table, double x, double rest) {
 inline void TaylorOfFour(const BesselTable& table, const double* x, const double* rest, double* const out[4]) {
     const Four a = TaylorBessel(table, x[0], rest[0]), b = TaylorBessel(table, x[1], rest[1]);
     const Four c = TaylorBessel(table, x[2], rest[2]), d = TaylorBessel(table, x[3], rest[3]);
-    const Four ab01 = __builtin_shuffle(a, b, FourBits{0, 4, 1, 5}),
-               ab23 = __builtin_shuffle(a, b, FourBits{2, 6, 3, 7});
-    const Four cd01 = __builtin_shuffle(c, d, FourBits{0, 4, 1, 5}),
-               cd23 = __builtin_shuffle(c, d, FourBits{2, 6, 3, 7});
+    const Four ab01 = __builtin_shufflevector(a, b, 0, 4, 1, 5), ab23 = __builtin_shufflevector(a, b, 2, 6, 3, 7);
+    const Four cd01 = __builtin_shufflevector(c, d, 0, 4, 1, 5), cd23 = __builtin_shufflevector(c, d, 2, 6, 3, 7);
     const Four rows[4] = {
-        __builtin_shuffle(ab01, cd01, FourBits{0, 1, 4, 5}), __builtin_shuffle(ab01, cd01, FourBits{2, 3, 6, 7}),
-        __builtin_shuffle(ab23, cd23, FourBits{0, 1, 4, 5}), __builtin_shuffle(ab23, cd23, FourBits{2, 3, 6, 7})};
+        __builtin_shufflevector(ab01, cd01, 0, 1, 4, 5), __builtin_shufflevector(ab01, cd01, 2, 3, 6, 7),
+        __builtin_shufflevector(ab23, cd23, 0, 1, 4, 5), __builtin_shufflevector(ab23, cd23, 2, 3, 6, 7)};
     for (int n = 0; n < 4; ++n) {
         if (out[n] != nullptr) {
             __builtin_memcpy(out[n], &rows[n], sizeof rows[n]);
