@@ -98,6 +98,14 @@ def texts():
     put("kept", "deep", 40 * b"[" + 40 * b"]")
 
 
+def tables():
+    put("tables", "gear", b"x,y,share\n-17.25,0,1\n17.25,0,1.5\n# middle\n\n")
+    put("tables", "lives", b"\xef\xbb\xbfload, repetitions\r\n 49 , 1E5\r\n80,2.5D3\r\n0001")
+    put("tables", "cells", b"5000\t0.35\t15\r\n\"a \"\"b\"\"\tc\"\t\t\n50\t\"open")
+    put("tables", "function", b"fatigue=0.0796/3.291/0.854")
+    put("tables", "study", b"e1,e2,h,W,EPSx\n5000,300,15,0.0421,-1.5e-4\n,x,nan,1e400,2\n")
+
+
 def pavements():
     chance = random.Random(7)
     for kind in range(3):
@@ -192,6 +200,7 @@ def main():
     reports()
     numbers()
     texts()
+    tables()
     pavements()
     screens()
 

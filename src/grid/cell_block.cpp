@@ -39,8 +39,9 @@ std::string TakeCell(std::string_view text, std::size_t& at) {
             return *std::move(quoted);
         }
     }
-    const std::size_t end = std::min(text.find_first_of(EndsOfACell, at), text.size());
-    return std::string(text.substr(std::exchange(at, end), end - at));
+    const std::size_t begin = at;
+    at = std::min(text.find_first_of(EndsOfACell, begin), text.size());
+    return std::string(text.substr(begin, at - begin));
 }
 
 std::string Quoted(const std::string& cell) {
