@@ -10,7 +10,9 @@ endif()
 if(WIN32)
   target_compile_definitions(zirvo_rules INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN)
   if(MINGW)
-    target_link_options(zirvo_rules INTERFACE -static)
+    # A program stands alone, except one with Qt: Qt's libraries bring the compiler's, and there must be one of each.
+    target_link_options(zirvo_rules INTERFACE $<$<NOT:$<BOOL:$<TARGET_PROPERTY:ZIRVO_USES_QT>>>:-static>)
+    target_link_options(zirvo_rules INTERFACE -Wl,--no-insert-timestamp)  # the same source gives the same bytes
   endif()
 endif()
 if(ZIRVO_FUZZ)

@@ -128,6 +128,7 @@ CLI::App* Parser::AddCommand(const char* name, const char* description, bool tak
 }
 
 void Parser::AddCommonFlags(CLI::App& app) {
+    app.allow_windows_style_options(false);  // "/data/road.ven" is a file
     app.set_help_flag("-h,--help", "Print this help");
     app.set_version_flag("--version", "zirvo-batch " + MakeVersionStamp(0), "Print the version");
     app.add_flag("--quiet", quiet_, "No progress and no notes on standard error");

@@ -1,8 +1,11 @@
 // A fresh folder for work files, see temporary_folder.h.
 #include "batch/temporary_folder.h"
 
+#include <chrono>
 #include <random>
+#include <string>
 #include <system_error>
+#include <thread>
 
 #include "base/runtime_fault.h"
 #include "platform/files.h"
@@ -11,7 +14,6 @@ namespace zirvo::batch {
 namespace {
 
 constexpr int MostTries = 100;
-constexpr int RemovalTries = 3;  // a virus scanner or an indexer may have a file open for a moment
 
 std::filesystem::path MakeFreshFolder() {
     const std::filesystem::path parent = std::filesystem::temp_directory_path();
@@ -27,6 +29,21 @@ std::filesystem::path MakeFreshFolder() {
         }
     }
     throw RuntimeFault(fault::FileAlreadyExists);
+}
+
+/// Windows takes a folder for being used until the last of a process is gone that worked in it, which may be a moment
+/// after its end, and until scanners of viruses have looked at its files.
+void RemoveFolder(const std::filesystem::path& folder) {
+    using namespace std::chrono_literals;
+    constexpr int MostLooks = 100;
+    for (int looks = 0; looks < MostLooks; ++looks) {
+        std::error_code error;
+        std::filesystem::remove_all(folder, error);
+        if (!error) {
+            return;
+        }
+        std::this_thread::sleep_for(20ms);
+    }
 }
 
 std::string Utf8Of(const std::filesystem::path& path) {
@@ -65,9 +82,7 @@ void TemporaryFolder::Remove() {
     if (!folder_.empty()) {
         std::error_code ignored;
         std::filesystem::current_path(std::filesystem::path(std::u8string(earlier_.begin(), earlier_.end())), ignored);
-        for (int tries = 0; tries < RemovalTries && std::filesystem::exists(folder_, ignored); ++tries) {
-            std::filesystem::remove_all(folder_, ignored);
-        }
+        RemoveFolder(folder_);
         folder_.clear();
     }
 }

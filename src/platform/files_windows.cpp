@@ -135,6 +135,9 @@ std::string CurrentFolder() {
 }
 
 void ChangeFolder(const std::string& path) {
+    if (path.empty()) {  // the system would call it a bad name
+        throw RuntimeFault(fault::PathNotFound, AboutPath(FaultMatter::Folder, path));
+    }
     if (SetCurrentDirectoryW(ToWide(path).c_str()) == 0) {
         const DWORD error = GetLastError();
         const bool missing = error == ERROR_FILE_NOT_FOUND || error == ERROR_DIRECTORY;

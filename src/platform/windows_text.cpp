@@ -8,6 +8,17 @@
 #include "platform/fault_subject.h"
 
 namespace zirvo {
+namespace {
+
+/// Whether the last part of the path is longer than a name can be. Some versions of the system tell so, others that the
+/// file or its folder is not there.
+bool HasNameTooLong(const std::string& path) {
+    constexpr std::size_t LongestName = 255;
+    const std::string name = path.substr(path.find_last_of("/\\") + 1);  // of none: npos + 1 is 0
+    return IsValidUtf8(name) && ToCharacters(name).size() > LongestName;
+}
+
+}  // namespace
 
 std::wstring ToWide(const std::string& path) {
     if (!IsValidUtf8(path) || path.find('\0') != std::string::npos) {
@@ -74,7 +85,7 @@ int SystemFaultOf(unsigned long error) {
 }
 
 void RaiseSystemFault(unsigned long error, const std::string& path) {
-    RaiseFileFault(SystemFaultOf(error), path);
+    RaiseFileFault(HasNameTooLong(path) ? fault::BadFileName : SystemFaultOf(error), path);
 }
 
 }  // namespace zirvo

@@ -90,6 +90,10 @@ TEST(FaultSubject, ANameThatNoFileCanHaveIsShownAsFarAsItCanBe) {
     const std::string longName = folder.Path(std::string(300, 'n'));
     EXPECT_EQ(Wrong([&] { WriteWholeFile(longName, "x"); }, 52, File(longName)), "");
     EXPECT_EQ(Wrong([&] { FileLength(folder.Path("a") + std::string("\0b", 2)); }, 52, File(folder.Path("a"))), "");
+}
+
+TEST(FaultSubject, ANameInNoEncodingOfOursIsShownAsFarAsItCanBe) {
+    const TemporaryFolder folder;
     EXPECT_EQ(Wrong([&] { FileLength(folder.Path("a\xFF")); }, 53, File(folder.Path("a\xEF\xBF\xBD"))), "");
 }
 

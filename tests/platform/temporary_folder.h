@@ -32,14 +32,14 @@ public:
 
     /// Writes a file with these bytes, by other means than those under test; gives its path.
     std::string Put(const std::string& name, std::string_view bytes) const {
-        std::ofstream file(std::filesystem::path(Path(name)), std::ios::binary);
+        std::ofstream file(Utf8Path(name), std::ios::binary);
         file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         return Path(name);
     }
 
     /// The bytes of a file; "<missing>" where there is none.
     std::string Get(const std::string& name) const {
-        std::ifstream file(std::filesystem::path(Path(name)), std::ios::binary);
+        std::ifstream file(Utf8Path(name), std::ios::binary);
         if (!file) {
             return "<missing>";
         }
@@ -47,7 +47,7 @@ public:
     }
 
     bool Has(const std::string& name) const {
-        return std::filesystem::exists(std::filesystem::symlink_status(Path(name)));
+        return std::filesystem::exists(std::filesystem::symlink_status(Utf8Path(name)));
     }
 
     /// Number of entries, hidden ones included.
@@ -60,6 +60,12 @@ public:
     }
 
 private:
+    /// Windows would take a plain string for text in the machine's own code page.
+    std::filesystem::path Utf8Path(const std::string& name) const {
+        const std::string path = Path(name);
+        return {std::u8string(path.begin(), path.end())};
+    }
+
     std::string path_;
 };
 

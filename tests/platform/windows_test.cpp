@@ -69,6 +69,24 @@ TEST(WindowsFiles, AreFoundUnderJapaneseNames) {
     EXPECT_EQ(folder.Entries(), 0U);
 }
 
+TEST(WindowsPaths, BothSlashesSeparateAndADriveHasARoot) {
+    EXPECT_EQ(JoinPath("C:\\a", "b"), "C:\\a\\b");
+    EXPECT_EQ(JoinPath("C:\\", "b"), "C:\\b");
+    EXPECT_EQ(JoinPath("C:/a/", "b"), "C:/a/b");
+    EXPECT_EQ(JoinPath("", "b"), "b");
+    EXPECT_EQ(FileNameOf("C:\\a/b.eva"), "b.eva");
+    EXPECT_EQ(FileNameOf("C:/a\\b.eva"), "b.eva");
+    EXPECT_EQ(FileNameOf("C:\\"), "");
+    EXPECT_EQ(FolderOf("C:\\a\\b.eva"), "C:\\a");
+    EXPECT_EQ(FolderOf("C:\\a"), "C:\\");
+    EXPECT_EQ(FolderOf("d:/a"), "d:/");
+    EXPECT_EQ(FolderOf("a"), "");
+}
+
+TEST(WindowsPaths, TheProgramsFolderHoldsTheProgram) {
+    EXPECT_GT(FileLength(JoinPath(ProgramFolder(), "test_platform.exe")), 0U);
+}
+
 /// The other end of a pipe that stands for standard output while it lives.
 class CaughtOutput {
 public:
