@@ -1,10 +1,10 @@
 // The picture file of a chart, drawn with Qt, see study_chart.h.
-#include "batch/option_texts.h"
 #include "batch/study_chart.h"
 #include "platform/files.h"
 #include "qt/image_surface.h"
 #include "qt/offscreen.h"
 #include "qt/picture_files.h"
+#include "text/file_helpers.h"
 
 namespace zirvo::batch {
 

@@ -9,6 +9,7 @@
 #include "batch/option_texts.h"
 #include "solver/io/report_names.h"
 #include "text/catalogue.h"
+#include "text/file_helpers.h"
 #include "text/version_stamp.h"
 
 namespace zirvo::batch {

@@ -4,11 +4,11 @@
 #include <cmath>
 
 #include "batch/check_command.h"
-#include "batch/option_texts.h"
 #include "pavement/analysis_input.h"
 #include "pavement/graphics_input.h"
 #include "pavement/pavement_blocks.h"
 #include "platform/files.h"
+#include "text/file_helpers.h"
 
 namespace zirvo::batch {
 namespace {

@@ -8,6 +8,7 @@
 #include "batch/option_texts.h"
 #include "solver/io/report_names.h"
 #include "text/catalogue.h"
+#include "text/file_helpers.h"
 
 namespace zirvo::batch {
 namespace {

@@ -11,6 +11,7 @@
 #include "batch/option_texts.h"
 #include "contour/display_rules.h"
 #include "solver/io/report_names.h"
+#include "text/file_helpers.h"
 #include "text/number_grammar.h"
 
 namespace zirvo::batch {

@@ -1,7 +1,6 @@
 // Option texts as values, see option_texts.h.
 #include "batch/option_texts.h"
 
-#include <algorithm>
 #include <charconv>
 
 namespace zirvo::batch {
@@ -11,12 +10,6 @@ int CountOf(std::string_view text, int highest) {
     const char* end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, value);
     return error == std::errc() && stop == end && value >= 1 && value <= highest ? value : 0;
-}
-
-bool HasExtension(const std::string& name, std::string_view extension) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return name.size() > extension.size() && std::equal(extension.rbegin(), extension.rend(), name.rbegin(),
-                                                        [&](char a, char b) { return a == lower(b); });
 }
 
 std::pair<int, int> SizeOf(std::string_view text) {

@@ -1,6 +1,5 @@
 // Option texts as values. Callers: the command line, the options of the map command.
 #pragma once
-#include <string>
 #include <string_view>
 #include <utility>
 
@@ -8,9 +7,6 @@ namespace zirvo::batch {
 
 /// The whole text as a number from 1 to `highest`; 0 for anything else.
 int CountOf(std::string_view text, int highest);
-
-/// True if the name ends in the extension (in small letters), in capitals or not, and has something in front of it.
-bool HasExtension(const std::string& name, std::string_view extension);
 
 inline constexpr int SmallestPicture = 100;  ///< pixels a side; margins take 80
 inline constexpr int LargestPicture = 8000;

@@ -7,6 +7,7 @@
 #include "batch/study_command.h"
 #include "design/number_table.h"
 #include "platform/files.h"
+#include "text/file_helpers.h"
 
 namespace zirvo::batch {
 namespace {

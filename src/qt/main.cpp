@@ -1,8 +1,11 @@
-// The desktop program: it takes no arguments, begins with the language screen and lives until a screen ends it.
+// The desktop program: it begins with the language screen and lives until a screen ends it. A file that is named behind
+// it, as a double click does, is imported once its screen comes up.
 #include <QApplication>
 #include <QPalette>
 #include <QStyleFactory>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "analysis/form3.h"
 #include "analysis/form4.h"
@@ -13,6 +16,7 @@
 #include "platform/files.h"
 #include "platform/folders.h"
 #include "platform/process.h"
+#include "platform/terminal.h"
 #include "qt/program_fonts.h"
 #include "qt/widgets/program_icon.h"
 #include "qt/widgets/qt_desktop.h"
@@ -21,6 +25,7 @@
 #include "shell/form2.h"
 #include "shell/form7.h"
 #include "shell/settings.h"
+#include "shell/start_file.h"
 #include "text/file_helpers.h"
 
 namespace zirvo {
@@ -36,8 +41,9 @@ std::string KeptFolderOf(const std::string& stateFolder) {
     return stateFolder.empty() ? "" : JoinPath(stateFolder, "kept");
 }
 
-std::unique_ptr<DataScreen> KeptIn(KeptStore& kept, std::unique_ptr<DataScreen> screen) {
+std::unique_ptr<DataScreen> Prepared(std::unique_ptr<DataScreen> screen, KeptStore& kept, StartFile& start) {
     screen->KeepIn(kept);
+    screen->ImportAtStart(start);
     return screen;
 }
 
@@ -61,7 +67,7 @@ void TellOfSettings(forms::Desktop& desktop, const std::string& folder) {
     }
 }
 
-int Run() {
+int Run(StartFile start) {
     const std::string settings = SettingsFolder(ProgramFolder(), UserStateFolder());
     const std::unique_ptr<ProcessService> processes = MakeProcessService();
     KeptStore kept(KeptFolderOf(UserStateFolder()));
@@ -69,21 +75,25 @@ int Run() {
     forms::Application application(desktop);
     application.KeepTypedData = [&kept] { return kept.IsKept(); };  // behind what each screen does at the end
     Register<Form1>(application);
-    application.Register(Form2::FormName, [&settings](forms::Application& owner) {
-        return std::make_unique<Form2>(owner, ProgramFolder(), settings);
+    application.Register(Form2::FormName, [&settings, &start](forms::Application& owner) {
+        auto form = std::make_unique<Form2>(owner, ProgramFolder(), settings);
+        form->StartIn(start.Folder());
+        return form;
     });
     application.Register(Form3::FormName, [&](forms::Application& owner) {
-        return KeptIn(kept, std::make_unique<Form3>(owner, *processes, ProgramFolder()));
+        return Prepared(std::make_unique<Form3>(owner, *processes, ProgramFolder()), kept, start);
     });
     Register<Form4>(application);
-    application.Register(Form5::FormName,
-                         [&](forms::Application& owner) { return KeptIn(kept, std::make_unique<Form5>(owner)); });
+    application.Register(Form5::FormName, [&](forms::Application& owner) {
+        return Prepared(std::make_unique<Form5>(owner), kept, start);
+    });
     application.Register(Form6::FormName, [makePicture = desktop.MapPictureMaker()](forms::Application& owner) {
         return std::make_unique<Form6>(owner, makePicture);
     });
     Register<Form7>(application);
     application.Show(Form1::FormName);
     TellOfSettings(desktop, settings);
+    start.TellWhatIsWrong(desktop);
     const int status = desktop.WaitForEnd();
     desktop.ReleaseForms();  // the windows go before what they show
     return status;
@@ -92,7 +102,8 @@ int Run() {
 }  // namespace
 }  // namespace zirvo
 
-int main(int /*argc*/, char** argv) {
+int main(int argc, char** argv) {
+    const std::vector<std::string> arguments = zirvo::CommandLineArguments(argc, argv);
     // One look on every desktop: the layouts are made for it. It also saves reading the desktop's own settings.
     QApplication::setDesktopSettingsAware(false);
     QApplication::setStyle(QStringLiteral("Fusion"));
@@ -104,7 +115,7 @@ int main(int /*argc*/, char** argv) {
 #endif
     const std::string fonts = zirvo::JoinPath(zirvo::ProgramFolder(), zirvo::FontsFolderName);
     zirvo::FindFontSettings(fonts);
-    int nameOnly = 1;  // whatever else is written behind the name counts for nothing
+    int nameOnly = 1;  // what is written behind the name is not for the toolkit
     const QApplication program(nameOnly, argv);
     QApplication::setApplicationName(QStringLiteral("zirvo"));
     QApplication::setApplicationDisplayName(QString());
@@ -113,5 +124,5 @@ int main(int /*argc*/, char** argv) {
     zirvo::RegisterFonts(fonts);
     QApplication::setFont(zirvo::widgets::ScreenFont({}));
     QApplication::setPalette(zirvo::ReadablePalette());
-    return zirvo::Run();
+    return zirvo::Run(arguments.empty() ? zirvo::StartFile() : zirvo::StartFile(arguments.front()));
 }

@@ -13,6 +13,7 @@
 #include "shell/kept_data.h"
 #include "shell/layout.h"
 #include "shell/screen_language.h"
+#include "shell/start_file.h"
 #include "text/catalogue.h"
 #include "text/file_helpers.h"
 #include "text/number_text.h"
@@ -52,18 +53,6 @@ void PlaceButtonRow(const std::array<forms::CommandButton*, 7>& buttons) {
         left += i == 4 ? 114 : 110;
     }
 }
-
-namespace {
-
-/// Whether the name has the extension, in letters of either case.
-bool EndsAs(std::string_view name, std::string_view extension) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return name.size() > extension.size() &&
-           std::equal(extension.begin(), extension.end(), name.end() - static_cast<std::ptrdiff_t>(extension.size()),
-                      [&](char a, char b) { return lower(a) == lower(b); });
-}
-
-}  // namespace
 
 // The screen --------------------------------------------------------------------------------------------------------
 
@@ -140,6 +129,7 @@ void DataScreen::Form_Load() {
     editing_->Speak(languageBase_);
     editing_->Forget();
     BeginKeeping();
+    ImportTheFirst();
 }
 
 // What the controls say ---------------------------------------------------------------------------------------------
@@ -253,7 +243,7 @@ bool DataScreen::TakesFile(const std::string& path) const {
     const bool nothingStands = std::all_of(its_->Tables.begin(), its_->Tables.end(), [](const DataTable& table) {
         return CountOf(table.Count.Caption.Get()) == 0;
     });
-    return EndsAs(path, its_->FileNames.front().Extension) && nothingStands &&
+    return HasExtension(path, its_->FileNames.front().Extension) && nothingStands &&
            (its_->Command1.IsUsable() || its_->Option2.IsUsable());
 }
 
@@ -264,6 +254,20 @@ void DataScreen::UserDrop(const std::string& path) {
     dropped_ = path;
     its_->Command1.UserClick();
     dropped_.reset();
+}
+
+/// Behind the question about kept data: who takes those back has the screen full, and the file waits for another time.
+void DataScreen::ImportTheFirst() {
+    if (start_ == nullptr || !start_->Waits(its_->FileNames.front().Extension)) {
+        return;
+    }
+    App().DispatchBehind([this] {
+        const std::string path = start_->Path();
+        if (!IsGone() && IsVisible() && TakesFile(path)) {
+            start_->Take();
+            UserDrop(path);
+        }
+    });
 }
 
 bool DataScreen::AskForUpdate() {

@@ -22,6 +22,7 @@ namespace zirvo {
 class KeptData;
 class KeptStore;
 struct KeptScreen;
+class StartFile;
 
 /// The data cells of a grid, by row; entry 0 stands for the headings and is empty. Fewer columns than asked for are
 /// fault 9.
@@ -91,6 +92,9 @@ public:
     /// What stands here is kept in this store, and what it has is offered once the screen is up. Before the load, or
     /// nothing is kept. The store must outlive the screen.
     void KeepIn(KeptStore& store);
+    /// The file that the program was started with, if it is one of this screen's, is imported once the screen is up and
+    /// nothing stands in it. Before the load. It must outlive the screen.
+    void ImportAtStart(StartFile& file) { start_ = &file; }
 
     void Form_Load() override;
     void Form_Unload() override;
@@ -178,6 +182,7 @@ private:
     void DataComeBack();     ///< by undoing
     void DataStandInFile();  ///< what stands here has been read from a file or written to one
     void FillFrom(const KeptScreen& kept);
+    void ImportTheFirst();
     void BeginUpdate();
     void DisableSteps();
     void DisableSource();
@@ -191,7 +196,8 @@ private:
     Int16 languageBase_ = 0;
     std::shared_ptr<clsFlexGridEdit> editor_;
     std::optional<TableEditing> editing_;
-    std::unique_ptr<KeptData> kept_;      ///< nothing where nothing is kept
+    std::unique_ptr<KeptData> kept_;  ///< nothing where nothing is kept
+    StartFile* start_ = nullptr;
     std::optional<std::string> dropped_;  ///< the file that OPEN FILE is to take
 };
 

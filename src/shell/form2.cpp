@@ -73,6 +73,9 @@ void Form2::Form_Load() {
     TrimSystemMenu(*this);
     languageBase_ = LanguageBaseOf(App());
     RestoreOrClear();
+    if (!startFolder_.empty() && IsGoodFolder(startFolder_)) {
+        TakeFolder(startFolder_);
+    }
     SetCaptions();
 }
 
@@ -136,9 +139,11 @@ Int16 Form2::Objective() const {
 void Form2::Command1_Click() {  // SEARCH
     const std::optional<std::string> folder = ChooseFolderDialog(*this, std::string(GetMessage(languageBase_, 13)),
                                                                  Label2.Caption, LanguageOf(languageBase_));
-    if (folder) {
-        Label2.Caption = *folder;
-    }
+    TakeFolder(folder.value_or(Label2.Caption));
+}
+
+void Form2::TakeFolder(const std::string& folder) {
+    Label2.Caption = folder;
     if (!Label2.Caption.Get().empty()) {
         Option1.Enabled = true;
         Option2.Enabled = true;

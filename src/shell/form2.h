@@ -2,6 +2,7 @@
 // settings, so it stays loaded, hidden, behind the data screens.
 #pragma once
 #include <string>
+#include <utility>
 
 #include "base/int16.h"
 #include "forms/application.h"
@@ -17,6 +18,10 @@ public:
     /// @param settingsFolder  where the settings file stands; "" is the program's folder
     explicit Form2(forms::Application& application, std::string programFolder = ProgramFolder(),
                    std::string settingsFolder = {});
+
+    /// Comes up with this folder in place of that of the settings, as if SEARCH had chosen it. Before the load; a
+    /// folder that is none changes nothing.
+    void StartIn(std::string folder) { startFolder_ = std::move(folder); }
 
     forms::Label Label1{*this, "Label1"};
     forms::Frame Frame1{*this, "Frame1"};
@@ -53,9 +58,11 @@ private:
     void RestoreOrClear();
     void StartEmpty();
     void SetCaptions();
+    void TakeFolder(const std::string& folder);
 
     std::string programFolder_;
     std::string settingsFolder_;
+    std::string startFolder_;
     Int16 languageBase_ = 0;
 };
 

@@ -47,6 +47,12 @@ std::string Stamped(std::string_view bytes) {
 
 }  // namespace
 
+bool HasExtension(const std::string& name, std::string_view extension) {
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+    return name.size() > extension.size() && std::equal(extension.rbegin(), extension.rend(), name.rbegin(),
+                                                        [&](char a, char b) { return a == lower(b); });
+}
+
 bool FileExists(const std::string& path) {
     try {
         FileLength(path);

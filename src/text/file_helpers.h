@@ -2,11 +2,15 @@
 // given.
 #pragma once
 #include <string>
+#include <string_view>
 
 namespace zirvo {
 
 /// True if a length can be taken: also for a file of zero bytes and for a folder.
 bool FileExists(const std::string& path);
+
+/// True if the name ends in the extension (in small letters), in capitals or not, and has something in front of it.
+bool HasExtension(const std::string& name, std::string_view extension);
 
 /// True if the path is a folder without the read-only attribute. A path without attributes is the caller's fault 53/76.
 /// Has no caller: a folder of the settings is good whether it can be written or not.

@@ -5,6 +5,7 @@
 
 #include "analysis/analysis_screens.h"
 #include "platform/files.h"
+#include "shell/start_file.h"
 
 namespace zirvo {
 namespace {
@@ -280,6 +281,62 @@ TEST_F(Form3Import, AFileThatIsDroppedGoesTheSameWayWithoutTheDialog) {
     EXPECT_EQ(Form.Label7.Caption, " 2");
     EXPECT_EQ(FocusOf(Form), "Command7") << "ANALYZE, as behind OPEN FILE";
     EXPECT_FALSE(Form.TakesFile(path)) << "data stand here now";
+}
+
+/// The same screens, started with that file.
+class Form3Start : public testing::Test {
+protected:
+    void StartWith(const std::string& name) {
+        test::PutFile(Screens.Folder.Path(name), ExampleFile());
+        Start = StartFile(Screens.Folder.Path(name));
+        Screens.App.Register("Form3", [this](forms::Application& app) {
+            auto form = std::make_unique<test::TestedForm3>(app, Screens.Scripted, Screens.Program.Path());
+            form->ImportAtStart(Start);
+            return form;
+        });
+        ComeUp();
+    }
+    void ComeUp() {
+        Screens.App.Dispatch([this] { Screens.Data().Unload(); });
+        Screens.App.Show("Form3");
+    }
+
+    AnalysisScreens Screens;
+    StartFile Start;
+};
+
+TEST_F(Form3Start, TheFileIsImportedOnceTheScreenIsUpAndNotAgain) {
+    Screens.Desktop.Answers = {Answer::No};
+    Screens.Desktop.OnBox = [this](const forms::Message&) { EXPECT_TRUE(Screens.IsShown("Form3")); };
+    StartWith("road.eva");
+    EXPECT_EQ(Screens.Desktop.BoxHeads(), Texts{"UPDATE INPUT FILE?"});
+    EXPECT_TRUE(Screens.Desktop.Dialogs.empty());
+    EXPECT_EQ(Screens.Data().Text7.Text, "road.eva");
+    EXPECT_EQ(Screens.Data().Label7.Caption, " 2");
+    EXPECT_EQ(FocusOf(Screens.Data()), "Command7") << "as behind OPEN FILE";
+    EXPECT_FALSE(Start.Waits(".eva"));
+    ComeUp();
+    EXPECT_EQ(Screens.Data().Label7.Caption, "0");
+    EXPECT_FALSE(Screens.Data().Option2.Value);
+}
+
+TEST_F(Form3Start, AFileOfTheOtherScreenWaitsOn) {
+    StartWith("road.ven");
+    EXPECT_TRUE(Screens.Desktop.Boxes.empty());
+    EXPECT_EQ(Screens.Data().Label7.Caption, "0");
+    EXPECT_TRUE(Start.Waits(".ven"));
+}
+
+TEST_F(Form3Start, AFileThatIsGoneMeanwhileIsToldAsOpenFileTells) {
+    Screens.Desktop.Answers = {Answer::No};
+    StartWith("road.eva");
+    Start = StartFile(Screens.Folder.Path("road.eva"));
+    std::filesystem::remove(Screens.Folder.Path("road.eva"));
+    Screens.Desktop.Forget();
+    ComeUp();
+    EXPECT_EQ(Screens.Data().Label7.Caption, "0");
+    EXPECT_TRUE(Screens.Data().Command1.Enabled) << "another file can be opened";
+    EXPECT_EQ(Screens.Desktop.EndStatus, std::nullopt);
 }
 
 }  // namespace

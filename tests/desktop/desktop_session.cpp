@@ -97,10 +97,11 @@ void DesktopSession::Start() {
     WaitForWindow("Form1");
 }
 
-void DesktopSession::Launch() {
-    std::vector<std::string> arguments = asUser_;
-    arguments.push_back((programs_ / "zirvo").string());
-    program_ = std::make_unique<ChildProcess>(arguments, environment_, work_.string(), -1, Complaints());
+void DesktopSession::Launch(const std::vector<std::string>& arguments) {
+    std::vector<std::string> command = asUser_;
+    command.push_back((programs_ / "zirvo").string());
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    program_ = std::make_unique<ChildProcess>(command, environment_, work_.string(), -1, Complaints());
 }
 
 bool DesktopSession::BecomeAnotherUser() {

@@ -37,8 +37,8 @@ public:
     bool BecomeAnotherUser();
     /// Starts the program and waits for its first screen.
     void Start();
-    /// Starts the program and waits for nothing.
-    void Launch();
+    /// Starts the program, with these arguments, and waits for nothing.
+    void Launch(const std::vector<std::string>& arguments = {});
     /// Ends it as a crash does, and waits until the system has taken it away.
     void Kill();
     /// Waits for the program to end. Gives its exit status.

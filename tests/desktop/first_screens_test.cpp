@@ -160,6 +160,41 @@ TEST(FirstScreens, WhereTheProgramsFolderCannotBeWrittenABoxNamesTheUsersOwnOnce
     EXPECT_TRUE(session.IsRunning());
 }
 
+TEST(FirstScreens, AFileNamedAtTheStartIsImportedOnItsScreen) {
+    DesktopSession session;
+    const std::filesystem::path folder = session.WorkFolder() / "ZIRVO 試験";
+    std::filesystem::create_directory(folder);
+    std::filesystem::copy_file(ZIRVO_SAMPLES "/road.ven", folder / "road.ven");
+    std::ofstream(session.ProgramFolder() / "zirvo_sv.ini") << session.WorkFolder().string() << "\r\n 3 \r\n 2 \r\n";
+    session.Launch({"ZIRVO 試験/road.ven"});  // from the folder of the user's files
+    session.WaitForWindow("Form1");
+    session.Key("Down");
+    session.Language(forms::Language::English);
+    session.Key("Return");
+    session.WaitForWindow("Form2");
+    session.Key("Return");
+    session.WaitForWindow("MessageBox");  // UPDATE INPUT FILE?
+    session.AnswerBox(1);
+    session.WaitForWindow("Form5");
+    session.Key("Return");  // TO GRAPHICS
+    session.WaitForWindow("Form6");
+    // In code page 932, as all files are.
+    EXPECT_EQ(BytesOf(session.ProgramFolder() / "zirvo_sv.ini"),
+              session.WorkFolder().string() + "/ZIRVO \x8E\x8E\x8C\xB1\r\n 3 \r\n 2 \r\n");
+}
+
+TEST(FirstScreens, ABadNameAtTheStartIsToldAndTheProgramGoesOn) {
+    DesktopSession session;
+    session.Launch({"nowhere.eva"});
+    session.WaitForWindow("MessageBox");
+    session.AnswerBox();
+    session.WaitForWindow("Form1");
+    session.Key("Down");
+    session.Language(forms::Language::English);
+    session.Click("Form1", "Command1");
+    EXPECT_EQ(session.WaitForExit(), 0);
+}
+
 TEST(FirstScreens, SettingsThatAreTooShortEndInTheFaultBoxWithStatusOne) {
     DesktopSession session;
     std::ofstream(session.ProgramFolder() / "zirvo_sv.ini") << session.WorkFolder().string() << "\r\n";

@@ -3,6 +3,7 @@
 
 #include "graphics/screens.h"
 #include "pavement/graphics_example.h"
+#include "shell/start_file.h"
 
 namespace zirvo {
 namespace {
@@ -228,6 +229,22 @@ TEST(Form5Drop, AFileGoesTheWayOfOpenFileWithoutItsDialog) {
         EXPECT_EQ(form.ModelFromControls(), test::ExampleData());
         EXPECT_EQ(forms::FocusOf(form), "Command5") << "as behind OPEN FILE";
     }
+}
+
+TEST(Form5Start, TheFileThatTheProgramWasStartedWithIsImportedOnceTheScreenIsUp) {
+    Screens screens;
+    PutFile(screens.Folder.Path("example.ven"), ExampleVen());
+    StartFile start(screens.Folder.Path("example.ven"));
+    screens.App.Register("Form5", [&](forms::Application& app) {
+        auto form = std::make_unique<Form5>(app);
+        form->ImportAtStart(start);
+        return form;
+    });
+    screens.Desktop.Answers = {Answer::Yes};
+    screens.ShowData();
+    EXPECT_EQ(screens.Boxes(), Texts{"ZIRVO Ver2.3|UPDATE INPUT FILE?"});
+    EXPECT_EQ(screens.Data().ModelFromControls(), test::ExampleData());
+    EXPECT_FALSE(start.Waits(".ven"));
 }
 
 TEST(Form5Drop, AFileOfAnotherFolderAndABadFileAreRefusedByTheirMessages) {
