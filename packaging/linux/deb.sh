@@ -67,4 +67,4 @@ END
 find "$root" -type f -exec chmod 644 {} +
 chmod 755 "$root"/usr/lib/zirvo/{zirvo,zirvo-batch,ZIRVO_SV12.EXE,ZIRVO_SV22.exe}
 same_times "$root"
-dpkg-deb --root-owner-group -Zxz --build "$root" "dist/zirvo_${version}_$(dpkg --print-architecture).deb"
+dpkg-deb --root-owner-group -Zxz "-z$level" --build "$root" "dist/zirvo_${version}_$(dpkg --print-architecture).deb"

@@ -44,4 +44,4 @@ done
 
 same_times "$folder"
 tar --create --sort=name --owner=0 --group=0 --numeric-owner --mtime="@$SOURCE_DATE_EPOCH" --directory "$stage" "$name" |
-    gzip -9 --no-name >"dist/$name.tar.gz"
+    gzip "-$level" --no-name >"dist/$name.tar.gz"

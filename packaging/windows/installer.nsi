@@ -1,0 +1,168 @@
+; The installer. packaging/windows/installer.sh calls makensis with VERSION, LISTS (put.nsh, remove.nsh, folders.nsh,
+; zirvo.ico), COMPRESSOR, SIZE [KiB] and OUT.
+;   setup.exe /S                   silent, for this user; needs no rights
+;   setup.exe /S /AllUsers         silent, for all users; needs an administrator
+;   setup.exe /S ... /D=C:\Folder  to another folder; the last word of the line, without quotes
+;   uninstall.exe /S               silent removal
+Target amd64-unicode
+SetCompressor ${COMPRESSOR}
+Name "ZIRVO ${VERSION}"
+OutFile "${OUT}"
+ManifestSupportedOS Win10
+
+!define KEY "Software\ZIRVO"
+!define REMOVAL "Software\Microsoft\Windows\CurrentVersion\Uninstall\ZIRVO"
+!define MULTIUSER_EXECUTIONLEVEL Highest
+!define MULTIUSER_MUI
+!define MULTIUSER_INSTALLMODE_COMMANDLINE
+!define MULTIUSER_INSTALLMODE_DEFAULT_CURRENTUSER
+!define MULTIUSER_USE_PROGRAMFILES64
+!define MULTIUSER_INSTALLMODE_INSTDIR ZIRVO
+!define MULTIUSER_INSTALLMODE_INSTDIR_REGISTRY_KEY "${KEY}"
+!define MULTIUSER_INSTALLMODE_INSTDIR_REGISTRY_VALUENAME Folder
+!define MULTIUSER_INSTALLMODE_DEFAULT_REGISTRY_KEY "${KEY}"
+!define MULTIUSER_INSTALLMODE_DEFAULT_REGISTRY_VALUENAME Folder
+!include MultiUser.nsh
+!include MUI2.nsh
+!include LogicLib.nsh
+!include WinVer.nsh
+
+!define MUI_ICON "${LISTS}/zirvo.ico"
+!define MUI_UNICON "${LISTS}/zirvo.ico"
+!define MUI_ABORTWARNING
+!insertmacro MULTIUSER_PAGE_INSTALLMODE
+!insertmacro MUI_PAGE_DIRECTORY
+!insertmacro MUI_PAGE_INSTFILES
+!define MUI_FINISHPAGE_RUN "$INSTDIR\zirvo.exe"
+!insertmacro MUI_PAGE_FINISH
+!insertmacro MUI_UNPAGE_CONFIRM
+!insertmacro MUI_UNPAGE_INSTFILES
+!insertmacro MUI_LANGUAGE English
+!insertmacro MUI_LANGUAGE Japanese
+
+VIProductVersion "${VERSION}.0.0"
+VIFileVersion "${VERSION}.0.0"
+VIAddVersionKey /LANG=0 ProductName "ZIRVO"
+VIAddVersionKey /LANG=0 FileDescription "ZIRVO ${VERSION} setup"
+VIAddVersionKey /LANG=0 FileVersion "${VERSION}"
+VIAddVersionKey /LANG=0 ProductVersion "${VERSION}"
+VIAddVersionKey /LANG=0 LegalCopyright "Copyright (c) 2026 the ZIRVO developers, MIT License"
+
+LangString TooOld ${LANG_ENGLISH} "ZIRVO needs 64-bit Windows 10 or later."
+LangString TooOld ${LANG_JAPANESE} "ZIRVO には 64 ビットの Windows 10 以降が必要です。"
+LangString EvaFile ${LANG_ENGLISH} "Pavement analysis input"
+LangString EvaFile ${LANG_JAPANESE} "舗装解析の入力"
+LangString VenFile ${LANG_ENGLISH} "Pavement graphics input"
+LangString VenFile ${LANG_JAPANESE} "舗装図化の入力"
+
+!macro PutFile FROM FOLDER NAME
+  SetOutPath "$INSTDIR\${FOLDER}"
+  File "${FROM}"
+!macroend
+!macro RemoveFile NAME
+  Delete "$INSTDIR\${NAME}"
+!macroend
+
+; All files of one version have one time. A sample that has another one than the program has been changed by the user.
+!macro IfItIsOurs NAME
+  StrCpy $R0 ours
+  ${If} ${FileExists} "$INSTDIR\${NAME}"
+    GetFileTime "$INSTDIR\zirvo.exe" $R1 $R2
+    GetFileTime "$INSTDIR\${NAME}" $R3 $R4
+    ${If} "$R1 $R2" != "$R3 $R4"
+      StrCpy $R0 changed
+    ${EndIf}
+  ${EndIf}
+  ClearErrors
+  ${If} $R0 == ours
+!macroend
+!macro PutSample FROM FOLDER NAME
+  !insertmacro IfItIsOurs "${NAME}"
+    !insertmacro PutFile "${FROM}" "${FOLDER}" "${NAME}"
+  ${EndIf}
+!macroend
+!macro RemoveSample NAME
+  !insertmacro IfItIsOurs "${NAME}"
+    Delete "$INSTDIR\${NAME}"
+  ${EndIf}
+!macroend
+
+; A kind of file: its words and icon, and a double click opens it, unless the user has another program for it.
+!macro PutKind EXTENSION CLASS WORDS ICON
+  WriteRegStr SHCTX "Software\Classes\${CLASS}" "" "${WORDS}"
+  WriteRegStr SHCTX "Software\Classes\${CLASS}\DefaultIcon" "" "$INSTDIR\${ICON}"
+  WriteRegStr SHCTX "Software\Classes\${CLASS}\shell\open\command" "" '"$INSTDIR\zirvo.exe" "%1"'
+  WriteRegStr SHCTX "Software\Classes\${EXTENSION}\OpenWithProgids" "${CLASS}" ""
+  ReadRegStr $R0 SHCTX "Software\Classes\${EXTENSION}" ""
+  ${If} $R0 == ""
+    WriteRegStr SHCTX "Software\Classes\${EXTENSION}" "" "${CLASS}"
+  ${EndIf}
+!macroend
+!macro RemoveKind EXTENSION CLASS
+  ReadRegStr $R0 SHCTX "Software\Classes\${EXTENSION}" ""
+  ${If} $R0 == "${CLASS}"
+    DeleteRegValue SHCTX "Software\Classes\${EXTENSION}" ""
+  ${EndIf}
+  DeleteRegValue SHCTX "Software\Classes\${EXTENSION}\OpenWithProgids" "${CLASS}"
+  DeleteRegKey /ifempty SHCTX "Software\Classes\${EXTENSION}\OpenWithProgids"
+  DeleteRegKey /ifempty SHCTX "Software\Classes\${EXTENSION}"
+  DeleteRegKey SHCTX "Software\Classes\${CLASS}"
+!macroend
+!macro TellTheShell
+  System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
+!macroend
+
+Var chosen
+Function .onInit
+  ${IfNot} ${AtLeastWin10}
+    MessageBox MB_ICONSTOP "$(TooOld)" /SD IDOK
+    SetErrorLevel 1
+    Quit
+  ${EndIf}
+  SetRegView 64
+  StrCpy $chosen $INSTDIR ; empty but for /D=
+  !insertmacro MULTIUSER_INIT
+  ${If} $chosen != ""
+    StrCpy $INSTDIR $chosen
+  ${EndIf}
+FunctionEnd
+
+Function un.onInit
+  SetRegView 64
+  !insertmacro MULTIUSER_UNINIT
+FunctionEnd
+
+Section
+  !include "${LISTS}/put.nsh"
+  SetOutPath "$INSTDIR"
+  WriteUninstaller "$INSTDIR\uninstall.exe"
+  CreateShortcut "$SMPROGRAMS\ZIRVO.lnk" "$INSTDIR\zirvo.exe"
+  !insertmacro PutKind .eva ZIRVO.Analysis "$(EvaFile)" eva.ico
+  !insertmacro PutKind .ven ZIRVO.Graphics "$(VenFile)" ven.ico
+  !insertmacro TellTheShell
+  WriteRegStr SHCTX "${KEY}" Folder "$INSTDIR"
+  WriteRegStr SHCTX "${REMOVAL}" DisplayName "ZIRVO ${VERSION}"
+  WriteRegStr SHCTX "${REMOVAL}" DisplayVersion "${VERSION}"
+  WriteRegStr SHCTX "${REMOVAL}" Publisher "the ZIRVO developers"
+  WriteRegStr SHCTX "${REMOVAL}" DisplayIcon "$INSTDIR\zirvo.exe"
+  WriteRegStr SHCTX "${REMOVAL}" InstallLocation "$INSTDIR"
+  WriteRegStr SHCTX "${REMOVAL}" UninstallString '"$INSTDIR\uninstall.exe" /$MultiUser.InstallMode'
+  WriteRegStr SHCTX "${REMOVAL}" QuietUninstallString '"$INSTDIR\uninstall.exe" /$MultiUser.InstallMode /S'
+  WriteRegDWORD SHCTX "${REMOVAL}" EstimatedSize ${SIZE}
+  WriteRegDWORD SHCTX "${REMOVAL}" NoModify 1
+  WriteRegDWORD SHCTX "${REMOVAL}" NoRepair 1
+SectionEnd
+
+; What the installer has put, file by file: settings and the user's own files stay, and the folder with them.
+Section Uninstall
+  !include "${LISTS}/remove.nsh"
+  Delete "$INSTDIR\uninstall.exe"
+  !include "${LISTS}/folders.nsh"
+  RMDir "$INSTDIR"
+  Delete "$SMPROGRAMS\ZIRVO.lnk"
+  !insertmacro RemoveKind .eva ZIRVO.Analysis
+  !insertmacro RemoveKind .ven ZIRVO.Graphics
+  !insertmacro TellTheShell
+  DeleteRegKey SHCTX "${REMOVAL}"
+  DeleteRegKey SHCTX "${KEY}"
+SectionEnd
