@@ -30,7 +30,6 @@ void KeepQuiet(QtMsgType type, const QMessageLogContext& /*context*/, const QStr
 class RuntimeFolder {
 public:
     RuntimeFolder() {
-        const NotInterrupted untilItIsNoted;
         for (int tries = 0; tries < MostTries && !(folder_ && folder_->isValid()); ++tries) {
             folder_.emplace();
         }
@@ -39,7 +38,6 @@ public:
         }
     }
     ~RuntimeFolder() {
-        const NotInterrupted untilItIsGone;
         folder_.reset();
         if (earlier_.isNull()) {
             qunsetenv(Variable);
@@ -56,7 +54,7 @@ private:
 
     std::optional<QTemporaryDir> folder_;
     QByteArray earlier_ = qgetenv(Variable);
-    const UndoneIfInterrupted gone_{[this] { folder_.reset(); }};
+    const NotInterrupted untilItIsGone_;  // Qt would make it again were it taken away from under its feet
 };
 
 }  // namespace

@@ -112,7 +112,9 @@ TEST(KeptJson, CountsAndPlacesThatCannotBeAreNothing) {
     EXPECT_TRUE(IsNothing(With("\"table\":2", "\"table\":3")));
     EXPECT_TRUE(IsNothing(With("\"row\":0", "\"row\":1")));
     EXPECT_TRUE(IsNothing(With("\"column\":1", "\"column\":4")));
-    EXPECT_TRUE(IsNothing(With("\"when\":1795300200000", "\"when\":-1")));
+    for (const char* when : {"1.5", "18446744073709551615", "null"}) {
+        EXPECT_TRUE(IsNothing(With("\"when\":1795300200000", "\"when\":" + std::string(when)))) << when;
+    }
     EXPECT_TRUE(IsNothing(With("\"0.35\"", "0.35")));
     EXPECT_TRUE(IsNothing(With("\"0.35\"", "{\"hex\":\"4G\"}")));
     EXPECT_TRUE(IsNothing(With("\"0.35\"", "{\"hex\":4}")));
