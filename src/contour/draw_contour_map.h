@@ -15,8 +15,8 @@ struct MapView {
     DisplayItems Items;
     Int16 ContourLineCount = 20;  ///< levels, not intervals
     PlotGeometry Plot;
-    std::string Title;  ///< of MakeTitleText
-    Progress OfLines;   ///< of the contour lines, which alone may take long
+    std::string Title;   ///< of MakeTitleText
+    Progress OfDrawing;  ///< of lines, point marks and values, which may take long
 };
 
 /// Clears the picture, sets its scale and draws fill, lines, frame, point marks, values, title and legend, in this

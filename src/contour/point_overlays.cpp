@@ -43,22 +43,31 @@ void PrintAround(PlotSurface& surface, double x, double y, double share, std::st
     PrintAt(surface, x - 0.5 * surface.TextWidth(text), y + share * surface.TextHeight(text), text);
 }
 
-template <class Visit>
-void VisitNodesXY(const ContourField& field, Visit visit) {
-    for (int j = 1; j <= field.FineCountY(); j += RefineFactor) {
-        for (int i = 1; i <= field.FineCountX(); i += RefineFactor) {
-            visit(i, j, At(field.FineAxis1, i), At(field.FineAxis2, j));
-        }
+/// Tells that the line of nodes at `index` of `last` is drawn.
+void Tick(const Progress& progress, int index, int last) {
+    if (progress) {
+        progress(static_cast<double>(index) / last);
     }
 }
 
 template <class Visit>
-void VisitNodesXZ(const ContourMap& map, Visit visit) {
+void VisitNodesXY(const ContourField& field, const Progress& progress, Visit visit) {
+    for (int j = 1; j <= field.FineCountY(); j += RefineFactor) {
+        for (int i = 1; i <= field.FineCountX(); i += RefineFactor) {
+            visit(i, j, At(field.FineAxis1, i), At(field.FineAxis2, j));
+        }
+        Tick(progress, j, field.FineCountY());
+    }
+}
+
+template <class Visit>
+void VisitNodesXZ(const ContourMap& map, const Progress& progress, Visit visit) {
     const std::vector<DepthRow> rows = ResultRows(map.Grid);
     for (int i = 1; i <= map.Field.FineCountX(); i += RefineFactor) {
         for (const DepthRow& row : rows) {
             visit(i, row.Row, At(map.Field.FineAxis1, i), row.Depth);
         }
+        Tick(progress, i, map.Field.FineCountX());
     }
 }
 
@@ -105,26 +114,26 @@ int CellOf(const std::vector<double>& axis, double position) {
 
 }  // namespace
 
-void DrawPointMarksXY(PlotSurface& surface, const ContourMap& map, Color color) {
+void DrawPointMarksXY(PlotSurface& surface, const ContourMap& map, Color color, const Progress& progress) {
     const MarkStyle style(surface, color);
-    VisitNodesXY(map.Field, [&](int, int, double x, double y) { PrintAround(surface, x, y, -0.5, "X"); });
+    VisitNodesXY(map.Field, progress, [&](int, int, double x, double y) { PrintAround(surface, x, y, -0.5, "X"); });
 }
 
-void DrawPointMarksXZ(PlotSurface& surface, const ContourMap& map, Color color) {
+void DrawPointMarksXZ(PlotSurface& surface, const ContourMap& map, Color color, const Progress& progress) {
     const MarkStyle style(surface, color);
-    VisitNodesXZ(map, [&](int, int, double x, double y) { PrintAround(surface, x, y, -0.5, "X"); });
+    VisitNodesXZ(map, progress, [&](int, int, double x, double y) { PrintAround(surface, x, y, -0.5, "X"); });
 }
 
-void DrawPointValuesXY(PlotSurface& surface, const ContourMap& map, Color color) {
+void DrawPointValuesXY(PlotSurface& surface, const ContourMap& map, Color color, const Progress& progress) {
     SetValueStyle(surface, color);
-    VisitNodesXY(map.Field, [&](int i, int j, double x, double y) {
+    VisitNodesXY(map.Field, progress, [&](int i, int j, double x, double y) {
         PrintAround(surface, x, y, 0.5, ValueText(map.Field.Values.At(i, j)));
     });
 }
 
-void DrawPointValuesXZ(PlotSurface& surface, const ContourMap& map, Color color) {
+void DrawPointValuesXZ(PlotSurface& surface, const ContourMap& map, Color color, const Progress& progress) {
     SetValueStyle(surface, color);
-    VisitNodesXZ(map, [&](int i, int j, double x, double y) {
+    VisitNodesXZ(map, progress, [&](int i, int j, double x, double y) {
         PrintAround(surface, x, y, -0.5, ValueText(map.Field.Values.At(i, j)));
     });
 }

@@ -72,7 +72,7 @@ void DrawSection(PlotSurface& surface, const SectionPlot& plot, const DisplayIte
     view.ContourLineCount = contourLineCount;
     view.Plot = picture;
     view.Title = TitleOf(plot);
-    view.OfLines = progress;
+    view.OfDrawing = progress;
     DrawContourMap(surface, plot.Data.Map, view);
 }
 

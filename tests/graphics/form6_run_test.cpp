@@ -262,6 +262,12 @@ TEST(Form6Run, ALargeSectionTellsHowFarItHasComeAndThatItHasEnded) {
     EXPECT_EQ(screens.Desktop.Ticks.size(), 1860U);  // one for each row of the fine matrix, ten to a gap
     EXPECT_TRUE(std::is_sorted(ticks.begin(), ticks.end()));
     EXPECT_EQ(ticks.back(), 1);
+    screens.Desktop.Ticks.clear();
+    form.Check1(4).UserClick();  // ANALYTICAL RESULTS, which bring the points
+    form.Command5.UserClick();
+    EXPECT_EQ(ticks.size(), 1860U + 2 * 187U);  // and one for each row of points and of values
+    EXPECT_TRUE(std::is_sorted(ticks.begin(), ticks.end()));
+    EXPECT_EQ(ticks.back(), 1);
     EXPECT_EQ(screens.Desktop.WorksUnderWay, 0);
 }
 
