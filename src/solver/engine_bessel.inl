@@ -5,32 +5,38 @@
 // is 3E-18). Beyond: Hankel's asymptotic series (Abramowitz and Stegun 9.2.5 to 9.2.10) with 8 + 8 terms, the last
 // 1E-16 at 32; J2 and J3 by the recurrence, which loses nothing there.
 
-/// The distance of x + rest from the nearest centre, whose number is set.
-inline double FromCentre(double x, double rest, int& centre) {
-    centre = static_cast<int>(BesselTable::PerUnit * x + 0.5);
-    return (x - (1.0 / BesselTable::PerUnit) * centre) + rest;
-}
-
 #if defined(__GNUC__) && !defined(ZIRVO_PLAIN_VECTORS)
 typedef double Four __attribute__((vector_size(32)));
-inline Four TaylorBessel(const BesselTable& table, double x, double rest) {
-    int centre;
-    const double d = FromCentre(x, rest, centre);
+typedef long long FourBits __attribute__((vector_size(32)));
+inline Four FourAt(const double* p) {
+    Four v;
+    __builtin_memcpy(&v, p, sizeof v);
+    return v;
+}
+
+/// The four orders at a distance d from a centre.
+inline Four TaylorBessel(const BesselTable& table, long long centre, double d) {
     const double(*c)[4] = table.Taylor[centre];
-    Four sum;
-    __builtin_memcpy(&sum, c[BesselTable::Terms - 1], sizeof sum);
+    Four sum = FourAt(c[BesselTable::Terms - 1]);
     for (int k = BesselTable::Terms - 2; k >= 0; --k) {
-        Four term;
-        __builtin_memcpy(&term, c[k], sizeof term);
-        sum = sum * d + term;
+        sum = sum * d + FourAt(c[k]);
     }
     return sum;
 }
 
-/// J0..J3 at four arguments, one after the other in each order.
-inline void TaylorOfFour(const BesselTable& table, const double* x, const double* rest, double* const out[4]) {
-    const Four a = TaylorBessel(table, x[0], rest[0]), b = TaylorBessel(table, x[1], rest[1]);
-    const Four c = TaylorBessel(table, x[2], rest[2]), d = TaylorBessel(table, x[3], rest[3]);
+/// J0..J3 at (xi + xiLow) r of four radii, one after the other in each order; all arguments at most Limit.
+inline void SmallOfFour(const BesselTable& table, double xi, double xiLow, const double* r, double* const out[4]) {
+    const Four radius = FourAt(r);
+    const Four x = radius * xi;
+    Four rest;
+    for (int k = 0; k < 4; ++k) {
+        rest[k] = RestOfProduct(radius[k], xi, x[k]);
+    }
+    const Four shifted = x * double{BesselTable::PerUnit} + Magic;
+    const FourBits centre = (FourBits)shifted - (FourBits)(Four{} + Magic);
+    const Four from = (x - (shifted - Magic) * (1.0 / BesselTable::PerUnit)) + (rest + radius * xiLow);
+    const Four a = TaylorBessel(table, centre[0], from[0]), b = TaylorBessel(table, centre[1], from[1]);
+    const Four c = TaylorBessel(table, centre[2], from[2]), d = TaylorBessel(table, centre[3], from[3]);
     const Four ab01 = __builtin_shufflevector(a, b, 0, 4, 1, 5), ab23 = __builtin_shufflevector(a, b, 2, 6, 3, 7);
     const Four cd01 = __builtin_shufflevector(c, d, 0, 4, 1, 5), cd23 = __builtin_shufflevector(c, d, 2, 6, 3, 7);
     const Four rows[4] = {
@@ -43,10 +49,11 @@ inline void TaylorOfFour(const BesselTable& table, const double* x, const double
     }
 }
 #else
-inline void TaylorOfFour(const BesselTable& table, const double* x, const double* rest, double* const out[4]) {
+inline void SmallOfFour(const BesselTable& table, double xi, double xiLow, const double* r, double* const out[4]) {
     for (int i = 0; i < 4; ++i) {
-        int centre;
-        const double d = FromCentre(x[i], rest[i], centre);
+        const double x = xi * r[i];
+        const int centre = static_cast<int>(BesselTable::PerUnit * x + 0.5);
+        const double d = (x - (1.0 / BesselTable::PerUnit) * centre) + (RestOfProduct(xi, r[i], x) + xiLow * r[i]);
         for (int n = 0; n < 4; ++n) {
             double sum = 0;
             for (int k = BesselTable::Terms - 1; k >= 0; --k) {
@@ -114,15 +121,6 @@ inline void AsymptoticBessel(const BesselTable& table, Vec x, Vec rest, Vec out[
     out[1] = scale * (Series(table.P1, y) * difference + Series(table.Q1, y) * inverse * sum);
     out[2] = 2.0 * inverse * out[1] - out[0];
     out[3] = 4.0 * inverse * out[2] - out[1];
-}
-
-inline void SmallOfFour(const BesselTable& table, double xi, double xiLow, const double* r, double* const out[4]) {
-    double x[4], rest[4];
-    for (int k = 0; k < 4; ++k) {
-        x[k] = xi * r[k];
-        rest[k] = RestOfProduct(xi, r[k], x[k]) + xiLow * r[k];
-    }
-    TaylorOfFour(table, x, rest, out);
 }
 
 /// One node for one tile, all arguments at most Limit; `lanes` of the radii differ, the others are like the last.

@@ -9,10 +9,11 @@ namespace zirvo::solver {
 
 namespace {
 
-constexpr double MostNodes = 3e6;    // of one level
-constexpr double FewestNodes = 2e4;  // that it may have whatever the budget says
-constexpr double PreciseCost = 15;   // of kernels in two parts over plain ones
-constexpr double TailShare = 0.5;    // of the last two Chebyshev coefficients: what follows them at most
+constexpr double MostNodes = 3e6;     // of one level
+constexpr double FewestNodes = 2e4;   // that it may have whatever the budget says
+constexpr double PreciseCost = 15;    // of kernels in two parts over plain ones
+constexpr double MildContrast = 300;  // of bonded layers whose kernels have no poles near the real wavenumbers
+constexpr double TailShare = 0.5;     // of the last two Chebyshev coefficients: what follows them at most
 
 }  // namespace
 
@@ -37,6 +38,7 @@ SumTable::SumTable(const LayerTable& layers, const std::vector<LoadGroup>& group
     const double cases = horizontal ? 2.5 : 1;
     const auto sources = static_cast<double>(sources_);
     LevelCosts costs;
+    costs.Mild = !layers.Slips && layers.Contrast <= MildContrast;
     costs.PerNode = (care.Precise ? PreciseCost : 1) * kernelSets *
                     (30 * static_cast<double>(std::min<std::size_t>(layers.M2.size(), 20)) + 8 * cases * sources);
     const double served = items_.front().Group < 0 ? static_cast<double>(groups.size()) : 1;

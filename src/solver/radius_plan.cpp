@@ -13,6 +13,7 @@ namespace {
 
 constexpr double KernelRange = 42;   // xi * ze at which a kernel without slip has ended
 constexpr double WindowRange = 192;  // xi * gap at which a windowed sum has ended
+constexpr double MildWindowRange = 156;
 
 /// Distance of the interval low..high from the nearest edge.
 double Distance(double low, double high, std::span<const double> edges) {
@@ -42,12 +43,16 @@ double WidestCell(double low, std::span<const double> edges, double ze, double s
     return narrow;
 }
 
-WaveRange RangeOf(double reach, double gap, double ze, double thickness) {
+WaveRange RangeOf(double reach, double gap, double ze, double thickness, bool mild) {
     WaveRange range;
     range.Reach = reach;
     range.Gap = gap;
     range.Thickness = thickness;
-    range.Largest = gap > 0 ? std::min(KernelRange / ze, WindowRange / gap) : KernelRange / ze;
+    range.Mild = mild;
+    range.Largest = KernelRange / ze;
+    if (gap > 0) {
+        range.Largest = std::min(range.Largest, (mild ? MildWindowRange : WindowRange) / gap);
+    }
     return range;
 }
 
@@ -96,7 +101,7 @@ std::vector<RadiusLevel> SplitIntoLevels(std::span<const RadiusItem> items, std:
             if ((j + 1) % stride != 0 && j + 1 != count) {
                 continue;
             }
-            const WaveRange range = RangeOf(reach, items[order[i]].Gap, ze, thickness);
+            const WaveRange range = RangeOf(reach, items[order[i]].Gap, ze, thickness, costs.Mild);
             const double nodes = RoughNodes(MakeNodeRule(range, 0), range.Largest);
             const double cost = best[i] + nodes * (costs.PerNode + costs.PerNodeAndColumn * columns);
             if (cost < best[j + 1]) {
@@ -114,7 +119,7 @@ std::vector<RadiusLevel> SplitIntoLevels(std::span<const RadiusItem> items, std:
             reach = std::max(reach, items[order[j]].High + edges.back());
         }
         std::sort(level.Items.begin(), level.Items.end());
-        level.Range = RangeOf(reach, items[order[split[end]]].Gap, ze, thickness);
+        level.Range = RangeOf(reach, items[order[split[end]]].Gap, ze, thickness, costs.Mild);
         levels.push_back(std::move(level));
     }
     return levels;

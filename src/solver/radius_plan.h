@@ -32,6 +32,7 @@ struct RadiusLevel {
 struct LevelCosts {
     double PerNode = 0;           ///< kernels at one wavenumber
     double PerNodeAndColumn = 0;  ///< Bessel functions and sums of one radius
+    bool Mild = false;            ///< see WaveRange
 };
 
 /// Width of a cell over the distance of the singularities, to begin with: interpolation good to 3E-13. Slip brings them

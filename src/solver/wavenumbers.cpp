@@ -9,10 +9,11 @@ namespace zirvo::solver {
 namespace {
 constexpr double Margin = 50;  // K: decay of the trapezoid's error in the mapped variable
 constexpr double SlipMargin = 58;
-constexpr double PhaseRange = 40;          // c times the reach
-constexpr double LowShare = 1e-4;          // of the reciprocal thickness: the kernel is constant below
-constexpr double StartBelow = 4;           // the doubly exponential end: exp(-exp(4)) is nothing
-constexpr double WindowSigma = 16;         // sigma times the gap
+constexpr double PhaseRange = 40;   // c times the reach
+constexpr double LowShare = 1e-4;   // of the reciprocal thickness: the kernel is constant below
+constexpr double StartBelow = 4;    // the doubly exponential end: exp(-exp(4)) is nothing
+constexpr double WindowSigma = 16;  // sigma times the gap
+constexpr double MildWindowSigma = 13;
 constexpr double CarefulWindowSigma = 20;  // where the step has been halved
 constexpr double WindowMiddle = 6;         // centre and half width of the window in sigmas
 constexpr double CarefulWindowMiddle = 7;
@@ -30,7 +31,8 @@ NodeRule MakeNodeRule(const WaveRange& range, int refinement, bool slips) {
         rule.Step *= 0.5;
     }
     if (range.Gap > 0) {
-        rule.WindowWidth = (refinement == 0 ? WindowSigma : CarefulWindowSigma) / range.Gap;
+        const double sigma = range.Mild ? MildWindowSigma : WindowSigma;
+        rule.WindowWidth = (refinement == 0 ? sigma : CarefulWindowSigma) / range.Gap;
         rule.WindowCentre = (refinement == 0 ? WindowMiddle : CarefulWindowMiddle) * rule.WindowWidth;
     }
     return rule;

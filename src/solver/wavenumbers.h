@@ -28,6 +28,7 @@ struct WaveRange {
     double Largest = 0;    ///< wavenumber at which the sum may be expected to have ended [1/cm]
     double Gap = 0;        ///< distance of all radii from all load edges [cm]; 0: no window
     double Thickness = 0;  ///< sum of the thicknesses of the layers [cm]
+    bool Mild = false;     ///< bonded layers that are not too different: a narrower window does (sigma = 13 / gap)
 };
 
 /// @param refinement  0, 1, 2: the step is halved so many times.
