@@ -215,7 +215,8 @@ Problem RandomProblem(Family family, Random& random) {
     const int points = Count(random, 20, 60);
     for (int tries = 0; tries < 4 * points && static_cast<int>(problem.Points.size()) < points; ++tries) {
         Point point = RandomPoint(problem, random);
-        if (!problem.Points.empty() && Chance(random, 0.85)) {  // below one that is there: the reference shares its work
+        if (!problem.Points.empty() &&
+            Chance(random, 0.85)) {  // below one that is there: the reference shares its work
             point.X = problem.Points.back().X;
             point.Y = problem.Points.back().Y;
         }
