@@ -28,10 +28,6 @@ struct Wishes {
     std::string Plot;
 };
 
-bool Bad(const GroupError& e, double promise) {
-    return !(e.Error <= promise) || !(e.Ratio() <= 1);
-}
-
 /// Writes one find; at most so many of a run, worst kinds tend to come in herds.
 class FindWriter {
 public:
@@ -47,7 +43,7 @@ public:
         zirvo::solver::Problem one = problem;
         one.Points = {problem.Points[worst.Point]};
         const auto alone = Measure(one);
-        if (std::none_of(alone.begin(), alone.end(), [&](const GroupError& e) { return Bad(e, promise); })) {
+        if (std::none_of(alone.begin(), alone.end(), [&](const GroupError& e) { return Broken(e, promise); })) {
             one.Points = problem.Points;
             one.Points.insert(one.Points.end(), crowd.begin(), crowd.end());
         }
@@ -80,7 +76,7 @@ void Round(Family family, Random& random, Tally& tally, FindWriter& finds) {
     tally.Add(errors, promise);
     GroupError worst;
     for (const GroupError& e : errors) {
-        if (Bad(e, promise)) {
+        if (Broken(e, promise)) {
             finds.Write(problem, crowd, e, family, promise);
         }
         worst = e.Ratio() > worst.Ratio() ? e : worst;
@@ -89,7 +85,7 @@ void Round(Family family, Random& random, Tally& tally, FindWriter& finds) {
         const Goal goal = random() % 2 == 0 ? Goal::Error : Goal::Ratio;
         // A climb may leave its family: what it meets is held to what all legal input is promised.
         const Climbed top = Climb(problem, worst.Point, goal, 30, random, tally, PromiseOf(Family::Extreme));
-        if (Bad(top.Worst, PromiseOf(Family::Extreme))) {
+        if (Broken(top.Worst, PromiseOf(Family::Extreme))) {
             finds.Write(top.Problem, {}, top.Worst, family, PromiseOf(Family::Extreme));
         }
     }

@@ -63,6 +63,11 @@ double PromiseOf(Family family) {
     return family == Family::Realistic || family == Family::Difficult ? 1e-10 : 1e-9;
 }
 
+bool Broken(const GroupError& e, double promise) {
+    const bool told = promise >= PromiseOf(Family::Extreme) && e.Bound > promise;
+    return !(e.Ratio() <= 1) || !(e.Error <= promise || told);
+}
+
 void Tally::Add(const std::vector<GroupError>& errors, double promise) {
     constexpr std::array<std::size_t, 3> Sizes = {3, 6, 6};
     problems_ += errors.empty() ? 0 : 1;
@@ -73,6 +78,7 @@ void Tally::Add(const std::vector<GroupError>& errors, double promise) {
         bounds_.push_back(static_cast<float>(e.Bound));
         // A bound above the promise tells the truth about an error above it: the promise is broken, not the bound.
         beyond_ += e.Error <= promise ? 0 : 1;
+        broken_ += Broken(e, promise) ? 1 : 0;
         below_ += e.Ratio() <= 1 ? 0 : 1;
         late_ += e.Bound > promise ? 1 : 0;
         alarms_ += e.Bound > 1e-9 && e.Error < 1e-10 ? 1 : 0;
