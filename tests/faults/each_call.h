@@ -1,6 +1,7 @@
 // The same act over and over, each time with another call to the system that fails. Callers: the tests of this folder.
 #pragma once
 #include <gtest/gtest.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -53,11 +54,12 @@ void FailEachCall(const std::function<Scene()>& make) {
 }
 
 /// The act in a process that is killed before each call in turn.
-/// @tparam Scene  Whole() says whether the file is the old one or the new one, whole; behind a kill the act must go
-///                through, and Done() say so
+/// @tparam Scene  Whole() says whether what is left is old or new, whole; then, behind Recover() where there is such a
+///                thing for the user to do, the act must go through, and Done() say so
 template <class Scene>
 void KillBeforeEachCall(const std::function<Scene()>& make) {
     constexpr int mostCalls = 500;
+    prctl(PR_SET_CHILD_SUBREAPER, 1);  // a solver whose starter was killed works on to its end
     int number = 1;
     for (; number < mostCalls; ++number) {
         Scene scene = make();
@@ -69,8 +71,13 @@ void KillBeforeEachCall(const std::function<Scene()>& make) {
         }
         int status = 0;
         waitpid(child, &status, 0);
+        while (waitpid(-1, nullptr, 0) > 0) {
+        }
         const testing::ScopedTrace trace(__FILE__, __LINE__, "killed before call " + std::to_string(number));
         EXPECT_TRUE(scene.Whole());
+        if constexpr (requires { scene.Recover(); }) {
+            scene.Recover();
+        }
         scene.Act();
         EXPECT_TRUE(scene.Done()) << "the next one works";
         EXPECT_TRUE(scene.Whole());
@@ -78,6 +85,7 @@ void KillBeforeEachCall(const std::function<Scene()>& make) {
             break;
         }
     }
+    prctl(PR_SET_CHILD_SUBREAPER, 0);
     EXPECT_GT(number, 5) << "hardly a call was seen";
 }
 
