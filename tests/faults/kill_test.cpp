@@ -59,6 +59,7 @@ protected:
     static bool IsReport(const std::string& name) { return name.ends_with(".bre") || name.ends_with(".san"); }
 
     void Prepare(const Work& work) const {
+        WaitForOrphans();
         for (const WorkFolder* folder : {&Folder, &Temporary}) {
             for (const std::string& name : folder->Names()) {
                 std::filesystem::remove_all(folder->Path(name));
