@@ -106,6 +106,16 @@ def tables():
     put("tables", "study", b"e1,e2,h,W,EPSx\n5000,300,15,0.0421,-1.5e-4\n,x,nan,1e400,2\n")
 
 
+def studies():
+    for name in ("road_study", "road_sample"):
+        put("study", name, (SAMPLES / f"{name}.toml").read_bytes())
+    keep = b'\n[[keep]]\nvalue = "EPSx"\npoint = 2\n'
+    put("study", "table", b'base = "road.eva"\nunits = 3\ntable = "t.csv"\n' + keep +
+        b"\n%%%\nlayer 1 modulus,loads total\n5000,49\n4000,x\n")
+    put("study", "grid", b'base = "road.eva"\nunits = 1\n[[vary]]\nwhat = "layer 1 thickness"\nvalues = [10, 20]\n'
+        b'[[vary]]\nwhat = "load all radius"\nfrom = 10\nto = 20\nstep = 2.5\n' + keep)
+
+
 def pavements():
     chance = random.Random(7)
     for kind in range(3):
@@ -201,6 +211,7 @@ def main():
     numbers()
     texts()
     tables()
+    studies()
     pavements()
     screens()
 

@@ -2,8 +2,10 @@
 // and column; values by the inverse of the distribution function.
 #include "study/sampling.h"
 
+#include <algorithm>
 #include <boost/math/special_functions/erf.hpp>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 #include "design/number_table.h"
@@ -26,8 +28,11 @@ double NormalShare(double z) {
     return std::erfc(-z / std::numbers::sqrt2) / 2;
 }
 
+/// Of a tail that is cut off near its end the sum of two shares may be rounded to the whole, which has no number.
 double NormalQuantile(double share) {
-    return -std::numbers::sqrt2 * boost::math::erfc_inv(2 * share, DoublesOnly());
+    constexpr double least = std::numeric_limits<double>::min();
+    constexpr double most = 1 - std::numeric_limits<double>::epsilon() / 2;
+    return -std::numbers::sqrt2 * boost::math::erfc_inv(2 * std::clamp(share, least, most), DoublesOnly());
 }
 
 /// Mean and deviation of the normal number behind the value, and how the value becomes it.

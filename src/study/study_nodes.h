@@ -9,11 +9,15 @@
 #include <string_view>
 
 #define TOML_HEADER_ONLY 1
+// It asserts that a table's name begins as one, and says a few lines below what is wrong where it does not: a file is
+// no reason to stop the program.
+#define TOML_ASSERT(expr) static_cast<void>(0)
 #include <toml++/toml.h>
 
 #include "base/runtime_fault.h"
 #include "design/number_table.h"
 #include "platform/files.h"
+#include "study/study_characters.h"
 
 namespace zirvo::study {
 
@@ -44,6 +48,9 @@ protected:
     }
 
     toml::table Parse(const std::string& bytes) const {
+        if (const auto line = LineOfStrangeCharacter(bytes)) {
+            Fail(*line, "a character beyond ASCII stands outside quotes and comments");
+        }
         try {
             return toml::parse(bytes);
         } catch (const toml::parse_error& failure) {

@@ -31,6 +31,15 @@ TEST(Sampling, ACutDistributionKeepsItsShapeBetweenTheEnds) {
     EXPECT_LE(Quantile(cut, 1 - 1e-16), 1);
 }
 
+// 1.8E-9 of a normal distribution lie above 5.9; the rest and all of these but the last digit are 1 to a double, and a
+// share of 1 has no number.
+TEST(Sampling, TheLastShareOfATailThatIsCutOffHasANumber) {
+    const double last = Quantile(Normal(0, 1, 5.9), 1 - 0x1p-53);
+    EXPECT_GE(last, 5.9);
+    EXPECT_LT(last, 9);
+    EXPECT_LT(Quantile(Normal(0, 1), 1), 9);
+}
+
 // Mean 100, deviation 50: variance of the logarithm ln 1.25 = 0.223144, median 100 / sqrt(1.25) = 89.4427.
 TEST(Sampling, TheMedianOfALognormalDistributionIsTheHandWorkedOne) {
     const Distribution d{Kind::Lognormal, 0, 0, 0, 100, 50, -Infinity, Infinity};

@@ -94,6 +94,11 @@ TEST(StudyFiles, WhatIsWrongIsToldWithFileAndLine) {
         {"base = \"road.eva\"\nunits = 4\n", "s.toml:2: units: must be a whole number from 1 to 3"},
         {"base = \"none.eva\"\nunits = 3\n", "s.toml:1: none.eva cannot be read: File not found"},
         {"base = \"bad.eva\"\nunits = 3\n", "bad.eva: "},
+        {Head() + "[=]\n" + modulus + Keeps(), "s.toml:3: "},
+        {Head() + "[\1vary]\n" + modulus + Keeps(), "s.toml:3: "},
+        {Head() + "größe = 5\n" + modulus + Keeps(), "s.toml:3: a character beyond ASCII stands outside quotes"},
+        {Head() + "\xEF\xBB\x9F" + modulus + Keeps(), "s.toml:3: a character beyond ASCII stands outside quotes"},
+        {Head() + modulus + "name = \"a\n\xC3\xA9", "s.toml:7: a character beyond ASCII stands outside quotes"},
         {Head() + "colour = 5\n" + modulus + Keeps(), "s.toml:3: colour: is no key here; there are base, units"},
         {Head() + Keeps(), "s.toml:1: there is no [[vary]]: nothing varies"},
         {Head() + modulus, "s.toml:1: there is no [[keep]]: nothing is kept"},
@@ -112,6 +117,10 @@ TEST(StudyFiles, WhatIsWrongIsToldWithFileAndLine) {
         {Head() + Vary("layer 1 modulus", "from = 5\nto = 1\nstep = 1") + Keeps(),
          "s.toml:7: step: does not lead from 5 to 1: there is nothing to do"},
         {Head() + Vary("layer 1 modulus", "from = 1\nto = 1E300\nstep = 1E-300") + Keeps(), "s.toml:7: step: does not"},
+        {Head() + Vary("layer 1 modulus", "from = 1\nto = 5\ncount = 1000001") + Keeps(),
+         "s.toml:7: count: must be a whole number from 2 to 1000000"},
+        {Head() + Vary("layer 1 modulus", "from = 1\nto = 100000000\nstep = 1") + Keeps(),
+         "s.toml:7: step: makes more than 1000000 values"},
         {Head() + modulus + modulus + Keeps(), "s.toml:7: two columns of the results are named layer 1 modulus"},
         {Head() + modulus + Keeps() + Keeps(), "s.toml: two columns of the results are named EPSx 2; a name = "},
         {sample + Vary("layer 3 modulus", normal) + Keeps(), "s.toml:6: the distribution of layer 3 modulus gives -"},
@@ -141,6 +150,28 @@ TEST(StudyFiles, WhatIsWrongIsToldWithFileAndLine) {
         EXPECT_EQ(folder.Told(row.Text).substr(0, row.Told.size()), row.Told) << row.Text;
     }
     EXPECT_EQ(ReadStudy(folder.Path("none.toml")).index(), 1U);
+}
+
+TEST(StudyFiles, QuotesAndCommentsMayHoldEveryCharacter) {
+    const StudyFolder folder;
+    const std::string keep = "[[keep]]\nvalue = 'W'\npoint = 1\nname = ";
+    const std::string text = "# 舗装 é\n" + Head() + "\xE3\x80\x80" + Vary("layer 1 modulus", "values = [1]  # ﬁ");
+    for (const char* name : {"\"たわみ é\"", "'たわみ é'", "\"\"\"たわみ\\\né\"\"\"", "'''たわみ ''é'''",
+                             "\"a \\\\\" # é", "'a \\' # é", "\"\" \"é\""}) {
+        const bool right = std::string_view(name).find("\" \"") == std::string_view::npos;
+        EXPECT_EQ(folder.Told(text + keep + name + "\n") == "passes", right) << name;
+    }
+}
+
+// Each row of it would be drawn before the first was worked on, which took minutes.
+TEST(StudyFiles, ASampleWhoseEndsAreGoodIsReadWithoutDrawingItsThousandMillionRows) {
+    const StudyFolder folder;
+    const Study study =
+        folder.StudyOf(Head() + "rows = 1000000000\nseed = 7\n" +
+                       Vary("layer 1 modulus", "distribution = \"normal\"\nmean = 5000\ndeviation = 500") +
+                       Vary("layer 1 poisson", "distribution = \"uniform\"\nfrom = 0\nto = 0.5") + Keeps());
+    EXPECT_EQ(study.Rows, MostRows);
+    EXPECT_GT(RowOf(study, MostRows - 1).front(), 0);
 }
 
 /// Cut at every byte a study is read or refused, and never more than that.
