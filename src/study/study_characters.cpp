@@ -25,7 +25,7 @@ public:
                 SkipText(c);
             } else if (static_cast<unsigned char>(c) < 0x80) {
                 Take(1);
-            } else if (!TakeIf("\xE3\x80\x80") && !TakeIf("\xC2\xA0")) {
+            } else {
                 return line_;
             }
         }

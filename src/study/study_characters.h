@@ -7,8 +7,7 @@
 namespace zirvo::study {
 
 /// The first line (1-based) with a character beyond ASCII outside quotes and comments; none where there is no such
-/// line. Blanks of full width and those that no line is broken at are let through, as the library takes them for
-/// blanks, and so is a byte order mark in front.
+/// line. A byte order mark in front is none.
 std::optional<long long> LineOfStrangeCharacter(std::string_view bytes);
 
 }  // namespace zirvo::study
