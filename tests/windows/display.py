@@ -76,6 +76,10 @@ class Display:
         self.x.XDestroyImage(image)
         return data
 
+    def is_empty(self):
+        data = self.pixels()
+        return data == data[:4] * (len(data) // 4)
+
     def save(self, file):
         """The screen as a picture that anything can read."""
         data = self.pixels()
@@ -91,6 +95,10 @@ class Display:
 
     def active(self):
         return self.tool("getactivewindow")
+
+    def title(self):
+        """Of the window that has the keys."""
+        return self.tool("getactivewindow", "getwindowname")
 
     def wait_for_window(self, what):
         """Until another window than before has the keys, and the screen looks the same for a while."""

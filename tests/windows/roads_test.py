@@ -6,13 +6,14 @@ What comes out is compared with what zirvo-batch of Linux makes of the same data
 import os
 import pathlib
 import shutil
+import signal
 import struct
 import subprocess
 import tempfile
 import unittest
 
 from display import Display
-from wine import in_wine, linux, main, windows
+from wine import in_wine, linux, main, prefix, windows
 
 ANALYSIS, GRAPHICS = 1, 2
 
@@ -25,6 +26,9 @@ class Roads(unittest.TestCase):
         shutil.copytree(windows, self.programs)
         self.work = self.programs / "データ"
         self.work.mkdir()
+        # Kept data of an earlier run would be offered.
+        self.state = next(prefix.glob("drive_c/users/*/AppData/Local"), prefix) / "ZIRVO"
+        shutil.rmtree(self.state, ignore_errors=True)
         self.display = Display()
         self.addCleanup(self.display.close)
 
@@ -33,7 +37,8 @@ class Roads(unittest.TestCase):
         folder = "Z:" + str(self.work).replace("/", "\\")
         settings = f"{folder}\r\n {units} \r\n {objective} \r\n"
         (self.programs / "zirvo_sv.ini").write_bytes(settings.encode("cp932"))
-        self.program = self.display.start([in_wine, self.programs / "zirvo.exe"], cwd=self.work)
+        self.program = self.display.start([in_wine, self.programs / "zirvo.exe"], cwd=self.work,
+                                          start_new_session=True)
         self.display.wait_for_window("the language screen")
         self.key("space" if language == "ja" else "Down", "Return")
         self.display.wait_for_window("the settings screen")
@@ -55,6 +60,11 @@ class Roads(unittest.TestCase):
         self.display.wait_for("the end of the program", lambda: self.program.poll() is not None)
         self.assertEqual(self.program.returncode, 0)
 
+    def kill(self):
+        """As a crash does: wine and the program in it, which are one group."""
+        os.killpg(self.program.pid, signal.SIGKILL)
+        self.program.wait()
+
     def batch(self, *arguments):
         """Files that zirvo-batch of Linux makes of the data that the screens have saved."""
         with tempfile.TemporaryDirectory() as folder:
@@ -63,8 +73,7 @@ class Roads(unittest.TestCase):
             subprocess.run([linux / "zirvo-batch", *arguments, "--quiet"], cwd=folder, check=True, capture_output=True)
             return {path.name: path.read_bytes() for path in pathlib.Path(folder).iterdir()}
 
-    def analysis(self, language):
-        self.start(language, 3, ANALYSIS)
+    def type_the_analysis(self):
         self.key("space", "Tab", "Up", "Up", "Tab", "Up", "Tab", "Up", "Tab")  # new data: two layers, a load, a point
         self.cells("5000", "0.35", "15", "0", "50x0")  # a letter is no digit
         self.display.type("0.4")
@@ -74,6 +83,10 @@ class Roads(unittest.TestCase):
         self.key("Tab")
         self.cells("1", "0", "0")
         self.display.type("15")
+
+    def analysis(self, language):
+        self.start(language, 3, ANALYSIS)
+        self.type_the_analysis()
         self.key(*["Tab"] * 6)
         self.key("Return", "Return")  # DATA OK!, SAVE DATA
         self.wait_for_file("Untitled.eva")
@@ -125,6 +138,28 @@ class Roads(unittest.TestCase):
         self.display.wait_for_window("the question at the end")
         self.key("Return")
         self.wait_for_end()
+
+    def test_what_was_typed_is_offered_after_a_crash(self):
+        self.start("en", 3, ANALYSIS)
+        self.type_the_analysis()
+        self.key("Tab")  # out of the cell
+        # All three: the thickness, the radius and, typed last, the depth.
+        self.display.wait_for("the kept data", lambda: any(file.read_bytes().count(b'"15"') == 3
+                                                           for file in self.state.glob("kept/*/*.json")))
+        self.kill()
+        self.display.wait_for("the windows to go", self.display.is_empty)
+        self.start("en", 3, ANALYSIS)
+        self.display.wait_for("the offer", lambda: self.display.title() == "ZIRVO Ver2.3")
+        self.display.wait_until_still("the offer")
+        self.key("Return")  # Yes
+        self.display.wait_for("the data screen", lambda: self.display.title() == "- ZIRVO Ver2.3 -")
+        self.display.wait_until_still("the data screen")
+        self.key("Return", "Return")  # DATA OK!, SAVE DATA
+        self.wait_for_file("Untitled.eva")
+        saved = (self.work / "Untitled.eva").read_bytes()
+        self.assertIn(b"\r\n         5000             0.35               15               0\r\n", saved)
+        self.assertIn(b"\r\n    1               0            0           15\r\n", saved)
+        self.kill()
 
     def keep_picture(self, name):
         """For people to look at, where ZIRVO_PICTURES names a folder."""
