@@ -51,7 +51,7 @@ Study StudyOf(const solver::Problem& base) {
     for (const auto& [name, mean] : {std::pair("layer 1 thickness", base.Layers[0].Thickness),
                                      std::pair("layer 1 modulus", base.Layers[0].Modulus)}) {
         Varied varied{std::get<Parameter>(ParameterOf(name, base)), {}};
-        varied.Spread = {Distribution::Kind::Uniform, mean * 0.8, 0, mean * 1.2, 0, 0, 0, 0};
+        varied.Draw = Sampler({Distribution::Kind::Uniform, mean * 0.8, 0, mean * 1.2, 0, 0, 0, 0});
         study.Vary.push_back(varied);
     }
     for (std::size_t i = 0; i < base.Points.size(); ++i) {

@@ -163,7 +163,8 @@ void BindLives(py::module_& module) {
 PYBIND11_MODULE(_zirvo, module) {
     // The type lives as long as the interpreter, so it is let go of nowhere.
     static PyObject* const error = py::exception<Refused>(module, "Error", PyExc_ValueError).release().ptr();
-    py::register_exception_translator([](std::exception_ptr thrown) {
+    // The library asks for a function that takes it by value.
+    py::register_exception_translator([](std::exception_ptr thrown) {  // NOLINT(performance-unnecessary-value-param)
         try {
             if (thrown) {
                 std::rethrow_exception(thrown);

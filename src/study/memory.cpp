@@ -59,7 +59,8 @@ void RequireMarks(const Database& database, const std::string& schema, const std
             continue;
         }
         if (key == "rows" && !found.empty()) {
-            throw FileError{path, 0, "is for the rows " + found + " of this study, not " + value};
+            const std::string rows = std::string("is for the rows ").append(found).append(" of this study, not ");
+            throw FileError{path, 0, rows + value};
         }
         throw FileError{path, 0,
                         "holds the results of another study, or of this one before it or its files were changed; move "

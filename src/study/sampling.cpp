@@ -16,6 +16,7 @@ namespace {
 using Kind = Distribution::Kind;
 using DoublesOnly = boost::math::policies::policy<boost::math::policies::promote_double<false>>;
 
+constexpr double LeastShare = 1e-9;  // of a distribution between its ends
 constexpr std::uint64_t Golden = 0x9E3779B97F4A7C15U;
 
 std::uint64_t Mixed(std::uint64_t x) {
@@ -34,33 +35,6 @@ double NormalQuantile(double share) {
     constexpr double most = 1 - std::numeric_limits<double>::epsilon() / 2;
     return -std::numbers::sqrt2 * boost::math::erfc_inv(2 * std::clamp(share, least, most), DoublesOnly());
 }
-
-/// Mean and deviation of the normal number behind the value, and how the value becomes it.
-struct Behind {
-    double Mean, Deviation;
-    bool Logarithm;
-
-    explicit Behind(const Distribution& d)
-        : Mean(d.Mean), Deviation(d.Deviation), Logarithm(d.What == Kind::Lognormal) {
-        if (Logarithm) {
-            const double variance = std::log1p(d.Deviation / d.Mean * (d.Deviation / d.Mean));
-            Mean = std::log(d.Mean) - variance / 2;
-            Deviation = std::sqrt(variance);
-        }
-    }
-
-    double ShareBelow(double x) const {
-        if (Logarithm) {
-            return x > 0 ? NormalShare((std::log(x) - Mean) / Deviation) : 0;
-        }
-        return NormalShare((x - Mean) / Deviation);
-    }
-
-    double ValueAt(double share) const {
-        const double x = Mean + Deviation * NormalQuantile(share);
-        return Logarithm ? std::exp(x) : x;
-    }
-};
 
 std::string Told(const char* name, double x, const char* reason) {
     return std::string(name).append(" ").append(design::ShortestText(x)).append(": ").append(reason);
@@ -82,14 +56,39 @@ std::string ReasonAgainst(const Distribution& d) {
     if (d.What == Kind::Lognormal && !(d.Mean > 0)) {
         return Told("mean", d.Mean, "is not above 0, as that of a lognormal distribution must be");
     }
-    const Behind behind(d);
-    if (!(behind.ShareBelow(d.Upper) - behind.ShareBelow(d.Lower) > 1e-9)) {
-        return "next to nothing of the distribution lies between lower and upper";
-    }
-    return "";
+    return Sampler(d).LeavesSomething() ? "" : "next to nothing of the distribution lies between lower and upper";
 }
 
-double Quantile(const Distribution& d, double share) {
+Sampler::Sampler(const Distribution& d)
+    : distribution_(d), mean_(d.Mean), deviation_(d.Deviation), logarithm_(d.What == Kind::Lognormal) {
+    if (d.What == Kind::Uniform || d.What == Kind::Triangular) {
+        return;
+    }
+    if (logarithm_) {
+        const double variance = std::log1p(d.Deviation / d.Mean * (d.Deviation / d.Mean));
+        mean_ = std::log(d.Mean) - variance / 2;
+        deviation_ = std::sqrt(variance);
+    }
+    below_ = ShareBelow(d.Lower);
+    within_ = ShareBelow(d.Upper) - below_;
+}
+
+bool Sampler::LeavesSomething() const {
+    return within_ > LeastShare;
+}
+
+double Sampler::ShareBelow(double x) const {
+    if (std::isinf(x)) {
+        return x > 0 ? 1 : 0;
+    }
+    if (logarithm_) {
+        return x > 0 ? NormalShare((std::log(x) - mean_) / deviation_) : 0;
+    }
+    return NormalShare((x - mean_) / deviation_);
+}
+
+double Sampler::At(double share) const {
+    const Distribution& d = distribution_;
     if (d.What == Kind::Uniform) {
         return d.From + share * (d.To - d.From);
     }
@@ -99,13 +98,12 @@ double Quantile(const Distribution& d, double share) {
         return share <= left ? d.From + std::sqrt(share * whole * (d.Mode - d.From))
                              : d.To - std::sqrt((1 - share) * whole * (d.To - d.Mode));
     }
-    const Behind behind(d);
-    if (std::isinf(d.Lower) && std::isinf(d.Upper)) {
-        return behind.ValueAt(share);
-    }
-    const double below = behind.ShareBelow(d.Lower);
-    const double value = behind.ValueAt(below + share * (behind.ShareBelow(d.Upper) - below));
-    return std::fmin(std::fmax(value, d.Lower), d.Upper);
+    const double x = mean_ + deviation_ * NormalQuantile(below_ + share * within_);
+    return std::fmin(std::fmax(logarithm_ ? std::exp(x) : x, d.Lower), d.Upper);
+}
+
+double Quantile(const Distribution& distribution, double share) {
+    return Sampler(distribution).At(share);
 }
 
 double EvenNumber(std::uint64_t seed, std::uint64_t row, std::uint64_t column) {

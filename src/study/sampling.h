@@ -22,7 +22,30 @@ struct Distribution {
 /// Why the numbers of a distribution do not go together: "deviation 0: is not above 0"; empty if they do.
 std::string ReasonAgainst(const Distribution& distribution);
 
-/// The value below which a share of all values lies. @param share  above 0, below 1
+/// A distribution with all that does not change from value to value worked out.
+class Sampler {
+public:
+    Sampler() = default;
+    /// The numbers of the distribution go together.
+    explicit Sampler(const Distribution& distribution);
+
+    /// The value below which a share of all values lies. @param share  above 0, below 1
+    double At(double share) const;
+    /// False where next to nothing lies between the ends.
+    bool LeavesSomething() const;
+
+private:
+    Distribution distribution_;
+    double mean_ = 0;  ///< of the normal number behind the value
+    double deviation_ = 0;
+    bool logarithm_ = false;
+    double below_ = 0;   ///< share of the whole distribution below the lower end
+    double within_ = 1;  ///< and between both ends
+
+    double ShareBelow(double x) const;
+};
+
+/// The same of a distribution that is asked once.
 double Quantile(const Distribution& distribution, double share);
 
 /// A number above 0 and below 1, evenly spread. The same on every machine.

@@ -22,7 +22,7 @@ void Study::ValuesOf(std::uint64_t row, std::vector<double>& values) const {
     }
     if (What == Kind::Sample) {
         for (std::size_t i = 0; i < Vary.size(); ++i) {
-            values[i] = Quantile(Vary[i].Spread, EvenNumber(Seed, row, i));
+            values[i] = Vary[i].Draw.At(EvenNumber(Seed, row, i));
         }
         return;
     }

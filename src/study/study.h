@@ -33,7 +33,7 @@ struct Kept {
 struct Varied {
     Parameter What;
     std::vector<double> Values;
-    Distribution Spread{};
+    Sampler Draw{};  ///< of a sample
 };
 
 struct Study {

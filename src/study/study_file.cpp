@@ -226,7 +226,7 @@ private:
         using Kind = Distribution::Kind;
         const toml::node& node = Required(table, "distribution");
         const std::string name = TextOf(table, "distribution");
-        Distribution& spread = varied.Spread;
+        Distribution spread;
         if (name == "uniform" || name == "triangular") {
             spread.What = name == "uniform" ? Kind::Uniform : Kind::Triangular;
             if (spread.What == Kind::Uniform) {
@@ -250,6 +250,7 @@ private:
         if (const std::string reason = ReasonAgainst(spread); !reason.empty()) {
             Fail(node, name + " distribution of " + varied.What.Name + ": " + reason);
         }
+        varied.Draw = Sampler(spread);
     }
 
     /// What pavements can have is an interval, and a distribution grows with the share: both ends tell of all between.
@@ -266,7 +267,7 @@ private:
                 continue;
             }
             for (std::uint64_t row = 0; row < study_.Rows; ++row) {
-                const double value = Quantile(study_.Vary[i].Spread, EvenNumber(study_.Seed, row, i));
+                const double value = study_.Vary[i].Draw.At(EvenNumber(study_.Seed, row, i));
                 const std::string reason = ReasonAgainst(study_.Vary[i].What, value);
                 if (!reason.empty()) {
                     Fail(study_.Vary[i].What.Line, "the distribution of " + study_.Vary[i].What.Name + " gives " +

@@ -74,6 +74,22 @@ TEST_P(ManualFiles, SettingsAreAsTheProgramWritesThem) {
     EXPECT_EQ(Block("sample-ini"), TextLines(folder.Get(std::string(SettingsFileName))));
 }
 
+TEST_P(ManualFiles, EveryCommandOfTheBatchToolIsNamed) {
+    const std::string chapter = Pages().Page.TextBetween("batch", "trouble");
+    const WorkFolder folder;
+    const std::string help = folder.Batch({"--help"}).Out;
+    const std::vector<std::string> lines = LinesOf(help.substr(help.find("Subcommands:")));
+    int commands = 0;
+    for (const std::string& line : lines) {
+        if (line.size() > 3 && line.substr(0, 2) == "  " && line[2] != ' ') {
+            const std::string command = line.substr(2, line.find(' ', 2) - 2);
+            EXPECT_NE(chapter.find("zirvo-batch " + command), std::string::npos) << command;
+            ++commands;
+        }
+    }
+    EXPECT_GE(commands, 7);
+}
+
 INSTANTIATE_TEST_SUITE_P(Languages, ManualFiles, testing::Values(JapaneseBase, EnglishBase));
 
 }  // namespace
