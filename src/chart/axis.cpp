@@ -85,7 +85,7 @@ ChartAxis AxisOf(double low, double high, int most, bool logarithmic) {
     const double first = std::floor(low / step + Slack);
     const double last = std::ceil(high / step - Slack);
     ChartAxis axis{first * step, last * step, false, {}};
-    const auto steps = static_cast<int>(last - first + 0.5);
+    const auto steps = static_cast<int>(std::lround(last - first));
     for (int i = 0; i <= steps; ++i) {
         axis.Ticks.emplace_back((first + i) * step, NumberText((first + i) * step));
     }

@@ -148,8 +148,14 @@ std::optional<double> NumberOfText(std::string_view text) {
 }
 
 std::string ShortestText(double x) {
+    std::string text;
+    AppendShortest(text, x);
+    return text;
+}
+
+void AppendShortest(std::string& out, double x) {
     std::array<char, 32> text{};
-    return {text.data(), std::to_chars(text.data(), text.data() + text.size(), x + 0.0).ptr};
+    out.append(text.data(), std::to_chars(text.data(), text.data() + text.size(), x + 0.0).ptr);
 }
 
 }  // namespace zirvo::design

@@ -45,5 +45,6 @@ std::optional<double> NumberOfText(std::string_view text);
 
 /// The shortest text that reads back as the same number; "inf", "-inf", "nan" for what is none.
 std::string ShortestText(double x);
+void AppendShortest(std::string& out, double x);
 
 }  // namespace zirvo::design

@@ -268,12 +268,13 @@ std::string Heading(const Study& study, bool kept) {
     return line.append(kept ? "\n" : ",reason\n");
 }
 
-std::string LineOf(const Statement& row, std::size_t numbers) {
-    std::string line = std::to_string(row.Integer(0));
+/// The number of the row and the numbers behind it, in place of what `line` held.
+void PutLine(const Statement& row, std::size_t numbers, std::string& line) {
+    line = std::to_string(row.Integer(0));
     for (std::size_t i = 1; i <= numbers; ++i) {
-        line.append(",").append(design::ShortestText(row.Number(static_cast<int>(i))));
+        line.push_back(',');
+        design::AppendShortest(line, row.Number(static_cast<int>(i)));
     }
-    return line;
 }
 
 }  // namespace
@@ -284,8 +285,11 @@ std::uint64_t WriteTables(const Study& study, const std::string& path, const std
     RowsFile results(csvFile);
     results.Write(Heading(study, true));
     Statement good(database, "SELECT * FROM results ORDER BY row");
+    std::string line;
     while (good.Step()) {
-        results.Write(LineOf(good, study.Vary.size() + study.Keep.size()).append("\n"));
+        PutLine(good, study.Vary.size() + study.Keep.size(), line);
+        line.push_back('\n');
+        results.Write(line);
     }
     results.Finish();
     Statement bad(database, "SELECT * FROM bad ORDER BY row");
@@ -297,7 +301,8 @@ std::uint64_t WriteTables(const Study& study, const std::string& path, const std
             apart->Write(Heading(study, false));
         }
         const std::string reason = bad.Text(static_cast<int>(study.Vary.size()) + 1);
-        apart->Write(LineOf(bad, study.Vary.size()).append(",\"").append(reason).append("\"\n"));
+        PutLine(bad, study.Vary.size(), line);
+        apart->Write(line.append(",\"").append(reason).append("\"\n"));
     }
     if (apart) {
         apart->Finish();
