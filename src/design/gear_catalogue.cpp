@@ -69,8 +69,6 @@ const std::vector<StandardGear>& GearCatalogue() {
          110 * MpaPerPsi, CircularGears},
         {"faa-dual-200", "aircraft of 200 000 lb, one leg with two wheels", Leg(2, 86.36), LegLoad(200000, 2),
          200 * MpaPerPsi, CircularGears},
-        {"faa-dual-tandem-100", "aircraft of 100 000 lb, one leg with four wheels", Leg(2, 50.8, 2, 114.3),
-         LegLoad(100000, 2), 140 * MpaPerPsi, CircularGears},
         {"faa-dual-tandem-400", "aircraft of 400 000 lb, one leg with four wheels", Leg(2, 76.2, 2, 139.7),
          LegLoad(400000, 2), 200 * MpaPerPsi, CircularGears},
         {"b737-800", "737-800 of 174 700 lb, one leg with two wheels", Leg(2, 86.36), LegLoad(174700, 2),
