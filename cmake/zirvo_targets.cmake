@@ -126,7 +126,7 @@ function(zirvo_add_windows_tests name)
     zirvo_posix_only(sources names)
     list(JOIN names ":" names)
     add_test(NAME ${name} COMMAND ${name} --gtest_brief=1 --gtest_filter=-${names})
-    set_tests_properties(${name} PROPERTIES TIMEOUT 900)
+    set_tests_properties(${name} PROPERTIES TIMEOUT 900 RESOURCE_LOCK wine)  # one server, one display for all
   endif()
 endfunction()
 

@@ -13,13 +13,14 @@ import tempfile
 import unittest
 
 from display import Display
-from wine import in_wine, linux, main, prefix, windows
+from wine import in_wine, linux, main, prefix, server, windows
 
 ANALYSIS, GRAPHICS = 1, 2
 
 
 class Roads(unittest.TestCase):
     def setUp(self):
+        server("-w")  # what it has started belongs to the display of another test
         top = pathlib.Path(tempfile.mkdtemp(prefix="zirvo-"))
         self.addCleanup(shutil.rmtree, top)
         self.programs = top / "ZIRVO 試験"

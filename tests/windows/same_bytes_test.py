@@ -11,7 +11,7 @@ import subprocess
 import tempfile
 import unittest
 
-from wine import in_wine, linux, main, samples, temporary_folders, windows
+from wine import in_wine, linux, main, samples, server, temporary_folders, windows
 
 LINUX = [str(linux / "zirvo-batch")]
 WINDOWS = [str(in_wine), str(windows / "zirvo-batch.exe")]
@@ -20,11 +20,29 @@ LANGUAGES = ("ja", "en")
 
 
 def run(program, arguments, folder):
-    return subprocess.run([*program, *arguments], cwd=folder, capture_output=True, timeout=300)
+    # Into files: what wine starts in the background would keep the end of a pipe.
+    with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as errors:
+        done = subprocess.run([*program, *arguments], cwd=folder, stdin=subprocess.DEVNULL, stdout=out, stderr=errors,
+                              timeout=300, check=False)
+        for stream in (out, errors):
+            stream.seek(0)
+        done.stdout, done.stderr = out.read(), errors.read()
+    return done
 
 
 def files_of(folder):
     return {path.name: path.read_bytes() for path in sorted(folder.iterdir())}
+
+
+def setUpModule():
+    # Most of the time of a short run is the start of wine's server and of what it starts in turn.
+    run([str(in_wine)], ["hostname"], samples)  # wine's folder is there from now on
+    server("-w")
+    server("-p60")
+
+
+def tearDownModule():
+    server("-k")
 
 
 class Case(unittest.TestCase):
