@@ -29,7 +29,7 @@ public:
     /// The numbers of the distribution go together.
     explicit Sampler(const Distribution& distribution);
 
-    /// The value below which a share of all values lies. @param share  above 0, below 1
+    /// The value below which a share of all values lies. @param share  above 0, at most 1
     double At(double share) const;
     /// False where next to nothing lies between the ends.
     bool LeavesSomething() const;

@@ -256,8 +256,8 @@ private:
     /// What pavements can have is an interval, and a distribution grows with the share: both ends tell of all between.
     static bool IsGoodUpToItsEnds(const Varied& varied) {
         constexpr double least = std::numeric_limits<double>::epsilon() / 4;  // of EvenNumber
-        return ReasonAgainst(varied.What, Quantile(varied.Spread, least)).empty() &&
-               ReasonAgainst(varied.What, Quantile(varied.Spread, 1)).empty();
+        return ReasonAgainst(varied.What, varied.Draw.At(least)).empty() &&
+               ReasonAgainst(varied.What, varied.Draw.At(1)).empty();
     }
 
     /// A distribution that gives what no pavement can have is a fault of the study, not of the rows that it hits.
