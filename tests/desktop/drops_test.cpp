@@ -96,8 +96,8 @@ TEST_P(Drops, NoFileIsTakenWhereDataStand) {
     session_.Type("3");
     session_.Key("Return");
     session_.WaitUntilItChanges(form, GetParam().Count, none);
-    const QImage three = session_.Picture(form, GetParam().Count);
     session_.Drag(File(GetParam().Sample));
+    const QImage three = session_.Picture(form, GetParam().Count);  // the bubble of the digit has gone by now
     session_.MoveTo(form, "MSFlexGrid1", {60, 60});
     session_.MoveTo(form, "MSFlexGrid1", {64, 64});
     session_.Release();
