@@ -52,7 +52,7 @@ void RequireRows(const Study& study) {
             Require(std::isfinite(values[i]) && study::ReasonAgainst(study.Vary[i].What, values[i]).empty(),
                     "what varies is what a pavement can have");
             if (study.What == Study::Kind::Sample) {
-                RequireDrawn(study.Vary[i].Spread, values[i]);
+                RequireDrawn(study.Vary[i].Draw.Of(), values[i]);
             }
         }
     }

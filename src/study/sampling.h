@@ -31,6 +31,7 @@ public:
 
     /// The value below which a share of all values lies. @param share  above 0, at most 1
     double At(double share) const;
+    const Distribution& Of() const { return distribution_; }
     /// False where next to nothing lies between the ends.
     bool LeavesSomething() const;
 
