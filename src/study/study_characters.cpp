@@ -22,7 +22,9 @@ public:
             if (c == '#') {
                 Take(std::min(rest_.find('\n'), rest_.size()));
             } else if (c == '"' || c == '\'') {
-                SkipText(c);
+                if (!SkipText(c)) {
+                    return line_;
+                }
             } else if (static_cast<unsigned char>(c) < 0x80) {
                 Take(1);
             } else {
@@ -47,16 +49,30 @@ private:
         return there;
     }
 
-    void SkipText(char quote) {
+    static bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+    /// False at a strange character behind a line that a backslash carries on: there the library looks for blanks.
+    bool SkipText(char quote) {
         const std::string three(3, quote);
         const bool manyLines = rest_.starts_with(three);
         const std::string_view end = std::string_view(three).substr(0, manyLines ? 3 : 1);
         Take(end.size());
         while (!rest_.empty() && !rest_.starts_with(end) && (manyLines || rest_.front() != '\n')) {
             const bool escape = quote == '"' && rest_.front() == '\\' && rest_.size() > 1;
+            if (escape && manyLines && IsBlank(rest_[1])) {
+                Take(1);
+                while (!rest_.empty() && IsBlank(rest_.front())) {
+                    Take(1);
+                }
+                if (!rest_.empty() && static_cast<unsigned char>(rest_.front()) >= 0x80) {
+                    return false;
+                }
+                continue;
+            }
             Take(escape && (manyLines || rest_[1] != '\n') ? 2 : 1);
         }
         TakeIf(end);
+        return true;
     }
 };
 

@@ -7,7 +7,7 @@
 namespace zirvo::study {
 
 /// The first line (1-based) with a character beyond ASCII outside quotes and comments; none where there is no such
-/// line. A byte order mark in front is none.
+/// line; a text whose line a backslash carries on must go on with another. A byte order mark in front is none.
 std::optional<long long> LineOfStrangeCharacter(std::string_view bytes);
 
 }  // namespace zirvo::study

@@ -38,7 +38,10 @@ protected:
     ~Interruption() override { prctl(PR_SET_CHILD_SUBREAPER, 0); }
 
     Surroundings Here(const std::string& program = ZIRVO_BIN "/zirvo-batch") const {
-        return {.Program = program, .Folder = Folder.Path(), .Variables = {{"TMPDIR", Temporary.Path()}}};
+        // The sanitizers look for leaks in a process of its own, which an interruption would leave behind.
+        return {.Program = program,
+                .Folder = Folder.Path(),
+                .Variables = {{"TMPDIR", Temporary.Path()}, {"ASAN_OPTIONS", "detect_leaks=0"}}};
     }
 
     /// The names in the folder, of which only these may be there: those of the input, and whole results.
