@@ -45,15 +45,8 @@ int GroupsOf(const std::vector<bool>& ink) {
 
 class Captions : public testing::TestWithParam<forms::Language> {
 protected:
-    void GoTo(const char* form, const char* objective) {
-        std::ofstream(session_.ProgramFolder() / "zirvo_sv.ini")
-            << session_.WorkFolder().string() << "\r\n 3 \r\n " << objective << " \r\n";
-        session_.Start();
-        session_.Key(GetParam() == forms::Language::Japanese ? "space" : "Down");
-        session_.Language(GetParam());
-        session_.Key("Return");
-        session_.WaitForWindow("Form2");
-        session_.Key("Return");
+    void GoTo(const char* form, int objective) {
+        session_.StartAt(objective, GetParam());
         session_.WaitForWindow(form);
     }
     /// The caption of a control: its picture without the edge of a button.
@@ -74,7 +67,7 @@ protected:
 };
 
 TEST_P(Captions, OfTheAnalysisDataAreWhole) {
-    GoTo("Form3", "1");
+    GoTo("Form3", 1);
     for (const char* button :
          {"Command1", "Command3", "Command4", "Command5", "Command6", "Command7", "Command8", "Command9"}) {
         ExpectWhole("Form3", button);
@@ -93,7 +86,7 @@ TEST_P(Captions, OfTheAnalysisDataAreWhole) {
 
 TEST_P(Captions, OfTheMapAreWholeInAnySize) {
     fs::copy(fs::path(ZIRVO_SAMPLES) / "road.ven", session_.WorkFolder());
-    GoTo("Form5", "2");
+    GoTo("Form5", 2);
     session_.Click("Form5", "Option2");
     session_.Click("Form5", "Command1");
     session_.GivePath("FileDialog", "road.ven");

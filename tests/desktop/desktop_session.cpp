@@ -97,6 +97,16 @@ void DesktopSession::Start() {
     WaitForWindow("Form1");
 }
 
+void DesktopSession::StartAt(int objective, forms::Language language) {
+    std::ofstream(ProgramFolder() / "zirvo_sv.ini") << WorkFolder().string() << "\r\n 3 \r\n " << objective << " \r\n";
+    Start();
+    Key(language == forms::Language::Japanese ? "space" : "Down");
+    Language(language);
+    Key("Return");
+    WaitForWindow("Form2");
+    Key("Return");
+}
+
 void DesktopSession::Launch(const std::vector<std::string>& arguments) {
     std::vector<std::string> command = asUser_;
     command.push_back((programs_ / "zirvo").string());

@@ -39,6 +39,9 @@ public:
     void Start();
     /// Starts the program, with these arguments, and waits for nothing.
     void Launch(const std::vector<std::string>& arguments = {});
+    /// Starts it with kN and MPa and goes on by keys to the data screen of that objective (1 analysis, 2 graphics);
+    /// what is asked there is not answered.
+    void StartAt(int objective, forms::Language language);
     /// Ends it as a crash does, and waits until the system has taken it away.
     void Kill();
     /// Waits for the program to end. Gives its exit status.

@@ -16,15 +16,8 @@ namespace fs = std::filesystem;
 class Tables : public testing::TestWithParam<forms::Language> {
 protected:
     /// Up to the data screen of that objective, with kN and MPa.
-    void GoTo(const char* form, const char* objective) {
-        std::ofstream(session_.ProgramFolder() / "zirvo_sv.ini")
-            << session_.WorkFolder().string() << "\r\n 3 \r\n " << objective << " \r\n";
-        session_.Start();
-        session_.Key(GetParam() == forms::Language::Japanese ? "space" : "Down");
-        session_.Language(GetParam());
-        session_.Key("Return");
-        session_.WaitForWindow("Form2");
-        session_.Key("Return");
+    void GoTo(const char* form, int objective) {
+        session_.StartAt(objective, GetParam());
         session_.WaitForWindow(form);
     }
     /// NEW DATA, and one row in each table.
@@ -72,7 +65,7 @@ constexpr const char* Layers = "5000\t0.35\t15\t0\r\n500\t0.4\r\n";
 constexpr const char* Loads = "49\t15\t0\t0\t0\t0\n49\t15\t100\t0\t0\t0\n";
 
 TEST_P(Tables, BlocksOfASpreadsheetArePastedUndoneAndSaved) {
-    GoTo("Form3", "1");
+    GoTo("Form3", 1);
     NewData("Form3", {"VScroll1", "VScroll2", "VScroll3"});
     PasteInto("Form3", "MSFlexGrid1", "Label7", Layers);
     PasteInto("Form3", "MSFlexGrid2", "Label8", Loads);
@@ -95,7 +88,7 @@ TEST_P(Tables, BlocksOfASpreadsheetArePastedUndoneAndSaved) {
 }
 
 TEST_P(Tables, ATableIsCopiedWithItsHeadings) {
-    GoTo("Form5", "2");
+    GoTo("Form5", 2);
     NewData("Form5", {"VScroll1", "VScroll2"});
     PasteInto("Form5", "MSFlexGrid1", "Label4", Layers);
     session_.Key("ctrl+a");
@@ -108,7 +101,7 @@ TEST_P(Tables, ATableIsCopiedWithItsHeadings) {
 }
 
 TEST_P(Tables, ATableThatWasCopiedWithItsHeadingsIsPastedBack) {
-    GoTo("Form5", "2");
+    GoTo("Form5", 2);
     NewData("Form5", {"VScroll1", "VScroll2"});
     PasteInto("Form5", "MSFlexGrid1", "Label4", Layers);
     PasteInto("Form5", "MSFlexGrid2", "Label5", Loads);
@@ -130,7 +123,7 @@ TEST_P(Tables, ATableThatWasCopiedWithItsHeadingsIsPastedBack) {
 }
 
 TEST_P(Tables, ABlockThatCannotBeTypedIsRefusedInABox) {
-    GoTo("Form3", "1");
+    GoTo("Form3", 1);
     NewData("Form3", {"VScroll1"});
     const QImage before = session_.Picture("Form3", "Label7");
     PasteInto("Form3", "MSFlexGrid1", "5000\t0.35\n1,000\t0.4\n");
@@ -142,7 +135,7 @@ TEST_P(Tables, ABlockThatCannotBeTypedIsRefusedInABox) {
 }
 
 TEST_P(Tables, TheCellThatARuleRefusesComesIntoSightAndIsMarked) {
-    GoTo("Form3", "1");
+    GoTo("Form3", 1);
     NewData("Form3", {"VScroll1", "VScroll2", "VScroll3"});
     PasteInto("Form3", "MSFlexGrid1", "Label7", Layers);
     PasteInto("Form3", "MSFlexGrid2", "Label8", Loads);
@@ -162,7 +155,7 @@ TEST_P(Tables, TheCellThatARuleRefusesComesIntoSightAndIsMarked) {
 }
 
 TEST_P(Tables, ADraggedThumbShowsItsNumberAndDigitsSetACount) {
-    GoTo("Form3", "1");
+    GoTo("Form3", 1);
     session_.Click("Form3", "Option1");
     const QImage zero = session_.Picture("Form3", "Label9");
     const QImage frame = session_.Picture("Form3", "Frame2");
@@ -184,7 +177,7 @@ TEST_P(Tables, ADraggedThumbShowsItsNumberAndDigitsSetACount) {
 }
 
 TEST_P(Tables, ImportedDataAreReadToTheLastRowBeforeTheirRun) {
-    GoTo("Form3", "1");
+    GoTo("Form3", 1);
     fs::copy(fs::path(ZIRVO_SAMPLES) / "motorway.eva", session_.WorkFolder());
     session_.Click("Form3", "Option2");
     session_.Click("Form3", "Command1");

@@ -17,16 +17,7 @@ namespace fs = std::filesystem;
 class KeptDataScreens : public testing::TestWithParam<forms::Language> {
 protected:
     /// Up to the data screen of that objective, with kN and MPa; what is asked there is not answered yet.
-    void GoThere(int objective = 1) {
-        std::ofstream(session_.ProgramFolder() / "zirvo_sv.ini")
-            << session_.WorkFolder().string() << "\r\n 3 \r\n " << objective << " \r\n";
-        session_.Start();
-        session_.Key(GetParam() == forms::Language::Japanese ? "space" : "Down");
-        session_.Language(GetParam());
-        session_.Key("Return");
-        session_.WaitForWindow("Form2");
-        session_.Key("Return");
-    }
+    void GoThere(int objective = 1) { session_.StartAt(objective, GetParam()); }
     void Keys(const char* key, int times) {
         for (int i = 0; i < times; ++i) {
             session_.Key(key);
