@@ -12,7 +12,6 @@ using solver::Load;
 using solver::Point;
 using solver::Problem;
 
-constexpr double MostNodes = 9000;
 constexpr double Contrast = 1e8;
 
 GroupError WorstOf(const std::vector<GroupError>& errors, Goal goal) {

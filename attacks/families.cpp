@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <numbers>
 
 namespace zirvo::attack {
 
@@ -14,9 +15,6 @@ using solver::Layer;
 using solver::Load;
 using solver::Point;
 using solver::Problem;
-
-constexpr double MostNodes = 9000;
-constexpr double PiValue = 3.14159265358979323846;
 
 bool Chance(Random& random, double share) {
     return Between(random, 0, 1) < share;
@@ -83,7 +81,7 @@ void AddLoads(Family family, Problem& problem, Random& random) {
     const double first = Rounded(large ? LogBetween(random, 1, 300) : LogBetween(random, 5, 30));
     for (int i = 0; i < loads; ++i) {
         const double radius = i > 0 && Chance(random, 0.3) ? Rounded(first * Between(random, 0.5, 1.5)) : first;
-        const double pressure = Rounded(LogBetween(random, 0.1, 2)) * PiValue * radius * radius;
+        const double pressure = Rounded(LogBetween(random, 0.1, 2)) * std::numbers::pi * radius * radius;
         Load load{pressure,
                   radius,
                   i == 0 ? 0 : Rounded(Between(random, -150, 150)),
@@ -152,7 +150,7 @@ Point RandomPoint(const Problem& problem, Random& random) {
             r = LogBetween(random, 300, 2000);
             break;
     }
-    const double angle = Count(random, 0, 1) == 0 ? 0 : Between(random, -PiValue, PiValue);
+    const double angle = Count(random, 0, 1) == 0 ? 0 : Between(random, -std::numbers::pi, std::numbers::pi);
     point.X = load.X + Rounded(r * std::cos(angle));
     point.Y = load.Y + Rounded(r * std::sin(angle));
     return point;

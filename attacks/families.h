@@ -31,6 +31,9 @@ solver::Problem RandomProblem(Family family, Random& random);
 /// them and many depths between two of one layer.
 std::vector<solver::Point> CrowdFor(const solver::Problem& problem, Random& random);
 
+/// Beyond so many nodes of the reference a point is too dear for the attack.
+inline constexpr double MostNodes = 9000;
+
 /// Nodes that the reference needs for a point, roughly; infinite where its values jump.
 double NodesFor(const solver::Problem& problem, const solver::Point& point);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <numbers>
 
 #include "reference.h"
 
@@ -12,7 +13,6 @@ namespace {
 
 constexpr std::array<std::size_t, 4> First = {solver::U, solver::SIGx, solver::EPSx, solver::ComponentCount};
 constexpr double Floor = 1e-4;
-constexpr double PiValue = 3.14159265358979323846;
 
 template <class Values>
 double Quantile(Values values, double share) {
@@ -38,7 +38,7 @@ std::vector<GroupError> Measure(const solver::Problem& problem, std::span<const 
     double pressure = 0;
     double radius = 0;
     for (const solver::Load& load : problem.Loads) {
-        const double area = PiValue * load.Radius * load.Radius;
+        const double area = std::numbers::pi * load.Radius * load.Radius;
         pressure = std::max({pressure, std::fabs(load.Vertical) / area, std::fabs(load.Horizontal) / area});
         radius = std::max(radius, load.Radius);
     }

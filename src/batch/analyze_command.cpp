@@ -12,6 +12,7 @@
 
 #include "analysis/solver_run.h"
 #include "batch/input_file.h"
+#include "batch/solver_signs.h"
 #include "pavement/data_findings.h"
 #include "pavement/pavement_rules.h"
 #include "pavement/solver_process.h"
@@ -30,12 +31,8 @@ namespace {
 using solver::InputError;
 using solver::Word;
 
-constexpr Int16 MessageComputing = 164;
 constexpr Int16 MessageInputMissing = 172;
 constexpr Int16 MessageUncompleted = 173;
-
-/// In the table of a report, and nowhere else in it; a report of bad input has none.
-constexpr std::string_view MarkerLine = "\n   ===";
 
 /// At a folder in which another run is under way [ms].
 constexpr int BetweenLooks = 20;

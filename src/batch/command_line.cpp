@@ -39,12 +39,6 @@ std::string JudgeGraphicsExtension(const std::string& file) {
                : file + " is no graphics input file (.ven), the only kind that a map is drawn from";
 }
 
-std::string JudgeThreads(const std::string& text) {
-    return CountOf(text, HighestThreadCount) > 0
-               ? ""
-               : text + " is no number from 1 to " + std::to_string(HighestThreadCount);
-}
-
 /// The command line as CLI11 fills it in.
 class Parser {
 public:

@@ -15,8 +15,6 @@
 
 namespace zirvo::batch {
 
-inline constexpr int HighestThreadCount = 256;
-
 /// All values at full precision, in this process.
 struct SolveRequest {
     std::string File;

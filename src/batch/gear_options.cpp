@@ -13,10 +13,6 @@
 namespace zirvo::batch {
 namespace {
 
-std::string JudgeNumber(const std::string& text) {
-    return design::NumberOfText(text) ? "" : text + " is no number";
-}
-
 /// X and Y with a comma between them.
 std::optional<std::pair<double, double>> PlaceOf(const std::string& text) {
     const std::size_t comma = text.find(',');

@@ -13,10 +13,6 @@ namespace {
 
 constexpr double MostPercent = 100;
 
-std::string JudgeNumber(const std::string& text) {
-    return design::NumberOfText(text) ? "" : text + " is no number";
-}
-
 /// The points behind the last colon, or why the text is no life.
 std::variant<LifeAtPoints, std::string> LifeOfText(const std::string& text) {
     const std::size_t colon = text.rfind(':');

@@ -11,6 +11,7 @@
 #include "base/fault_words.h"
 #include "batch/check_command.h"
 #include "batch/map_picture.h"
+#include "batch/solver_signs.h"
 #include "batch/temporary_folder.h"
 #include "contour/number_format.h"
 #include "graphics/section_plot.h"
@@ -22,11 +23,6 @@
 
 namespace zirvo::batch {
 namespace {
-
-constexpr Int16 MessageComputing = 164;
-
-/// In every report that has a table, and nowhere else.
-constexpr std::string_view MarkerLine = "\n   ===";
 
 class Mapping {
 public:

@@ -17,7 +17,7 @@
 namespace zirvo::batch {
 namespace {
 
-constexpr int MostLines = std::numeric_limits<Int16>::max();
+constexpr int MostContourLines = std::numeric_limits<Int16>::max();
 
 constexpr std::array<std::pair<std::string_view, bool DisplayItems::*>, 5> ItemNames{
     std::pair{"fill", &DisplayItems::ColorFill}, std::pair{"lines", &DisplayItems::ContourLines},
@@ -32,7 +32,7 @@ std::optional<double> NumberOf(const std::string& text) {
     return ReadWholeNumber(text, value) ? std::optional(value) : std::nullopt;
 }
 
-std::string JudgeNumber(const std::string& text) {
+std::string JudgeMapNumber(const std::string& text) {
     return NumberOf(text) ? "" : text + " is no number";
 }
 
@@ -41,10 +41,10 @@ std::string JudgeLayer(const std::string& text) {
 }
 
 std::string JudgeLines(const std::string& text) {
-    return CountOf(text, MostLines) >= LeastContourLineCount
+    return CountOf(text, MostContourLines) >= LeastContourLineCount
                ? ""
                : text + " is no number from " + std::to_string(LeastContourLineCount) + " to " +
-                     std::to_string(MostLines);
+                     std::to_string(MostContourLines);
 }
 
 /// The items named, with commas between them; nothing if one is unknown.
@@ -67,7 +67,7 @@ std::string JudgeItems(const std::string& text) {
     return ItemsOf(text) ? "" : text + " is no list of fill, lines, legend, points, values with commas between them";
 }
 
-std::string JudgeSize(const std::string& text) {
+std::string JudgeMapSize(const std::string& text) {
     return SizeOf(text).first > 0 ? ""
                                   : text + " is no size in pixels like 529x540, each side from " +
                                         std::to_string(SmallestPicture) + " to " + std::to_string(LargestPicture);
@@ -82,7 +82,7 @@ std::optional<PictureFormat> FormatOf(const std::string& file) {
     return std::nullopt;
 }
 
-std::string JudgePicture(const std::string& file) {
+std::string JudgeMapFile(const std::string& file) {
     return FormatOf(file) ? "" : file + " is no picture file (.png, .bmp, .svg, .pdf)";
 }
 
@@ -95,7 +95,7 @@ void MapOptions::AddTo(CLI::App& command) {
         ->type_name("xy|xz");
     command.add_option("--position", position_, "Depth Z of an xy section, or Y of an xz section, in cm")
         ->required()
-        ->check(JudgeNumber)
+        ->check(JudgeMapNumber)
         ->type_name("CM");
     command.add_option("--layer", layer_, "Which of the two layers an xy section on their interface belongs to")
         ->check(JudgeLayer)
@@ -114,15 +114,15 @@ void MapOptions::AddTo(CLI::App& command) {
         ->check(JudgeItems)
         ->type_name("LIST");
     command.add_option("--min", lowest_, "Lower end of the value range; the smallest value if not given")
-        ->check(JudgeNumber)
+        ->check(JudgeMapNumber)
         ->type_name("V");
     command.add_option("--max", highest_, "Upper end of the value range; the largest value if not given")
-        ->check(JudgeNumber)
+        ->check(JudgeMapNumber)
         ->type_name("V");
-    command.add_option("--size", size_, "Size in pixels; 529x540 if not given")->check(JudgeSize)->type_name("WxH");
+    command.add_option("--size", size_, "Size in pixels; 529x540 if not given")->check(JudgeMapSize)->type_name("WxH");
     command.add_option("-o,--output", pictureFile_, "Picture file, by its extension .png, .bmp, .svg or .pdf")
         ->required()
-        ->check(JudgePicture)
+        ->check(JudgeMapFile)
         ->type_name("FILE");
 }
 
@@ -148,7 +148,7 @@ MapRequest MapOptions::Read() const {
     request.Section.LayerOfInterest = static_cast<Int16>(CountOf(layer_, MaximumLayers));
     request.PositionText = position_;
     request.Items = ItemsOf(items_).value_or(DisplayItems());
-    request.ContourLineCount = static_cast<Int16>(CountOf(lines_, MostLines));
+    request.ContourLineCount = static_cast<Int16>(CountOf(lines_, MostContourLines));
     request.Lowest = NumberOf(lowest_);
     request.Highest = NumberOf(highest_);
     std::tie(request.PixelsWide, request.PixelsHigh) = SizeOf(size_);

@@ -3,6 +3,8 @@
 
 #include <charconv>
 
+#include "design/number_table.h"
+
 namespace zirvo::batch {
 
 int CountOf(std::string_view text, int highest) {
@@ -20,6 +22,16 @@ std::pair<int, int> SizeOf(std::string_view text) {
     const int wide = CountOf(text.substr(0, cross), LargestPicture);
     const int high = CountOf(text.substr(cross + 1), LargestPicture);
     return wide >= SmallestPicture && high >= SmallestPicture ? std::pair(wide, high) : std::pair(0, 0);
+}
+
+std::string JudgeNumber(const std::string& text) {
+    return design::NumberOfText(text) ? "" : text + " is no number";
+}
+
+std::string JudgeThreads(const std::string& text) {
+    return CountOf(text, HighestThreadCount) > 0
+               ? ""
+               : text + " is no number from 1 to " + std::to_string(HighestThreadCount);
 }
 
 }  // namespace zirvo::batch

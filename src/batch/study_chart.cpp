@@ -10,7 +10,7 @@
 namespace zirvo::batch {
 namespace {
 
-constexpr std::size_t MostLines = 12;  // as many colours as can be told apart
+constexpr std::size_t MostChartLines = 12;  // as many colours as can be told apart
 
 /// The label of a column with its unit; empty where there is no such column.
 std::string LabelOf(const study::Study& study, const std::string& column) {
@@ -83,7 +83,7 @@ std::vector<ChartLine> LinesOf(const ChartRows& rows, const PlotRequest& plot, c
         line.Name = plot.Lines.empty() ? "" : design::ShortestText(rows.Lines[i]) + unit;
         line.Points.emplace_back(rows.X[i], rows.Y[i]);
     }
-    if (lines.size() > MostLines) {
+    if (lines.size() > MostChartLines) {
         reason = plot.Lines + " has " + std::to_string(lines.size()) + " values, and a chart at most 12 lines";
         return {};
     }

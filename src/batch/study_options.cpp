@@ -12,13 +12,8 @@
 namespace zirvo::batch {
 namespace {
 
-constexpr int MostThreads = 256;
 constexpr int MostParts = 100000;
 constexpr int MostBins = 1000;
-
-std::string JudgeThreads(const std::string& text) {
-    return CountOf(text, MostThreads) > 0 ? "" : text + " is no number from 1 to 256";
-}
 
 std::string JudgeBins(const std::string& text) {
     return CountOf(text, MostBins) > 0 ? "" : text + " is no number from 1 to 1000";
@@ -52,11 +47,11 @@ std::string JudgeWhere(const std::string& text) {
     return WhereOf(text) ? "" : text + " is no condition like \"layer 1 thickness=15\"";
 }
 
-std::string JudgePicture(const std::string& file) {
+std::string JudgeChartFile(const std::string& file) {
     return HasExtension(file, ".svg") || HasExtension(file, ".png") ? "" : file + " is no picture file (.svg, .png)";
 }
 
-std::string JudgeSize(const std::string& text) {
+std::string JudgeChartSize(const std::string& text) {
     return SizeOf(text).first > 0 ? "" : text + " is no size in pixels like 800x560, each side from 100 to 8000";
 }
 
@@ -79,7 +74,7 @@ void StudyOptions::AddTo(CLI::App& command) {
         ->type_name("I/N");
     command.add_flag("--merge", merge_, "Join the parts that lie in the folder to the results of the whole");
     command.add_option("--plot", picture_, "Draw a chart of the results, by its extension .svg or .png")
-        ->check(JudgePicture)
+        ->check(JudgeChartFile)
         ->type_name("FILE");
     command.add_option("--x", x_, "Column of the chart's horizontal axis")->type_name("COLUMN");
     command.add_option("--y", y_, "Column of its vertical axis")->type_name("COLUMN");
@@ -95,7 +90,7 @@ void StudyOptions::AddTo(CLI::App& command) {
         ->check(CLI::IsMember({"x", "y", "xy"}).description(""))
         ->type_name("x|y|xy");
     command.add_option("--size", size_, "Size of the chart in pixels; 800x560 if not given")
-        ->check(JudgeSize)
+        ->check(JudgeChartSize)
         ->type_name("WxH");
 }
 
@@ -131,7 +126,7 @@ StudyRequest StudyOptions::Read() const {
         const std::string folder = FolderOf(file_);
         request.Output = folder.empty() ? stem : JoinPath(folder, stem);
     }
-    request.Threads = CountOf(threads_, MostThreads);
+    request.Threads = CountOf(threads_, HighestThreadCount);
     std::tie(request.Part, request.Parts) = PartOf(part_);
     request.Merge = merge_;
     PlotRequest& plot = request.Plot;

@@ -18,29 +18,29 @@
 namespace zirvo {
 namespace {
 
-constexpr double CutOff = 1e10;
+constexpr double HighestTraced = 1e10;
 
-struct Point {
+struct EdgePoint {
     double X = 0;
     double Y = 0;
 };
 
-double SquaredDistance(Point a, Point b) {
+double SquaredDistance(EdgePoint a, EdgePoint b) {
     return (a.X - b.X) * (a.X - b.X) + (a.Y - b.Y) * (a.Y - b.Y);
 }
 
 /// One cell: entry m - 1 belongs to corner m.
 struct Cell {
     std::array<double, 4> C{};
-    std::array<Point, 4> At{};
+    std::array<EdgePoint, 4> At{};
 };
 
 /// The crossings of a level with the edges of a cell, in the order of the edges 1-2, 2-3, 3-4, 4-1.
 struct Crossings {
-    std::array<Point, 4> At{};
+    std::array<EdgePoint, 4> At{};
     std::size_t Count = 0;
 
-    void Add(Point point) { At[Count++] = point; }
+    void Add(EdgePoint point) { At[Count++] = point; }
 };
 
 /// True if the level does not cross the edge between two corners of these heights.
@@ -67,12 +67,12 @@ Crossings FindCrossings(const Cell& cell, const std::array<double, 4>& h, double
     return found;
 }
 
-void DrawLine(PlotSurface& surface, Point from, Point to, Color color) {
+void DrawLine(PlotSurface& surface, EdgePoint from, EdgePoint to, Color color) {
     surface.Line(static_cast<float>(from.X), static_cast<float>(from.Y), static_cast<float>(to.X),
                  static_cast<float>(to.Y), color);
 }
 
-void JoinThree(PlotSurface& surface, const std::array<Point, 4>& at, Color color) {
+void JoinThree(PlotSurface& surface, const std::array<EdgePoint, 4>& at, Color color) {
     std::size_t from = 0;
     std::size_t to = 1;
     for (const auto [a, b] : {std::array<std::size_t, 2>{0, 2}, std::array<std::size_t, 2>{1, 2}}) {
@@ -114,7 +114,7 @@ void TraceCell(PlotSurface& surface, const Cell& cell, const LevelRange& range, 
         dmin = cell.C[m] < dmin ? cell.C[m] : dmin;
         dmax = cell.C[m] > dmax ? cell.C[m] : dmax;
     }
-    if (dmax > CutOff) {
+    if (dmax > HighestTraced) {
         return;
     }
     const double lo = dmin < range.Low ? range.Low : dmin;
@@ -165,8 +165,8 @@ void CellContourTracer(PlotSurface& surface, double low, double high, int ilb, i
             const auto column = static_cast<std::size_t>(i);
             const auto row = static_cast<std::size_t>(j);
             const Cell cell{{d.At(i, j), d.At(i + 1, j), d.At(i + 1, j + 1), d.At(i, j + 1)},
-                            {Point{x[column], y[row]}, Point{x[column + 1], y[row]}, Point{x[column + 1], y[row + 1]},
-                             Point{x[column], y[row + 1]}}};
+                            {EdgePoint{x[column], y[row]}, EdgePoint{x[column + 1], y[row]},
+                             EdgePoint{x[column + 1], y[row + 1]}, EdgePoint{x[column], y[row + 1]}}};
             TraceCell(surface, cell, range, cellX, cellY);
         }
     }

@@ -32,7 +32,7 @@ struct Interval {
     }
 };
 
-double At(const std::vector<double>& axis, int index) {
+double CheckedAt(const std::vector<double>& axis, int index) {
     if (index < 0 || static_cast<std::size_t>(index) >= axis.size()) {
         throw RuntimeFault(fault::SubscriptOutOfRange);
     }
@@ -45,7 +45,7 @@ void RefineRows(ContourField& field, int gridCountX, int firstRow, int lastRow, 
     for (int ic = 1; ic < gridCountX; ++ic) {
         const int first = (ic - 1) * RefineFactor + 1;
         const int last = first + RefineFactor;
-        const Interval width(At(field.FineAxis1, last) - At(field.FineAxis1, first));
+        const Interval width(CheckedAt(field.FineAxis1, last) - CheckedAt(field.FineAxis1, first));
         const double c1 = d.At(first, firstRow);
         const double c2 = d.At(last, firstRow);
         const double c3 = d.At(last, lastRow);
@@ -85,7 +85,7 @@ void RefineMatrixXY(ContourField& field, const CoarseGrid& grid) {
         const int first = (jc - 1) * RefineFactor + 1;
         const int last = first + RefineFactor;
         RefineRows(field, grid.GridCountX(), first, last,
-                   Interval(At(field.FineAxis2, last) - At(field.FineAxis2, first)));
+                   Interval(CheckedAt(field.FineAxis2, last) - CheckedAt(field.FineAxis2, first)));
     }
 }
 

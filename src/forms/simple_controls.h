@@ -9,6 +9,8 @@ namespace zirvo::forms {
 
 /// 24 bits, 0xRRGGBB. -1 stands for the colour of the screens.
 using ScreenColor = std::int32_t;
+
+inline constexpr ScreenColor White = 0xFFFFFF;
 inline constexpr ScreenColor DefaultColor = -1;
 
 enum class Alignment { Left, Right, Center };

@@ -26,7 +26,6 @@ using forms::Buttons;
 using forms::Icon;
 
 constexpr Int16 TitleStamp = 2;
-constexpr Int16 BoxStamp = 3;
 /// A failure of a dialog that is told; nothing in this system raises it.
 constexpr int ToldDialogFailure = 32755;
 

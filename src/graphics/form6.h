@@ -24,6 +24,7 @@ class Form6 : public forms::Form {
 public:
     static constexpr const char* FormName = "Form6";
     static constexpr int DisplayItemCount = 5;
+    static constexpr Int16 BoxStamp = 3;  ///< the stamp that its boxes have for a title
     /// Data lines of a comma file above which the reader would stop with a message. It never does: the bound of its
     /// arrays (PointLimit) is a fault long before.
     static constexpr int DataLineLimit = 9000000;

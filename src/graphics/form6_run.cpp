@@ -16,9 +16,6 @@ using forms::Answer;
 using forms::Buttons;
 using forms::Icon;
 
-constexpr forms::ScreenColor White = 0xFFFFFF;
-constexpr Int16 BoxStamp = 3;
-
 }  // namespace
 
 void Form6::Command1_Click() {  // START ANALYSIS of an X-Y section
@@ -212,10 +209,10 @@ void Form6::LoadSectionData(const Progress& progress) {
     Label21.Caption = texts.AxisMax2;
     Text3.Text = texts.ValueMin;  // a changed text takes its number into the range once more
     Text4.Text = texts.ValueMax;
-    Label17.BackColor = White;
-    Label18.BackColor = White;
-    Label20.BackColor = White;
-    Label21.BackColor = White;
+    Label17.BackColor = forms::White;
+    Label18.BackColor = forms::White;
+    Label20.BackColor = forms::White;
+    Label21.BackColor = forms::White;
     DataReady = true;
     ClearPicture();
     Command5.Enabled = false;

@@ -15,8 +15,6 @@ namespace zirvo {
 
 namespace {
 
-constexpr std::size_t LayerCountWidth = 3;
-constexpr std::size_t LoadCountWidthXY = 10;
 constexpr std::size_t LoadCountWidthXZ = 8;
 constexpr std::size_t PointCountWidth = 11;
 constexpr std::array<std::size_t, LoadColumns> LoadWidths{10, 15, 15, 15, 15, 19};
@@ -34,7 +32,7 @@ void AppendHead(std::string& out, const GraphicsInputData& model, SectionKind ki
     AppendLine(out, "");
     AppendHeading(out, languageBase, 67);
     AppendLine(out, CountText(model.LayerCount, LayerCountWidth) +
-                        CountText(model.LoadCount, kind == SectionKind::XY ? LoadCountWidthXY : LoadCountWidthXZ) +
+                        CountText(model.LoadCount, kind == SectionKind::XY ? LoadCountWidth : LoadCountWidthXZ) +
                         CountText(PointCountOf(grid), PointCountWidth));
     AppendLine(out, "");
 }

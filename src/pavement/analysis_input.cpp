@@ -9,8 +9,6 @@ namespace zirvo {
 namespace {
 
 // Widths that put the numbers roughly beneath the words of the headings.
-constexpr std::size_t LayerCountWidth = 3;
-constexpr std::size_t LoadCountWidth = 10;
 constexpr std::size_t PointCountWidth = 11;
 constexpr std::size_t LayerNumberWidth = 5;
 constexpr std::size_t PointXWidth = 16;

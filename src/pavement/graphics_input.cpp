@@ -11,8 +11,6 @@ namespace zirvo {
 namespace {
 
 // Widths that put the numbers roughly beneath the words of the heading.
-constexpr std::size_t LayerCountWidth = 3;
-constexpr std::size_t LoadCountWidth = 10;
 
 class GraphicsWalk : public InputWalk {
 public:

@@ -11,6 +11,10 @@
 
 namespace zirvo {
 
+/// Columns of the counts.
+inline constexpr std::size_t LayerCountWidth = 3;
+inline constexpr std::size_t LoadCountWidth = 10;
+
 /// A number right-justified to `columns`; a longer one stays whole and touches its neighbour, for nothing separates
 /// the columns.
 void AppendColumn(std::string& out, double value, std::size_t columns);

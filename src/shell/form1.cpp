@@ -9,11 +9,6 @@
 #include "text/version_stamp.h"
 
 namespace zirvo {
-namespace {
-
-constexpr forms::ScreenColor White = 0xFFFFFF;
-
-}  // namespace
 
 Form1::Form1(forms::Application& application) : Form(application, FormName) {
     Option1.Click = [this] { Option1_Click(); };
@@ -45,7 +40,7 @@ void Form1::Arrange() {
     Option2.Caption = "English";
     Picture1.Picture = "pavement";
     for (forms::PictureBox* notes : {&Picture2, &Picture3}) {
-        notes->BackColor = White;
+        notes->BackColor = forms::White;
         notes->Font = forms::FontSpec{.Name = {}, .Size = 10.5};
     }
     Picture2.Text = StartNotes(forms::Language::English);

@@ -15,8 +15,6 @@
 namespace zirvo {
 namespace {
 
-constexpr forms::ScreenColor White = 0xFFFFFF;
-
 /// Number, from 1, of the option button that is set; 0 where none is.
 template <class... Option>
 Int16 NumberOfSet(const Option&... options) {
@@ -54,7 +52,7 @@ void Form2::Arrange() {
     Label1.Font = forms::FontSpec{.Name = {}, .Size = 13, .Bold = true};
     Frame1.Move(Pixels(20), Pixels(46), Pixels(520), Pixels(86));
     Label2.Move(Pixels(16), Pixels(26), Pixels(374), Pixels(46));  // three lines of a long path
-    Label2.BackColor = White;
+    Label2.BackColor = forms::White;
     Command1.Move(Pixels(404), Pixels(33), Pixels(100), Pixels(32));
     Frame2.Move(Pixels(20), Pixels(142), Pixels(520), Pixels(114));
     Option1.Move(Pixels(16), Pixels(26), Pixels(488), Pixels(24));

@@ -4,7 +4,7 @@
 namespace zirvo {
 namespace {
 
-constexpr const char* English =
+constexpr const char* EnglishNotes =
     "ZIRVO serves engineers who analyse the structure of pavements, such as roads and runways, modelled as "
     "multi-layered linear elastic systems.\n"
     "\n"
@@ -20,7 +20,7 @@ constexpr const char* English =
     "\n"
     "Limits: 100 loads, 100 pavement layers, 10000 points of interest.\n";
 
-constexpr const char* Japanese =
+constexpr const char* JapaneseNotes =
     "ZIRVO は、道路や滑走路などの舗装構造を多層線形弾性体としてモデル化し、解析する技術者のためのシステムです。\n"
     "\n"
     "荷重：　表面の円形の範囲に、鉛直荷重（輪荷重）と水平荷重（制動荷重）が作用します。\n"
@@ -36,8 +36,8 @@ constexpr const char* Japanese =
 }  // namespace
 
 std::string StartNotes(forms::Language language) {
-    return std::string(language == forms::Language::Japanese ? Japanese : English) + "\n" + RightsLine + "\n" +
-           LicenseLine;
+    return std::string(language == forms::Language::Japanese ? JapaneseNotes : EnglishNotes) + "\n" + RightsLine +
+           "\n" + LicenseLine;
 }
 
 }  // namespace zirvo

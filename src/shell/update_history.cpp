@@ -9,7 +9,7 @@ namespace {
 
 // Blanks are part of the lines.
 // clang-format off
-constexpr std::string_view English[] = {
+constexpr std::string_view EnglishHistory[] = {
     "[ Ver2.2 -> Ver2.3 ]",
     "・Added Previous and Help buttons on the Graphics window",
     "・File extension for input file in graphics only -> *.ven",
@@ -45,7 +45,7 @@ constexpr std::string_view English[] = {
     "・Program does not start when user specified folder does not exist anymore -> corrected",
 };
 
-constexpr std::string_view Japanese[] = {
+constexpr std::string_view JapaneseHistory[] = {
     "[ Ver2.2 -> Ver2.3 ]",
     "・ｸﾞﾗﾌｨｯｸｽ画面に「戻る」ﾎﾞﾀﾝと「ﾍﾙﾌﾟ」ﾎﾞﾀﾝを追加",
     "・ｸﾞﾗﾌｨｯｸｽ用の入力ﾌｧｲﾙの拡張子 -> *.ven",
@@ -95,7 +95,7 @@ std::string Lines(std::span<const std::string_view> lines) {
 }  // namespace
 
 std::string UpdateHistory(forms::Language language) {
-    return language == forms::Language::Japanese ? Lines(Japanese) : Lines(English);
+    return language == forms::Language::Japanese ? Lines(JapaneseHistory) : Lines(EnglishHistory);
 }
 
 }  // namespace zirvo

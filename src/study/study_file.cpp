@@ -223,13 +223,12 @@ private:
     }
 
     void ReadDistribution(const toml::table& table, Varied& varied) const {
-        using Kind = Distribution::Kind;
         const toml::node& node = Required(table, "distribution");
         const std::string name = TextOf(table, "distribution");
         Distribution spread;
         if (name == "uniform" || name == "triangular") {
-            spread.What = name == "uniform" ? Kind::Uniform : Kind::Triangular;
-            if (spread.What == Kind::Uniform) {
+            spread.What = name == "uniform" ? Distribution::Kind::Uniform : Distribution::Kind::Triangular;
+            if (spread.What == Distribution::Kind::Uniform) {
                 AllowKeys(table, {"what", "distribution", "from", "to"});
             } else {
                 AllowKeys(table, {"what", "distribution", "from", "mode", "to"});
@@ -238,7 +237,7 @@ private:
             spread.From = NumberOf(table, "from");
             spread.To = NumberOf(table, "to");
         } else if (name == "normal" || name == "lognormal") {
-            spread.What = name == "normal" ? Kind::Normal : Kind::Lognormal;
+            spread.What = name == "normal" ? Distribution::Kind::Normal : Distribution::Kind::Lognormal;
             AllowKeys(table, {"what", "distribution", "mean", "deviation", "lower", "upper"});
             spread.Mean = NumberOf(table, "mean");
             spread.Deviation = NumberOf(table, "deviation");

@@ -22,7 +22,7 @@ namespace {
 using test::GetFile;
 using test::PutFile;
 
-using Lines = std::vector<std::string_view>;
+using LineViews = std::vector<std::string_view>;
 
 /// Three layers under two wheels, points from the surface to the last layer; the interfaces under both their layers.
 PavementModel Road() {
@@ -124,9 +124,9 @@ TEST_P(RealSolver, ItsTableIsRebuiltAsFiveOfSixtySixCharacters) {
     const bool japanese = LanguageBase() == JapaneseBase;
     const std::string report = DecodeText(ReadFileBytes("road.bre"));
     const std::string view = SplitResultView(SplitLines(report), 6, japanese);
-    const Lines lines = SplitLines(view);
+    const LineViews lines = SplitLines(view);
     ASSERT_GT(lines.size(), 45U);
-    const Lines tables(lines.end() - 45, lines.end());  // five tables of 6 + 2 lines and an empty one
+    const LineViews tables(lines.end() - 45, lines.end());  // five tables of 6 + 2 lines and an empty one
     for (std::size_t i = 0; i < tables.size(); ++i) {
         const std::size_t row = i % 9;
         // The Japanese heading has three double-width characters in each of its last four groups.

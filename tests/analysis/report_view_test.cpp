@@ -11,7 +11,7 @@
 namespace zirvo {
 namespace {
 
-using Lines = std::vector<std::string_view>;
+using LineViews = std::vector<std::string_view>;
 
 /// A table line whose columns are filled with a letter each: 30 of 'a', then five times 36 of 'b' to 'f'.
 std::string TableLine(const char* letters = "abcdef") {
@@ -35,24 +35,24 @@ std::string Column(int width, char letter) {
 }
 
 TEST(SplitLines, EndsLinesAtEveryKindOfLineEnd) {
-    EXPECT_EQ(SplitLines("a\r\nb\nc\rd"), (Lines{"a", "b", "c", "d"}));
-    EXPECT_EQ(SplitLines("a\r\n\r\nb\n\nc\r\rd"), (Lines{"a", "", "b", "", "c", "", "d"}));
-    EXPECT_EQ(SplitLines("a\n\rb"), (Lines{"a", "", "b"}));
+    EXPECT_EQ(SplitLines("a\r\nb\nc\rd"), (LineViews{"a", "b", "c", "d"}));
+    EXPECT_EQ(SplitLines("a\r\n\r\nb\n\nc\r\rd"), (LineViews{"a", "", "b", "", "c", "", "d"}));
+    EXPECT_EQ(SplitLines("a\n\rb"), (LineViews{"a", "", "b"}));
 }
 
 TEST(SplitLines, ALineEndAtTheEndBeginsNoLine) {
-    EXPECT_EQ(SplitLines("a\r\n"), (Lines{"a"}));
-    EXPECT_EQ(SplitLines("a\r"), (Lines{"a"}));
-    EXPECT_EQ(SplitLines("\r\n"), (Lines{""}));
-    EXPECT_EQ(SplitLines(""), Lines{});
-    EXPECT_EQ(SplitLines("a"), (Lines{"a"}));
+    EXPECT_EQ(SplitLines("a\r\n"), (LineViews{"a"}));
+    EXPECT_EQ(SplitLines("a\r"), (LineViews{"a"}));
+    EXPECT_EQ(SplitLines("\r\n"), (LineViews{""}));
+    EXPECT_EQ(SplitLines(""), LineViews{});
+    EXPECT_EQ(SplitLines("a"), (LineViews{"a"}));
 }
 
 TEST(SplitResultView, RebuildsTheTableOfOnePointAsFiveOfThreeLines) {
     const std::string first = TableLine("ABCDEF");
     const std::string second = TableLine("GHIJKL");
     const std::string point = TableLine("abcdef");
-    const Lines report{
+    const LineViews report{
         "   <ZIRVO Ver2.3>", "head", "   ======", "   1 point", "   ====", first, second, point, "   ===", "the tail"};
     const std::string expected =
         "   <ZIRVO Ver2.3>\r\nhead\r\n   ======\r\n   1 point\r\n"
@@ -72,7 +72,7 @@ TEST(SplitResultView, RebuildsTheTableOfOnePointAsFiveOfThreeLines) {
 
 /// The five tables of a report without head, whose table holds `line` alone.
 std::string TablesOf(const std::string& line, Int16 points, bool japanese) {
-    const Lines report{"   ===", "   ===", line};
+    const LineViews report{"   ===", "   ===", line};
     const std::string view = SplitResultView(report, points, japanese);
     const std::string head = "   ===\r\n\r\n   ===\r\n\r\n";
     EXPECT_EQ(view.substr(0, head.size()), head);
@@ -87,7 +87,7 @@ TEST(SplitResultView, TheFirstTableLineIsNarrowerInJapanese) {
     const auto table = [](char letter, int width) {
         return Column(30, 'a') + Column(width, letter) + "\r\n" + Column(30, 'a') + Column(36, letter) + "\r\n\r\n";
     };
-    const Lines report{"   ===", "   ===", japanese, wide};
+    const LineViews report{"   ===", "   ===", japanese, wide};
     EXPECT_EQ(SplitResultView(report, 0, true),
               head + table('b', 36) + table('c', 33) + table('d', 33) + table('e', 33) + table('f', 33));
     // In English the narrow line is cut like the others, so its third column takes three characters of its fourth.
@@ -122,15 +122,15 @@ TEST(SplitResultView, ATableOfFewerLinesEndsInEmptyOnes) {
 }
 
 TEST(SplitResultView, ALineMoreThanThePointsAndTwoIsFaultNine) {
-    const Lines full{"   ===", "   ===", "1", "2", "3"};
+    const LineViews full{"   ===", "   ===", "1", "2", "3"};
     EXPECT_EQ(FaultOf([&] { SplitResultView(full, 1, false); }), 0);
-    const Lines more{"   ===", "   ===", "1", "2", "3", "4"};
+    const LineViews more{"   ===", "   ===", "1", "2", "3", "4"};
     EXPECT_EQ(FaultOf([&] { SplitResultView(more, 1, false); }), 9);
     // Behind the third marker nothing is counted.
-    const Lines tail{"   ===", "   ===", "1", "2", "3", "   ===", "4", "5"};
+    const LineViews tail{"   ===", "   ===", "1", "2", "3", "   ===", "4", "5"};
     EXPECT_EQ(FaultOf([&] { SplitResultView(tail, 1, false); }), 0);
     // An empty line of the table is a line of it.
-    const Lines empty{"   ===", "   ===", "1", "2", "3", ""};
+    const LineViews empty{"   ===", "   ===", "1", "2", "3", ""};
     EXPECT_EQ(FaultOf([&] { SplitResultView(empty, 1, false); }), 9);
 }
 
@@ -143,34 +143,34 @@ TEST(SplitResultView, ACountThatLeavesSixteenBitsOrTheBoundsIsAFault) {
 
 TEST(SplitResultView, OnlySixExactCharactersAreAMarker) {
     std::string copied;
-    Lines report;
+    LineViews report;
     for (const char* line : {"  ===", " ===", "    ===", "   ==", "\t===", "   = ==", "   <ZIRVO Ver2.3>"}) {
         // Three times, since the second marker would be the first to show.
         report.insert(report.end(), 3, line);
         copied += Times(3, std::string(line) + "\r\n");
     }
     EXPECT_EQ(SplitResultView(report, -2, false), copied + Times(5, "\r\n"));
-    const Lines longer{"   ====", "   ===x", "table"};
+    const LineViews longer{"   ====", "   ===x", "table"};
     EXPECT_EQ(SplitResultView(longer, -1, false), "   ====\r\n\r\n   ===x\r\n\r\n" + Times(5, "table\r\n\r\n"));
 }
 
 TEST(SplitResultView, WithFewerThanTwoMarkersTheWholeFileIsFollowedByFiveBlankTables) {
-    const Lines none{"a", "b"};
+    const LineViews none{"a", "b"};
     EXPECT_EQ(SplitResultView(none, 1, false), "a\r\nb\r\n" + Times(5, "\r\n\r\n\r\n\r\n"));
-    const Lines one{"a", "   ===", "b"};
+    const LineViews one{"a", "   ===", "b"};
     EXPECT_EQ(SplitResultView(one, 1, true), "a\r\n   ===\r\nb\r\n" + Times(5, "\r\n\r\n\r\n\r\n"));
     EXPECT_EQ(SplitResultView({}, 0, true), Times(5, "\r\n\r\n\r\n"));
 }
 
 TEST(SplitResultView, TheThirdMarkerAndEverythingBehindItVanish) {
-    const Lines report{"   ===", "   ===", "x", "   ===", "y", "   ===", "z"};
+    const LineViews report{"   ===", "   ===", "x", "   ===", "y", "   ===", "z"};
     EXPECT_EQ(SplitResultView(report, -1, false), "   ===\r\n\r\n   ===\r\n\r\n" + Times(5, "x\r\n\r\n"));
 }
 
 TEST(SplitResultView, TenThousandPointsAreRebuiltWholly) {
     std::vector<std::string> rows(10002, TableLine());
     rows[10001] = TableLine("uvwxyz");
-    Lines report{"   ===", "   ==="};
+    LineViews report{"   ===", "   ==="};
     report.insert(report.end(), rows.begin(), rows.end());
     const std::string view = SplitResultView(report, 10000, false);
     // Two marker lines with 6 and 8 bytes of line ends and text, then 5 tables of 10002 lines of 66 + 2 bytes and an

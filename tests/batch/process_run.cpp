@@ -24,6 +24,8 @@ void Require(bool done, const char* what) {
     }
 }
 
+}  // namespace
+
 /// A terminal with nobody in front of it.
 class Terminal {
 public:
@@ -55,6 +57,8 @@ private:
     int master_;
     int slave_ = -1;
 };
+
+namespace {
 
 /// The rest of the child: it never comes back.
 [[noreturn]] void Become(std::vector<std::string> arguments, const Surroundings& surroundings, int output, int errors) {

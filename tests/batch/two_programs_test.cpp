@@ -20,7 +20,7 @@ using Arguments = std::vector<std::string>;
 constexpr const char* LockName = ".zirvo-lock";
 constexpr const char* Waiting = "another zirvo computes in this folder; waiting for its end\n";
 
-Arguments Analyze(const std::string& file) {
+Arguments ToAnalyze(const std::string& file) {
     return {"analyze", file, "--units", "3", "--language", "en"};
 }
 
@@ -43,7 +43,7 @@ TEST_F(TwoPrograms, TheSecondWaitsUntilTheFolderIsFree) {
     bool held = false;
     std::unique_ptr<FileLock> first = FileLock::OfAnyFile(Folder.Path(LockName), held);
     ASSERT_NE(first, nullptr);
-    RunningProcess second(Analyze("road.eva"), Here());
+    RunningProcess second(ToAnalyze("road.eva"), Here());
     WaitUntilItWaits(second);
     EXPECT_EQ(Folder.Names(), (Arguments{LockName, "road.eva"})) << "nothing is written meanwhile";
     EXPECT_FALSE(second.HasEnded());
@@ -58,7 +58,7 @@ TEST_F(TwoPrograms, OneThatWaitsCanBeInterrupted) {
     Folder.PutSample("road.eva");
     bool held = false;
     const std::unique_ptr<FileLock> first = FileLock::OfAnyFile(Folder.Path(LockName), held);
-    RunningProcess second(Analyze("road.eva"), Here());
+    RunningProcess second(ToAnalyze("road.eva"), Here());
     WaitUntilItWaits(second);
     second.Send(SIGINT);
     EXPECT_EQ(second.Wait().Code, 130);
@@ -71,13 +71,13 @@ TEST_F(TwoPrograms, ManyAtOnceGiveTheReportsOfEachAlone) {
     std::vector<std::string> alone;
     for (const std::string& name : names) {
         Folder.PutSample(name + ".eva");
-        ASSERT_EQ(RunProcess(Analyze(name + ".eva"), Here()).Code, 0);
+        ASSERT_EQ(RunProcess(ToAnalyze(name + ".eva"), Here()).Code, 0);
         alone.push_back(Folder.Get(name + ".bre") + Folder.Get(name + ".san") + Folder.Get(name + "_bre.csv"));
     }
     for (int round = 0; round < Rounds; ++round) {
         std::vector<std::unique_ptr<RunningProcess>> processes;
         for (const std::string& name : names) {
-            processes.push_back(std::make_unique<RunningProcess>(Analyze(name + ".eva"), Here()));
+            processes.push_back(std::make_unique<RunningProcess>(ToAnalyze(name + ".eva"), Here()));
         }
         for (std::size_t i = 0; i < names.size(); ++i) {
             const Outcome outcome = processes[i]->Wait();
@@ -104,13 +104,13 @@ TEST_F(TwoPrograms, TheFolderIsBusyUntilTheSolverOfAKilledProgramHasEnded) {
     ASSERT_EQ(mkfifo(programs.Path("go").c_str(), 0600), 0);
     programs.Put("ZIRVO_SV12.EXE", "#!/bin/sh\n: > works\nread line < " + programs.Path("go") + "\n");
     chmod(programs.Path("ZIRVO_SV12.EXE").c_str(), 0755);
-    RunningProcess first(Analyze("road.eva"), Here(programs.Path("zirvo-batch")));
+    RunningProcess first(ToAnalyze("road.eva"), Here(programs.Path("zirvo-batch")));
     while (!first.HasEnded() && !Folder.Has("works")) {
         std::this_thread::yield();
     }
     first.Send(SIGKILL);
     EXPECT_EQ(first.Wait().Code, 128 + SIGKILL);
-    RunningProcess second(Analyze("road.eva"), Here());
+    RunningProcess second(ToAnalyze("road.eva"), Here());
     WaitUntilItWaits(second);
     EXPECT_FALSE(second.HasEnded());
     EXPECT_FALSE(Folder.Has("road.bre"));
@@ -127,7 +127,7 @@ TEST_F(TwoPrograms, TheFolderIsBusyUntilTheSolverOfAKilledProgramHasEnded) {
 TEST_F(TwoPrograms, ALockThatAKilledProgramHasLeftIsNoHindrance) {
     Folder.PutSample("road.eva");
     Folder.Put(LockName, "");
-    const Outcome outcome = RunProcess(Analyze("road.eva"), Here());
+    const Outcome outcome = RunProcess(ToAnalyze("road.eva"), Here());
     EXPECT_EQ(outcome.Code, 0);
     EXPECT_EQ(outcome.Err, "");
     EXPECT_FALSE(Folder.Has(LockName));

@@ -67,7 +67,7 @@ PlotCommand Line(double x1, double y1, double x2, double y2, Color color) {
 }
 
 constexpr Color Green{0, 255, 0};
-constexpr Color Blue{0, 0, 255};
+constexpr Color LowestBlue{0, 0, 255};
 
 // d = x on the cell: corners 0, 2, 2, 0, centre 1 at (1, 1). Levels -3, 0.5, 4: at 0.5 the heights are -0.5, 1.5, 1.5,
 // -0.5, centre 0.5. m = 1: signs -, +, +: case 9, S(m3, m1) on the lower edge at x 0.5, S(m1, m2) half way to the
@@ -117,7 +117,7 @@ TEST(Conrec, ALevelThroughTwoOppositeCornersRunsAlongTriangleSides) {
 // Corners 0, 0, 4, 4 at the level 0: centre 2. m = 1 (0 + 0): case 3, m3 to m1, the lower edge; nothing else: m = 2 is
 // (0 + +): 0, m = 3 is (+ + +), m = 4 is (+ + 0): 0.
 TEST(Conrec, AnEdgeOnTheLevelIsCaseThree) {
-    const std::vector<PlotCommand> expected{Line(2, 0, 0, 0, Blue)};
+    const std::vector<PlotCommand> expected{Line(2, 0, 0, 0, LowestBlue)};
     EXPECT_EQ(Trace(CellOf(0, 0, 4, 4), 0, 8, 2), expected);
 }
 

@@ -4,19 +4,12 @@
 #include <gtest/gtest.h>
 
 #include "base/fault_of.h"
+#include "contour/positions.h"
 #include "contour/recording_surface.h"
 #include "contour/refinement.h"
 
 namespace zirvo {
 namespace {
-
-std::vector<FixedPoint4> Positions(const std::vector<double>& values) {
-    std::vector<FixedPoint4> grid{FixedPoint4()};
-    for (const double value : values) {
-        grid.push_back(FixedPoint4::FromDouble(value));
-    }
-    return grid;
-}
 
 /// Nodes at x 0, 10, 20 and y 0, 40; the value is 100 x + y.
 ContourMap MapXY() {

@@ -4,17 +4,10 @@
 #include <gtest/gtest.h>
 
 #include "base/fault_of.h"
+#include "contour/positions.h"
 
 namespace zirvo {
 namespace {
-
-std::vector<FixedPoint4> Positions(const std::vector<double>& values) {
-    std::vector<FixedPoint4> grid{FixedPoint4()};
-    for (const double value : values) {
-        grid.push_back(FixedPoint4::FromDouble(value));
-    }
-    return grid;
-}
 
 TEST(BuildFineAxis, CutsEachIntervalIntoTenWhateverItsWidth) {
     const auto axis = BuildFineAxis(Positions({-35, -31.6667, 10}));

@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "desktop/desktop_session.h"
 
@@ -59,10 +58,6 @@ protected:
     }
     fs::path Folder() const { return session_.WorkFolder(); }
     fs::path Remembered() const { return Folder().parent_path() / ".config" / "zirvo" / "screens.ini"; }
-    std::string BytesOf(const fs::path& file) const {
-        std::ifstream in(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
     void SaveAs(const std::string& name) {
         session_.Click("Form6", "Command7");
         session_.GivePath("FileDialog", (Folder() / name).string());

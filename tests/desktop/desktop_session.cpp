@@ -38,6 +38,11 @@ std::filesystem::path NewFolder() {
 
 }  // namespace
 
+std::string BytesOf(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
 DesktopSession::DesktopSession(QSize screen)
     : folder_(NewFolder()), home_(folder_), programs_(folder_ / "bin"), work_(folder_ / "work") {
     const char* path = std::getenv("PATH");

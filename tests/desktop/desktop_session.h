@@ -15,6 +15,9 @@
 
 namespace zirvo::window_tests {
 
+/// What stands in a file; "" where there is none.
+std::string BytesOf(const std::filesystem::path& file);
+
 /// Waiting too long for anything throws, which fails the test; the screen of that moment is then saved as a picture
 /// beside the test programs.
 class DesktopSession {

@@ -3,7 +3,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "desktop/desktop_session.h"
 
@@ -70,11 +69,6 @@ TEST(FirstScreens, EscapeClosesTheVersionScreenInBothLanguages) {
         session.Click("Form1", "Command1");
         EXPECT_EQ(session.WaitForExit(), 0);
     }
-}
-
-std::string BytesOf(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 TEST(FirstScreens, FolderUnitsAndObjectiveAreKeptFromRunToRun) {

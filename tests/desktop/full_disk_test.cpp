@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "desktop/desktop_session.h"
 #include "platform/small_disk.h"
@@ -48,10 +47,6 @@ protected:
         EXPECT_EQ(session_.WaitForExit(), 1);
     }
     fs::path Folder() const { return session_.WorkFolder() / "small"; }
-    static std::string BytesOf(const fs::path& file) {
-        std::ifstream in(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
 
     DesktopSession session_;
     test::SmallDisk disk_{Folder(), 256};

@@ -5,17 +5,11 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "desktop/desktop_session.h"
 
 namespace zirvo::window_tests {
 namespace {
-
-std::string BytesOf(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 class GraphicsRoad : public testing::Test {
 protected:

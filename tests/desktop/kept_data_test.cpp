@@ -2,8 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <optional>
 
 #include "desktop/desktop_session.h"
@@ -61,10 +59,6 @@ protected:
             const std::optional<KeptScreen> kept = Kept(form);
             return kept && kept->Tables[1].Rows() == 1 && kept->Tables[1].Cells.back() == "0";
         });
-    }
-    static std::string BytesOf(const fs::path& file) {
-        std::ifstream in(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
     }
     std::string Saved(const char* name) const { return BytesOf(session_.WorkFolder() / name); }
     /// The user quits a screen on which nothing is asked.

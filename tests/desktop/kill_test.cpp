@@ -37,8 +37,8 @@ using std::chrono::milliseconds;
 constexpr unsigned FirstSeed = 20260117;
 constexpr int Lanes = 4;
 constexpr int KillsOfALane = 25;
-constexpr int Loads = 5;
-constexpr int Cells = Loads * 6;
+constexpr int LoadCount = 5;
+constexpr int Cells = LoadCount * 6;
 constexpr int DigitsOfACell = 3;
 constexpr auto OldestLoss = milliseconds(2000);
 
@@ -89,12 +89,12 @@ private:
         session_.Key("Tab");
         session_.Key("Up");
         session_.Key("Tab");
-        for (int i = 0; i < Loads; ++i) {
+        for (int i = 0; i < LoadCount; ++i) {
             session_.Key("Up");
         }
         session_.WaitFor("the counts to be kept", [&] {
             const std::optional<KeptScreen> kept = Kept();
-            return kept && kept->Counts == std::vector<int>{1, Loads, 0};
+            return kept && kept->Counts == std::vector<int>{1, LoadCount, 0};
         });
         shown_.assign(Cells, "");
     }
@@ -178,7 +178,7 @@ private:
         }
         KeptFolder next(KeptFolderPath().string());
         const auto offer = next.Newest("Form3", [](const KeptScreen&) { return true; });
-        if (!offer || offer->Data.Counts != std::vector<int>{1, Loads, 0}) {
+        if (!offer || offer->Data.Counts != std::vector<int>{1, LoadCount, 0}) {
             throw std::runtime_error(Where() + ": nothing would be offered");
         }
         std::vector<std::string> cells = offer->Data.Tables[1].Cells;

@@ -30,7 +30,7 @@ using Arguments = std::vector<std::string>;
 using Files = std::map<std::string, std::string>;
 using Clock = std::chrono::steady_clock;
 
-constexpr const char* Old = "old\r\n";
+constexpr const char* OldBytes = "old\r\n";
 constexpr const char* Aside = "ZIRVO_SV.TMP";
 constexpr int ExitOfKilled = 128 + SIGKILL;
 
@@ -39,7 +39,7 @@ int KillsOfEach() {
     return std::max(asked == nullptr ? 40 : std::atoi(asked), 2);
 }
 
-struct Work {
+struct KilledWork {
     std::string Program;
     Arguments Line;
     Files Input;
@@ -58,7 +58,7 @@ protected:
 
     static bool IsReport(const std::string& name) { return name.ends_with(".bre") || name.ends_with(".san"); }
 
-    void Prepare(const Work& work) const {
+    void Prepare(const KilledWork& work) const {
         WaitForOrphans();
         for (const WorkFolder* folder : {&Folder, &Temporary}) {
             for (const std::string& name : folder->Names()) {
@@ -69,18 +69,18 @@ protected:
             Folder.Put(name, bytes);
         }
         for (const std::string& name : work.Results) {
-            Folder.Put(name, Old);
+            Folder.Put(name, OldBytes);
         }
     }
 
-    Surroundings Here(const Work& work) const {
+    Surroundings Here(const KilledWork& work) const {
         return {.Program = ZIRVO_BIN "/" + work.Program,
                 .Folder = Folder.Path(),
                 .Variables = {{"TMPDIR", Temporary.Path()}}};
     }
 
     /// Before the call of that number. False if there are not so many.
-    bool KillAtCall(const Work& work, int number) const {
+    bool KillAtCall(const KilledWork& work, int number) const {
         Surroundings surroundings = Here(work);
         for (const auto& variable : FailingCallOf(work.Program.substr(0, 15), {Folder.Path(), Temporary.Path()}, number,
                                                   Trouble::Killed, Logs.Path("killed"))) {
@@ -89,7 +89,7 @@ protected:
         return RunProcess(work.Line, surroundings).Code == ExitOfKilled;
     }
 
-    void KillAtMoment(const Work& work, Clock::duration moment) const {
+    void KillAtMoment(const KilledWork& work, Clock::duration moment) const {
         const RunningProcess process(work.Line, Here(work));
         for (const auto then = Clock::now() + moment; Clock::now() < then;) {
             std::this_thread::yield();
@@ -103,7 +103,7 @@ protected:
         }
     }
 
-    void CheckWhatIsLeft(const Work& work) const {
+    void CheckWhatIsLeft(const KilledWork& work) const {
         for (const auto& [name, bytes] : work.Input) {
             EXPECT_EQ(Folder.Get(name), bytes) << name;
         }
@@ -119,13 +119,13 @@ protected:
 
     bool IsWhole(const std::string& name, const std::string& found) const {
         const std::string& whole = Whole.at(name);
-        return found == Old || found == whole ||
+        return found == OldBytes || found == whole ||
                (IsReport(name) && (found == "<missing>" || found == Unstamped(whole)));
     }
 
     static std::string Unstamped(const std::string& report) { return report.substr(report.find('\n') + 1); }
 
-    void CheckTheNextRun(const Work& work) const {
+    void CheckTheNextRun(const KilledWork& work) const {
         if (Folder.Has(Aside)) {
             const Outcome refused = RunProcess(work.Line, Here(work));
             EXPECT_EQ(refused.Code, 1);
@@ -147,14 +147,14 @@ protected:
         }
     }
 
-    void Check(const Work& work, const std::string& when) const {
+    void Check(const KilledWork& work, const std::string& when) const {
         const testing::ScopedTrace trace(__FILE__, __LINE__, when);
         WaitForOrphans();
         CheckWhatIsLeft(work);
         CheckTheNextRun(work);
     }
 
-    void KillOverAndOver(const Work& work) {
+    void KillOverAndOver(const KilledWork& work) {
         Prepare(work);
         const Clock::time_point start = Clock::now();
         ASSERT_EQ(RunProcess(work.Line, Here(work)).Code, 0);

@@ -16,7 +16,7 @@ namespace {
     throw RuntimeFault(fault::Overflow);
 }
 
-struct ButtonForm : PlainForm {
+struct OneButtonForm : PlainForm {
     using PlainForm::PlainForm;
     CommandButton Command1{*this, "Command1"};
     TextBox Text1{*this, "Text1"};
@@ -98,8 +98,8 @@ TEST_F(Dispatch, AnInnerOneLetsTheFaultTravelToTheTrapAroundIt) {
 }
 
 TEST_F(Dispatch, AnEventOfTheProgramsOwnWriteLetsTheFaultTravelToTheTrapAroundIt) {
-    app.Register("Buttons", [](Application& a) { return std::make_unique<ButtonForm>(a, "Buttons"); });
-    auto& form = dynamic_cast<ButtonForm&>(app.Load("Buttons"));
+    app.Register("Buttons", [](Application& a) { return std::make_unique<OneButtonForm>(a, "Buttons"); });
+    auto& form = dynamic_cast<OneButtonForm&>(app.Load("Buttons"));
     form.Label1.Change = Overflow;
     form.Command1.Click = Overflow;
     int trapped = 0;
@@ -135,9 +135,9 @@ TEST_F(Dispatch, WhileTheFaultBoxStandsAHandlerRuns) {
 }
 
 TEST_F(Dispatch, NothingRunsOnceTheProgramHasEnded) {
-    app.Register("Buttons", [](Application& a) { return std::make_unique<ButtonForm>(a, "Buttons"); });
+    app.Register("Buttons", [](Application& a) { return std::make_unique<OneButtonForm>(a, "Buttons"); });
     app.Show("Buttons");
-    auto& form = dynamic_cast<ButtonForm&>(app.Load("Buttons"));
+    auto& form = dynamic_cast<OneButtonForm&>(app.Load("Buttons"));
     form.NoteFocus(form.Text1);
     form.Command1.Click = [&] {
         form.Text1.SetFocus();  // its GotFocus waits, and is dropped
@@ -164,9 +164,9 @@ TEST_F(Dispatch, TheProgramEndsOnce) {
 }
 
 TEST_F(Dispatch, AFaultInAnEventThatWaitedIsCaughtToo) {
-    app.Register("Buttons", [](Application& a) { return std::make_unique<ButtonForm>(a, "Buttons"); });
+    app.Register("Buttons", [](Application& a) { return std::make_unique<OneButtonForm>(a, "Buttons"); });
     app.Show("Buttons");
-    auto& form = dynamic_cast<ButtonForm&>(app.Load("Buttons"));
+    auto& form = dynamic_cast<OneButtonForm&>(app.Load("Buttons"));
     form.Text1.GotFocus = Overflow;
     app.Dispatch([&] { form.Text1.SetFocus(); });
     EXPECT_EQ(desktop.BoxHeads(), Lines{"Run-time error '6':\n\nOverflow"});

@@ -6,11 +6,11 @@
 namespace zirvo::forms {
 namespace {
 
-struct BarForm : PlainForm {
+struct PointsForm : PlainForm {
     TextBox Text1{*this, "Text1"};
     VScrollBar Points{*this, "Points"};
 
-    explicit BarForm(forms::Application& application) : PlainForm(application) {
+    explicit PointsForm(forms::Application& application) : PlainForm(application) {
         Points.Max = 0;
         Points.Min = 10000;
         Points.Change = [this] { Note("change " + std::to_string(Points.Value)); };
@@ -18,8 +18,8 @@ struct BarForm : PlainForm {
 };
 
 struct NumberOnABar : testing::Test {
-    Screen<BarForm> screen;
-    BarForm& form = screen.form;
+    Screen<PointsForm> screen;
+    PointsForm& form = screen.form;
     VScrollBar& bar = form.Points;
 
     void SetUp() override {

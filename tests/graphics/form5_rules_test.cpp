@@ -12,7 +12,7 @@ using test::English;
 using test::Screens;
 using Texts = std::vector<std::string>;
 
-struct Refusal {
+struct SpoiltData {
     const char* What;
     std::function<void(Form5&)> Spoil;
     Int16 Message;  ///< 0: the data pass
@@ -22,7 +22,7 @@ TEST(Form5, DataOkAppliesItsRulesInTheirOrder) {
     const auto cell = [](int grid, int row, int col, const char* text) {
         return [=](Form5& form) { (grid == 1 ? form.MSFlexGrid1 : form.MSFlexGrid2).SetTextMatrix(row, col, text); };
     };
-    const std::vector<Refusal> rows{
+    const std::vector<SpoiltData> rows{
         {"as it is", [](Form5&) {}, 0},
         {"no layers", [](Form5& f) { f.VScroll1.Value = 0; }, 58},
         {"no loads", [](Form5& f) { f.VScroll2.Value = 0; }, 58},
@@ -77,7 +77,7 @@ TEST(Form5, DataOkAppliesItsRulesInTheirOrder) {
          },
          59},
     };
-    for (const Refusal& row : rows) {
+    for (const SpoiltData& row : rows) {
         Screens screens;
         screens.ShowData();
         Form5& form = screens.Data();

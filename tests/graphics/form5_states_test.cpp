@@ -24,7 +24,7 @@ void Import(Screens& screens, Answer update, const std::string& bytes = test::Ex
     screens.Desktop.Answers.clear();
 }
 
-struct State {
+struct DataScreenState {
     const char* Name;
     std::function<void(Screens&)> Reach;
     const char* Enabled;
@@ -32,132 +32,137 @@ struct State {
     const char* Counts;  ///< captions of Label4 and Label5
 };
 
-void PrintTo(const State& state, std::ostream* out) {
+void PrintTo(const DataScreenState& state, std::ostream* out) {
     *out << state.Name;
 }
 
 constexpr const char* IdleEnabled = "Option1 Option2";
 
-const std::array States{
-    State{"Idle", [](Screens&) {}, IdleEnabled, "Option1", "0|0"},
-    State{"New", [](Screens& s) { s.Data().Option1.UserClick(); },
-          "Option1 Option2 VScroll1 VScroll2 Text3 Command4 Command5", "Option1", "0|0"},
-    State{"NewWithLayers",
-          [](Screens& s) {
-              s.Data().Option1.UserClick();
-              s.Data().VScroll1.UserStepToMin();
-              s.Data().VScroll1.UserStepToMin();
-          },
-          "Option1 Option2 VScroll1 VScroll2 MSFlexGrid1 Text3 Command4 Command5", "VScroll1", " 2|0"},
-    State{"NewFilled", [](Screens& s) { s.EnterExample(); },
-          "Option1 Option2 VScroll1 VScroll2 MSFlexGrid1 MSFlexGrid2 Text3 Command4 Command5", "Option1", " 2| 1"},
-    State{"ImportPending", [](Screens& s) { s.Data().Option2.UserClick(); }, "Option1 Option2 Command1 Command4",
-          "Command1", "0|0"},
-    State{"ImportedViewOnly", [](Screens& s) { Import(s, Answer::No); }, "Command4 Command7", "Command7", " 2| 1"},
-    State{"ImportedUpdate", [](Screens& s) { Import(s, Answer::Yes); },
-          "VScroll1 VScroll2 MSFlexGrid1 MSFlexGrid2 Text3 Command4 Command5", "Command5", " 2| 1"},
-    State{"Checked",
-          [](Screens& s) {
-              s.EnterExample();
-              s.Data().Command5.UserClick();
-          },
-          "Command4 Command6", "Command6", " 2| 1"},
-    State{"Saved",
-          [](Screens& s) {
-              s.EnterExample();
-              s.Data().Command5.UserClick();
-              s.Data().Command6.UserClick();
-          },
-          "Command4 Command7", "Command7", " 2| 1"},
-    State{"NotOverwritten",
-          [](Screens& s) {
-              s.EnterExample();
-              PutFile("Untitled.ven", "mine");
-              s.Data().Command5.UserClick();
-              s.Desktop.Answers = {Answer::No};
-              s.Data().Command6.UserClick();
-          },
-          // Boxes, bars and grids stay disabled: only DATA OK! leads to the same question again.
-          "Command4 Command5", "Command5", " 2| 1"},
-    State{"ClearedFromNew",
-          [](Screens& s) {
-              s.Data().Option1.UserClick();
-              s.Data().Command4.UserClick();
-          },
-          IdleEnabled, "Command8", "0|0"},
-    State{"ClearedFromFilled",
-          [](Screens& s) {
-              s.EnterExample();
-              s.Data().Command4.UserClick();
-          },
-          // The counts have enabled the grids, which have no rows; the bars that were not 0 wrote their count again.
-          "Option1 Option2 MSFlexGrid1 MSFlexGrid2", "Command8", " 0| 0"},
-    State{"ClearedFromSaved",
-          [](Screens& s) {
-              s.EnterExample();
-              s.GoToMap();
-              s.Desktop.Answers = {Answer::No};
-              s.Map().Command2.UserClick();
-              s.Data().Command4.UserClick();
-          },
-          "Option1 Option2 MSFlexGrid1 MSFlexGrid2", "Command8", " 0| 0"},
-    State{"NewAfterClear",
-          [](Screens& s) {
-              s.EnterExample();
-              s.Data().Command4.UserClick();
-              s.Data().Option1.UserClick();
-          },
-          // "0" where " 0" stood is a change, so the grids are enabled before any count has changed.
-          "Option1 Option2 VScroll1 VScroll2 MSFlexGrid1 MSFlexGrid2 Text3 Command4 Command5", "Option1", "0|0"},
-    State{"NewAfterImportPending",
-          [](Screens& s) {
-              s.Data().Option2.UserClick();
-              s.Data().Option1.UserClick();
-          },
-          // "0" over "0" is no change, so the grids stay as the import has left them.
-          "Option1 Option2 VScroll1 VScroll2 Text3 Command4 Command5", "Option1", "0|0"},
-    State{"NewTwice",
-          [](Screens& s) {
-              s.EnterExample();
-              s.Data().Option1.UserClick();
-          },
-          "Option1 Option2 VScroll1 VScroll2 MSFlexGrid1 MSFlexGrid2 Text3 Command4 Command5", "Option1", "0|0"},
-    State{"ImportAfterNew",
-          [](Screens& s) {
-              s.EnterExample();
-              s.Data().Option2.UserClick();
-          },
-          "Option1 Option2 Command1 Command4", "Command1", "0|0"},
-    State{"BackWithUpdate",
-          [](Screens& s) {
-              s.EnterExample();
-              s.GoToMap();
-              s.Desktop.Answers = {Answer::Yes};
-              s.Map().Command2.UserClick();
-          },
-          "VScroll1 VScroll2 MSFlexGrid1 MSFlexGrid2 Text3 Command4 Command5", "Command8", " 2| 1"},
-    State{"BackAsItWas",
-          [](Screens& s) {
-              s.EnterExample();
-              s.GoToMap();
-              s.Desktop.Answers = {Answer::No};
-              s.Map().Command2.UserClick();
-          },
-          "Command4 Command7", "Command7", " 2| 1"},
-    State{"BackViewOnly",
-          [](Screens& s) {
-              Import(s, Answer::No);
-              s.Data().Command7.UserClick();
-              s.Desktop.Answers = {Answer::No};
-              s.Map().Command2.UserClick();
-          },
-          "Command4 Command7", "Command7", " 2| 1"},
+const std::array DataScreenStates{
+    DataScreenState{"Idle", [](Screens&) {}, IdleEnabled, "Option1", "0|0"},
+    DataScreenState{"New", [](Screens& s) { s.Data().Option1.UserClick(); },
+                    "Option1 Option2 VScroll1 VScroll2 Text3 Command4 Command5", "Option1", "0|0"},
+    DataScreenState{"NewWithLayers",
+                    [](Screens& s) {
+                        s.Data().Option1.UserClick();
+                        s.Data().VScroll1.UserStepToMin();
+                        s.Data().VScroll1.UserStepToMin();
+                    },
+                    "Option1 Option2 VScroll1 VScroll2 MSFlexGrid1 Text3 Command4 Command5", "VScroll1", " 2|0"},
+    DataScreenState{"NewFilled", [](Screens& s) { s.EnterExample(); },
+                    "Option1 Option2 VScroll1 VScroll2 MSFlexGrid1 MSFlexGrid2 Text3 Command4 Command5", "Option1",
+                    " 2| 1"},
+    DataScreenState{"ImportPending", [](Screens& s) { s.Data().Option2.UserClick(); },
+                    "Option1 Option2 Command1 Command4", "Command1", "0|0"},
+    DataScreenState{"ImportedViewOnly", [](Screens& s) { Import(s, Answer::No); }, "Command4 Command7", "Command7",
+                    " 2| 1"},
+    DataScreenState{"ImportedUpdate", [](Screens& s) { Import(s, Answer::Yes); },
+                    "VScroll1 VScroll2 MSFlexGrid1 MSFlexGrid2 Text3 Command4 Command5", "Command5", " 2| 1"},
+    DataScreenState{"Checked",
+                    [](Screens& s) {
+                        s.EnterExample();
+                        s.Data().Command5.UserClick();
+                    },
+                    "Command4 Command6", "Command6", " 2| 1"},
+    DataScreenState{"Saved",
+                    [](Screens& s) {
+                        s.EnterExample();
+                        s.Data().Command5.UserClick();
+                        s.Data().Command6.UserClick();
+                    },
+                    "Command4 Command7", "Command7", " 2| 1"},
+    DataScreenState{"NotOverwritten",
+                    [](Screens& s) {
+                        s.EnterExample();
+                        PutFile("Untitled.ven", "mine");
+                        s.Data().Command5.UserClick();
+                        s.Desktop.Answers = {Answer::No};
+                        s.Data().Command6.UserClick();
+                    },
+                    // Boxes, bars and grids stay disabled: only DATA OK! leads to the same question again.
+                    "Command4 Command5", "Command5", " 2| 1"},
+    DataScreenState{"ClearedFromNew",
+                    [](Screens& s) {
+                        s.Data().Option1.UserClick();
+                        s.Data().Command4.UserClick();
+                    },
+                    IdleEnabled, "Command8", "0|0"},
+    DataScreenState{
+        "ClearedFromFilled",
+        [](Screens& s) {
+            s.EnterExample();
+            s.Data().Command4.UserClick();
+        },
+        // The counts have enabled the grids, which have no rows; the bars that were not 0 wrote their count again.
+        "Option1 Option2 MSFlexGrid1 MSFlexGrid2", "Command8", " 0| 0"},
+    DataScreenState{"ClearedFromSaved",
+                    [](Screens& s) {
+                        s.EnterExample();
+                        s.GoToMap();
+                        s.Desktop.Answers = {Answer::No};
+                        s.Map().Command2.UserClick();
+                        s.Data().Command4.UserClick();
+                    },
+                    "Option1 Option2 MSFlexGrid1 MSFlexGrid2", "Command8", " 0| 0"},
+    DataScreenState{"NewAfterClear",
+                    [](Screens& s) {
+                        s.EnterExample();
+                        s.Data().Command4.UserClick();
+                        s.Data().Option1.UserClick();
+                    },
+                    // "0" where " 0" stood is a change, so the grids are enabled before any count has changed.
+                    "Option1 Option2 VScroll1 VScroll2 MSFlexGrid1 MSFlexGrid2 Text3 Command4 Command5", "Option1",
+                    "0|0"},
+    DataScreenState{"NewAfterImportPending",
+                    [](Screens& s) {
+                        s.Data().Option2.UserClick();
+                        s.Data().Option1.UserClick();
+                    },
+                    // "0" over "0" is no change, so the grids stay as the import has left them.
+                    "Option1 Option2 VScroll1 VScroll2 Text3 Command4 Command5", "Option1", "0|0"},
+    DataScreenState{"NewTwice",
+                    [](Screens& s) {
+                        s.EnterExample();
+                        s.Data().Option1.UserClick();
+                    },
+                    "Option1 Option2 VScroll1 VScroll2 MSFlexGrid1 MSFlexGrid2 Text3 Command4 Command5", "Option1",
+                    "0|0"},
+    DataScreenState{"ImportAfterNew",
+                    [](Screens& s) {
+                        s.EnterExample();
+                        s.Data().Option2.UserClick();
+                    },
+                    "Option1 Option2 Command1 Command4", "Command1", "0|0"},
+    DataScreenState{"BackWithUpdate",
+                    [](Screens& s) {
+                        s.EnterExample();
+                        s.GoToMap();
+                        s.Desktop.Answers = {Answer::Yes};
+                        s.Map().Command2.UserClick();
+                    },
+                    "VScroll1 VScroll2 MSFlexGrid1 MSFlexGrid2 Text3 Command4 Command5", "Command8", " 2| 1"},
+    DataScreenState{"BackAsItWas",
+                    [](Screens& s) {
+                        s.EnterExample();
+                        s.GoToMap();
+                        s.Desktop.Answers = {Answer::No};
+                        s.Map().Command2.UserClick();
+                    },
+                    "Command4 Command7", "Command7", " 2| 1"},
+    DataScreenState{"BackViewOnly",
+                    [](Screens& s) {
+                        Import(s, Answer::No);
+                        s.Data().Command7.UserClick();
+                        s.Desktop.Answers = {Answer::No};
+                        s.Map().Command2.UserClick();
+                    },
+                    "Command4 Command7", "Command7", " 2| 1"},
 };
 
-class Form5State : public testing::TestWithParam<State> {};
+class Form5State : public testing::TestWithParam<DataScreenState> {};
 
 TEST_P(Form5State, EnablesAndFocusesWhatItsRowSays) {
-    const State& state = GetParam();
+    const DataScreenState& state = GetParam();
     Screens screens;
     screens.ShowData();
     Form5& form = screens.Data();
@@ -168,8 +173,8 @@ TEST_P(Form5State, EnablesAndFocusesWhatItsRowSays) {
     EXPECT_TRUE(form.Command3.Enabled && form.Command8.Enabled && form.Command9.Enabled);
 }
 
-INSTANTIATE_TEST_SUITE_P(Form5, Form5State, testing::ValuesIn(States),
-                         [](const testing::TestParamInfo<State>& row) { return row.param.Name; });
+INSTANTIATE_TEST_SUITE_P(Form5, Form5State, testing::ValuesIn(DataScreenStates),
+                         [](const testing::TestParamInfo<DataScreenState>& row) { return row.param.Name; });
 
 TEST(Form5, TheWayBackWithNoDisablesGridsAndNameWhateverTheyWere) {
     Screens screens;

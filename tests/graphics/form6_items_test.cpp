@@ -11,13 +11,14 @@ namespace zirvo {
 namespace {
 
 using test::Screens;
+using test::Ticks;
 using Texts = std::vector<std::string>;
 
 const Texts TheMessage{"ZIRVO Ver2.3|ANALYTICAL RESULTS (ON) -> ANALYTICAL POINTS (ON) AND LEGEND (OFF)"};
 
 /// A map of the example at the surface, on the screen of a test.
-struct MapScreen : Screens {
-    explicit MapScreen(const test::ScreenOptions& options = {}) : Screens(options), Form(OpenMap()) {
+struct ItemsScreen : Screens {
+    explicit ItemsScreen(const test::ScreenOptions& options = {}) : Screens(options), Form(OpenMap()) {
         Choose(1, SectionKind::XY, "0");
         Start();
         Desktop.Forget();
@@ -25,17 +26,9 @@ struct MapScreen : Screens {
     Form6& Form;
 };
 
-std::string Ticks(const Form6& form) {
-    std::string ticks;
-    for (int i = 0; i < Form6::DisplayItemCount; ++i) {
-        ticks += form.Check1(i).Value ? 'x' : '-';
-    }
-    return ticks;
-}
-
 // All 32 rows of ticks, each reached by a click on each of its boxes: by hand from the rule.
 TEST(DisplayItems, EveryClickFollowsTheRule) {
-    MapScreen screens;
+    ItemsScreen screens;
     Form6& form = screens.Form;
     for (int mask = 0; mask < 32; ++mask) {
         for (int clicked = 0; clicked < 5; ++clicked) {
@@ -73,7 +66,7 @@ TEST(DisplayItems, EveryClickFollowsTheRule) {
 }
 
 TEST(DisplayItems, ResultsComeWithPointsAndWithoutTheLegendAndTheUserIsToldOnce) {
-    MapScreen screens;
+    ItemsScreen screens;
     Form6& form = screens.Form;
     std::string atTheMessage;
     screens.Desktop.OnBox = [&](const forms::Message&) { atTheMessage = Ticks(form); };
@@ -95,7 +88,7 @@ TEST(DisplayItems, ResultsComeWithPointsAndWithoutTheLegendAndTheUserIsToldOnce)
 }
 
 TEST(DisplayItems, AMapShowsWhatIsTicked) {
-    MapScreen screens;
+    ItemsScreen screens;
     Form6& form = screens.Form;
     const auto draw = [&] {
         form.Command5.UserClick();
@@ -117,7 +110,7 @@ TEST(DisplayItems, AMapShowsWhatIsTicked) {
 }
 
 /// Opens the panel, puts a count in, closes it.
-void AskFor(MapScreen& screens, const std::string& count) {
+void AskFor(ItemsScreen& screens, const std::string& count) {
     if (!screens.Form.Command6.Enabled) {
         screens.Form.Check1(1).UserClick();
         if (!screens.Form.Check1(1).Value) {
@@ -130,7 +123,7 @@ void AskFor(MapScreen& screens, const std::string& count) {
 }
 
 TEST(ContourPanel, OpensAndCloses) {
-    MapScreen screens;
+    ItemsScreen screens;
     Form6& form = screens.Form;
     form.Check1(1).UserClick();
     form.Command6.UserClick();
@@ -148,7 +141,7 @@ TEST(ContourPanel, OpensAndCloses) {
 }
 
 TEST(ContourPanel, EnterInItsBoxClosesIt) {
-    MapScreen screens;
+    ItemsScreen screens;
     Form6& form = screens.Form;
     form.Check1(1).UserClick();
     form.Command6.UserClick();
@@ -179,7 +172,7 @@ TEST(ContourPanel, TheCountHasALeastAndNoMost) {
     for (const CountRow& row :
          {CountRow{"3", "5", 5}, CountRow{"5", "5", 5}, CountRow{"200", "200", 200}, CountRow{"500", "500", 500},
           CountRow{"", "5", 5}, CountRow{"-8", "5", 5}, CountRow{"4.6", "4.6", 5}, CountRow{"x", "5", 5}}) {
-        MapScreen screens;
+        ItemsScreen screens;
         AskFor(screens, row.Typed);
         EXPECT_EQ(screens.Form.Text14.Text.Get(), row.Shown) << row.Typed;
         EXPECT_EQ(screens.Form.ContourLineCount, row.Count) << row.Typed;
@@ -196,7 +189,7 @@ TEST(ContourPanel, TheCountHasALeastAndNoMost) {
 }
 
 TEST(ContourPanel, ACountBeyond16BitsIsAFault) {
-    MapScreen screens;
+    ItemsScreen screens;
     Form6& form = screens.Form;
     form.Check1(1).UserClick();
     form.Command6.UserClick();
@@ -212,7 +205,7 @@ TEST(ContourPanel, ACountBeyond16BitsIsAFault) {
 }
 
 TEST(ContourPanel, AnItemClickedBesideTheOpenPanelLetsALowCountReachTheMapAsFive) {
-    MapScreen screens;
+    ItemsScreen screens;
     Form6& form = screens.Form;
     form.Check1(1).UserClick();
     form.Command6.UserClick();
@@ -228,7 +221,7 @@ TEST(ContourPanel, AnItemClickedBesideTheOpenPanelLetsALowCountReachTheMapAsFive
 
 TEST(ContourPanel, StaysOpenOverAResetAndGoesBackToTwenty) {
     for (const char* way : {"component", "clear", "position"}) {
-        MapScreen screens;
+        ItemsScreen screens;
         Form6& form = screens.Form;
         form.Check1(1).UserClick();
         form.Command6.UserClick();
@@ -258,7 +251,7 @@ TEST(ContourPanel, StaysOpenOverAResetAndGoesBackToTwenty) {
 }
 
 TEST(ValueRange, KeysThatNoNumberHoldsAreDropped) {
-    MapScreen screens;
+    ItemsScreen screens;
     Form6& form = screens.Form;
     for (forms::TextBox* box : {&form.Text3, &form.Text4}) {
         screens.App.Dispatch([&] {
@@ -274,7 +267,7 @@ TEST(ValueRange, KeysThatNoNumberHoldsAreDropped) {
 }
 
 TEST(ValueRange, ATextIsTheRangeAtOnce) {
-    MapScreen screens;
+    ItemsScreen screens;
     Form6& form = screens.Form;
     screens.App.Dispatch([&] { form.Text3.SetFocus(); });
     EXPECT_FALSE(form.Command5.Enabled);
@@ -290,7 +283,7 @@ TEST(ValueRange, ATextIsTheRangeAtOnce) {
 }
 
 TEST(ValueRange, EnterWritesTheNumberInItsFormat) {
-    MapScreen screens;
+    ItemsScreen screens;
     Form6& form = screens.Form;
     screens.App.Dispatch([&] {
         form.Text3.Text = "-12.345";

@@ -11,6 +11,7 @@ using forms::Answer;
 using forms::Icon;
 using test::English;
 using test::Screens;
+using test::Ticks;
 using Texts = std::vector<std::string>;
 
 /// Names of all enabled controls that a user can act on.
@@ -27,16 +28,7 @@ std::string VisibleOf(const Form6& form) {
     });
 }
 
-/// Ticks of the display items: "x-x--".
-std::string Ticks(const Form6& form) {
-    std::string ticks;
-    for (int i = 0; i < Form6::DisplayItemCount; ++i) {
-        ticks += form.Check1(i).Value ? 'x' : '-';
-    }
-    return ticks;
-}
-
-struct State {
+struct MapScreenState {
     const char* Name;
     std::function<void(Screens&)> Reach;
     const char* Enabled;
@@ -44,7 +36,7 @@ struct State {
     const char* Focus;
 };
 
-void PrintTo(const State& state, std::ostream* out) {
+void PrintTo(const MapScreenState& state, std::ostream* out) {
     *out << state.Name;
 }
 
@@ -59,144 +51,152 @@ void ShowMap(Screens& screens, SectionKind kind = SectionKind::XY) {
 }
 
 // Text14 counts as enabled where its panel is hidden; Text1 and Text2 where they are.
-const std::array States{
-    State{"Loaded", [](Screens&) {}, "Combo1 Text1 Text2 Text14 Command2 Command3 Command9", "Command1", "Combo1"},
-    State{"ComponentChosen", [](Screens& s) { Pick(s, 1); },
-          "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command9", "Command1", "Combo1"},
-    State{"SectionXYChosen", [](Screens& s) { s.Choose(1, SectionKind::XY, ""); },
-          "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command9",
-          "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text1"},
-    State{"SectionXZChosen", [](Screens& s) { s.Choose(1, SectionKind::XZ, ""); },
-          "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command9",
-          "Image1 Label2 Text2 Command10 Label16 Label19 Label22", "Text2"},
-    State{"PositionXYEntered", [](Screens& s) { s.Choose(2, SectionKind::XY, "5"); },
-          "Combo1 Option3 Option4 Text1 Command1 Text2 Text14 Command2 Command3 Command9",
-          "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text1"},
-    State{"PositionXZEntered", [](Screens& s) { s.Choose(2, SectionKind::XZ, "0"); },
-          "Combo1 Option3 Option4 Text1 Text2 Command10 Text14 Command2 Command3 Command9",
-          "Image1 Label2 Text2 Command10 Label16 Label19 Label22", "Text2"},
-    State{"MapXY", [](Screens& s) { ShowMap(s); },
-          "Combo1 Option3 Option4 Text1 Text2 Text3 Text4 Check1 Text14 Command2 Command3 Command7 Command8 Command9",
-          "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text3"},
-    State{"MapXZ", [](Screens& s) { ShowMap(s, SectionKind::XZ); },
-          "Combo1 Option3 Option4 Text1 Text2 Text3 Text4 Check1 Text14 Command2 Command3 Command7 Command8 Command9",
-          "Image1 Label2 Text2 Command10 Label16 Label19 Label22", "Text3"},
-    State{"MapThenItemClicked",
-          [](Screens& s) {
-              ShowMap(s);
-              s.Map().Check1(1).UserClick();
-          },
-          "Combo1 Option3 Option4 Text1 Text2 Text3 Text4 Command5 Check1 Command6 Text14 Command2 Command3 Command7 "
-          "Command8 Command9",
-          "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Check1(1)"},
-    State{"MapThenPanelOpened",
-          [](Screens& s) {
-              ShowMap(s);
-              s.Map().Check1(1).UserClick();
-              s.Map().Command6.UserClick();
-          },
-          "Combo1 Option3 Option4 Text1 Text2 Text3 Text4 Check1 Command6 Text14 Command2 Command3 Command7 Command8 "
-          "Command9",
-          "Image2 Label1 Text1 Command1 Label16 Label19 Label22 Frame4", "Text14"},
-    State{"MapThenOtherComponent",
-          [](Screens& s) {
-              ShowMap(s);
-              Pick(s, 2);
-          },
-          "Combo1 Option3 Option4 Text1 Text2 Text3 Text4 Command5 Check1 Text14 Command2 Command3 Command7 Command8 "
-          "Command9",
-          "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Combo1"},
-    State{"MapThenPositionChanged",
-          [](Screens& s) {
-              ShowMap(s);
-              s.App.Dispatch([&] { s.Map().Text1.SetFocus(); });
-              forms::Type(s.Map(), "5");
-          },
-          "Combo1 Option3 Option4 Text1 Command1 Text2 Text14 Command2 Command3 Command9",
-          "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text1"},
-    State{"MapThenTheOtherSection",
-          [](Screens& s) {
-              ShowMap(s);
-              s.Map().Option4.UserClick();
-          },
-          // The box was empty already and has not changed, but the map is dropped: no SAVE PICTURE. CLEAR FORM stays.
-          "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command8 Command9",
-          "Image1 Label2 Text2 Command10 Label16 Label19 Label22", "Text2"},
-    State{"MapXZThenTheOtherSection",
-          [](Screens& s) {
-              ShowMap(s, SectionKind::XZ);
-              s.Map().Option3.UserClick();
-          },
-          "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command8 Command9",
-          "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text1"},
-    State{"MapOfAnEmptyPositionThenTheSameSection",
-          [](Screens& s) {
-              s.Choose(1, SectionKind::XY, "");
-              s.App.Dispatch([&] { s.Map().Command1.Enabled = true; });
-              s.Start();
-              s.Map().Option3.UserClick();
-          },
-          "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command8 Command9",
-          "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text1"},
-    State{"MapThenTheOtherSectionAndAnotherComponent",
-          [](Screens& s) {
-              ShowMap(s);
-              s.Map().Option4.UserClick();
-              Pick(s, 2);
-          },
-          "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command9", "Command1", "Combo1"},
-    State{"MapThenPanelOpenedTheOtherSectionAndPanelClosed",
-          [](Screens& s) {
-              ShowMap(s);
-              s.Map().Check1(1).UserClick();
-              s.Map().Command6.UserClick();
-              s.Map().Option4.UserClick();
-              s.Map().Command6.UserClick();
-          },
-          // The panel can be closed, and RE-DRAW stays off all the same.
-          "Combo1 Option3 Option4 Text1 Text2 Command6 Text14 Command2 Command3 Command8 Command9",
-          "Image1 Label2 Text2 Command10 Label16 Label19 Label22", "Command6"},
-    State{"MapThenTheOtherSectionsMap",
-          [](Screens& s) {
-              ShowMap(s);
-              s.Map().Option4.UserClick();
-              forms::Type(s.Map(), "0");
-              s.Start();
-          },
-          "Combo1 Option3 Option4 Text1 Text2 Text3 Text4 Check1 Text14 Command2 Command3 Command7 Command8 Command9",
-          "Image1 Label2 Text2 Command10 Label16 Label19 Label22", "Text3"},
-    State{"MapThenTheSameSection",
-          [](Screens& s) {
-              ShowMap(s);
-              s.Map().Option3.UserClick();
-          },
-          // The box held "0" and was emptied, which is a change of the position.
-          "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command9",
-          "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text1"},
-    State{"MapXYThenClearForm",
-          [](Screens& s) {
-              ShowMap(s);
-              s.Map().Command8.UserClick();
-          },
-          "Combo1 Text1 Text2 Text14 Command2 Command3 Command9", "Command1", "Command9"},
-    State{"MapXZThenClearForm",
-          [](Screens& s) {
-              ShowMap(s, SectionKind::XZ);
-              s.Map().Command8.UserClick();
-          },
-          "Combo1 Text1 Text2 Text14 Command2 Command3 Command9", "Command1", "Command9"},
-    State{"PositionThenComponent",
-          [](Screens& s) {
-              s.Choose(1, SectionKind::XZ, "7");
-              Pick(s, 2);
-          },
-          "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command9", "Command1", "Combo1"},
+const std::array MapScreenStates{
+    MapScreenState{"Loaded", [](Screens&) {}, "Combo1 Text1 Text2 Text14 Command2 Command3 Command9", "Command1",
+                   "Combo1"},
+    MapScreenState{"ComponentChosen", [](Screens& s) { Pick(s, 1); },
+                   "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command9", "Command1", "Combo1"},
+    MapScreenState{"SectionXYChosen", [](Screens& s) { s.Choose(1, SectionKind::XY, ""); },
+                   "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command9",
+                   "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text1"},
+    MapScreenState{"SectionXZChosen", [](Screens& s) { s.Choose(1, SectionKind::XZ, ""); },
+                   "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command9",
+                   "Image1 Label2 Text2 Command10 Label16 Label19 Label22", "Text2"},
+    MapScreenState{"PositionXYEntered", [](Screens& s) { s.Choose(2, SectionKind::XY, "5"); },
+                   "Combo1 Option3 Option4 Text1 Command1 Text2 Text14 Command2 Command3 Command9",
+                   "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text1"},
+    MapScreenState{"PositionXZEntered", [](Screens& s) { s.Choose(2, SectionKind::XZ, "0"); },
+                   "Combo1 Option3 Option4 Text1 Text2 Command10 Text14 Command2 Command3 Command9",
+                   "Image1 Label2 Text2 Command10 Label16 Label19 Label22", "Text2"},
+    MapScreenState{
+        "MapXY", [](Screens& s) { ShowMap(s); },
+        "Combo1 Option3 Option4 Text1 Text2 Text3 Text4 Check1 Text14 Command2 Command3 Command7 Command8 Command9",
+        "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text3"},
+    MapScreenState{
+        "MapXZ", [](Screens& s) { ShowMap(s, SectionKind::XZ); },
+        "Combo1 Option3 Option4 Text1 Text2 Text3 Text4 Check1 Text14 Command2 Command3 Command7 Command8 Command9",
+        "Image1 Label2 Text2 Command10 Label16 Label19 Label22", "Text3"},
+    MapScreenState{
+        "MapThenItemClicked",
+        [](Screens& s) {
+            ShowMap(s);
+            s.Map().Check1(1).UserClick();
+        },
+        "Combo1 Option3 Option4 Text1 Text2 Text3 Text4 Command5 Check1 Command6 Text14 Command2 Command3 Command7 "
+        "Command8 Command9",
+        "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Check1(1)"},
+    MapScreenState{
+        "MapThenPanelOpened",
+        [](Screens& s) {
+            ShowMap(s);
+            s.Map().Check1(1).UserClick();
+            s.Map().Command6.UserClick();
+        },
+        "Combo1 Option3 Option4 Text1 Text2 Text3 Text4 Check1 Command6 Text14 Command2 Command3 Command7 Command8 "
+        "Command9",
+        "Image2 Label1 Text1 Command1 Label16 Label19 Label22 Frame4", "Text14"},
+    MapScreenState{
+        "MapThenOtherComponent",
+        [](Screens& s) {
+            ShowMap(s);
+            Pick(s, 2);
+        },
+        "Combo1 Option3 Option4 Text1 Text2 Text3 Text4 Command5 Check1 Text14 Command2 Command3 Command7 Command8 "
+        "Command9",
+        "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Combo1"},
+    MapScreenState{"MapThenPositionChanged",
+                   [](Screens& s) {
+                       ShowMap(s);
+                       s.App.Dispatch([&] { s.Map().Text1.SetFocus(); });
+                       forms::Type(s.Map(), "5");
+                   },
+                   "Combo1 Option3 Option4 Text1 Command1 Text2 Text14 Command2 Command3 Command9",
+                   "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text1"},
+    MapScreenState{
+        "MapThenTheOtherSection",
+        [](Screens& s) {
+            ShowMap(s);
+            s.Map().Option4.UserClick();
+        },
+        // The box was empty already and has not changed, but the map is dropped: no SAVE PICTURE. CLEAR FORM stays.
+        "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command8 Command9",
+        "Image1 Label2 Text2 Command10 Label16 Label19 Label22", "Text2"},
+    MapScreenState{"MapXZThenTheOtherSection",
+                   [](Screens& s) {
+                       ShowMap(s, SectionKind::XZ);
+                       s.Map().Option3.UserClick();
+                   },
+                   "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command8 Command9",
+                   "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text1"},
+    MapScreenState{"MapOfAnEmptyPositionThenTheSameSection",
+                   [](Screens& s) {
+                       s.Choose(1, SectionKind::XY, "");
+                       s.App.Dispatch([&] { s.Map().Command1.Enabled = true; });
+                       s.Start();
+                       s.Map().Option3.UserClick();
+                   },
+                   "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command8 Command9",
+                   "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text1"},
+    MapScreenState{"MapThenTheOtherSectionAndAnotherComponent",
+                   [](Screens& s) {
+                       ShowMap(s);
+                       s.Map().Option4.UserClick();
+                       Pick(s, 2);
+                   },
+                   "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command9", "Command1", "Combo1"},
+    MapScreenState{"MapThenPanelOpenedTheOtherSectionAndPanelClosed",
+                   [](Screens& s) {
+                       ShowMap(s);
+                       s.Map().Check1(1).UserClick();
+                       s.Map().Command6.UserClick();
+                       s.Map().Option4.UserClick();
+                       s.Map().Command6.UserClick();
+                   },
+                   // The panel can be closed, and RE-DRAW stays off all the same.
+                   "Combo1 Option3 Option4 Text1 Text2 Command6 Text14 Command2 Command3 Command8 Command9",
+                   "Image1 Label2 Text2 Command10 Label16 Label19 Label22", "Command6"},
+    MapScreenState{
+        "MapThenTheOtherSectionsMap",
+        [](Screens& s) {
+            ShowMap(s);
+            s.Map().Option4.UserClick();
+            forms::Type(s.Map(), "0");
+            s.Start();
+        },
+        "Combo1 Option3 Option4 Text1 Text2 Text3 Text4 Check1 Text14 Command2 Command3 Command7 Command8 Command9",
+        "Image1 Label2 Text2 Command10 Label16 Label19 Label22", "Text3"},
+    MapScreenState{"MapThenTheSameSection",
+                   [](Screens& s) {
+                       ShowMap(s);
+                       s.Map().Option3.UserClick();
+                   },
+                   // The box held "0" and was emptied, which is a change of the position.
+                   "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command9",
+                   "Image2 Label1 Text1 Command1 Label16 Label19 Label22", "Text1"},
+    MapScreenState{"MapXYThenClearForm",
+                   [](Screens& s) {
+                       ShowMap(s);
+                       s.Map().Command8.UserClick();
+                   },
+                   "Combo1 Text1 Text2 Text14 Command2 Command3 Command9", "Command1", "Command9"},
+    MapScreenState{"MapXZThenClearForm",
+                   [](Screens& s) {
+                       ShowMap(s, SectionKind::XZ);
+                       s.Map().Command8.UserClick();
+                   },
+                   "Combo1 Text1 Text2 Text14 Command2 Command3 Command9", "Command1", "Command9"},
+    MapScreenState{"PositionThenComponent",
+                   [](Screens& s) {
+                       s.Choose(1, SectionKind::XZ, "7");
+                       Pick(s, 2);
+                   },
+                   "Combo1 Option3 Option4 Text1 Text2 Text14 Command2 Command3 Command9", "Command1", "Combo1"},
 };
 
-class Form6State : public testing::TestWithParam<State> {};
+class Form6State : public testing::TestWithParam<MapScreenState> {};
 
 TEST_P(Form6State, EnablesShowsAndFocusesWhatItsRowSays) {
-    const State& state = GetParam();
+    const MapScreenState& state = GetParam();
     Screens screens;
     Form6& form = screens.OpenMap();
     state.Reach(screens);
@@ -208,8 +208,8 @@ TEST_P(Form6State, EnablesShowsAndFocusesWhatItsRowSays) {
     EXPECT_EQ(screens.Boxes(), Texts{});
 }
 
-INSTANTIATE_TEST_SUITE_P(Form6, Form6State, testing::ValuesIn(States),
-                         [](const testing::TestParamInfo<State>& row) { return row.param.Name; });
+INSTANTIATE_TEST_SUITE_P(Form6, Form6State, testing::ValuesIn(MapScreenStates),
+                         [](const testing::TestParamInfo<MapScreenState>& row) { return row.param.Name; });
 
 TEST(Form6, LoadSetsWordsInBothLanguages) {
     for (const Int16 base : {JapaneseBase, EnglishBase}) {

@@ -25,13 +25,13 @@ constexpr Int16 English = 2;
 const std::string Stamp = "   <ZIRVO Ver2.3>\r\n";
 
 /// Eighteen columns; the third coordinate, EPSx and EPSz are those of the arguments.
-std::string Row(const std::string& x, const std::string& y, const std::string& z, const std::string& epsX,
-                const std::string& epsZ) {
+std::string ReportRow(const std::string& x, const std::string& y, const std::string& z, const std::string& epsX,
+                      const std::string& epsZ) {
     return "  " + x + " " + y + "  " + z + " 4 5 6 7 8 9 10 11 12 " + epsX + " 14 " + epsZ + " 16 17 18\r\n";
 }
 
-const std::string Rows =
-    Row("-35", "0.0000", "5", "1.234560000E+02", "-2.5E-01") + Row("0.5", "-0", "1E-7", "0", "3.3333333333333333");
+const std::string Rows = ReportRow("-35", "0.0000", "5", "1.234560000E+02", "-2.5E-01") +
+                         ReportRow("0.5", "-0", "1E-7", "0", "3.3333333333333333");
 
 /// A report of two layers; line 3 holds the comma of English with unit system 1.
 std::string Report(bool comma, const std::string& rows = Rows) {
@@ -263,7 +263,7 @@ TEST_F(ConvertResults, TellsHowFarItHasComeUpToItsEnd) {
     std::string rows;
     constexpr int count = 1000;
     for (int i = 0; i < count; ++i) {
-        rows += Row("1", "2", "3", "4", "5");
+        rows += ReportRow("1", "2", "3", "4", "5");
     }
     PutFile("ZIRVO_SV.BRE", Report(false, rows));
     ConversionRequest request = Request();

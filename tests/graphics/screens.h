@@ -125,4 +125,13 @@ std::string NamesOf(const forms::Form& form, const std::function<bool(const form
 /// and left out.
 std::string EnabledOf(const Form5& form);
 
+/// Ticks of the display items: "x-x--".
+inline std::string Ticks(const Form6& form) {
+    std::string ticks;
+    for (int i = 0; i < Form6::DisplayItemCount; ++i) {
+        ticks += form.Check1(i).Value ? 'x' : '-';
+    }
+    return ticks;
+}
+
 }  // namespace zirvo::test

@@ -20,10 +20,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool FitsAll(const KeptScreen& /*screen*/) {
-    return true;
-}
-
 class KeptFolders : public testing::Test {
 protected:
     const TemporaryFolder Home;

@@ -11,10 +11,6 @@
 namespace zirvo::test {
 namespace {
 
-bool FitsAll(const KeptScreen& /*screen*/) {
-    return true;
-}
-
 KeptStore::Snapshot Snapshot(const std::string& mark) {
     return std::make_shared<KeptScreen>(SomeScreen(mark));
 }

@@ -35,4 +35,9 @@ inline const std::string& MarkOf(const KeptScreen& screen) {
     return screen.Tables.at(0).Cells.at(0);
 }
 
+/// For those who take any screen that is offered.
+inline bool FitsAll(const KeptScreen& /*screen*/) {
+    return true;
+}
+
 }  // namespace zirvo::test

@@ -12,7 +12,7 @@ namespace {
 using test::ExampleFile;
 using test::Replaced;
 
-std::vector<std::string> Check(const std::string& bytes) {
+std::vector<std::string> CheckAnalysis(const std::string& bytes) {
     std::istringstream stream(bytes);
     std::vector<std::string> lines;
     for (const Finding& finding : CheckAnalysisInput(stream)) {
@@ -30,12 +30,12 @@ std::string FileOf(const std::string& names, const std::string& counts, const st
 using Lines = std::vector<std::string>;
 
 TEST(CheckAnalysisInput, FindsNothingInAFileThatPasses) {
-    EXPECT_EQ(Check(ExampleFile()), Lines{});
+    EXPECT_EQ(CheckAnalysis(ExampleFile()), Lines{});
 }
 
 TEST(CheckAnalysisInput, NamesEveryFailingValueOfEveryRow) {
-    EXPECT_EQ(Check(FileOf("a.txt\nb", "3 2 1", "0 0.6 -1 1\n1000 0.3 10 -0.5\n-5 0\n", "0 0 0 0 0 0\n49 -1 0 0 0 0\n",
-                           "9 0 0 0\n")),
+    EXPECT_EQ(CheckAnalysis(FileOf("a.txt\nb", "3 2 1", "0 0.6 -1 1\n1000 0.3 10 -0.5\n-5 0\n",
+                                   "0 0 0 0 0 0\n49 -1 0 0 0 0\n", "9 0 0 0\n")),
               (Lines{
                   "report names, ResultFileName a.txt: has another extension",
                   "report names, PrincipalFileName b: has no point, so no extension",
@@ -54,8 +54,8 @@ TEST(CheckAnalysisInput, NamesEveryFailingValueOfEveryRow) {
 }
 
 TEST(CheckAnalysisInput, NamesEveryPointOutsideItsLayer) {
-    EXPECT_EQ(Check(FileOf("a.bre\nb.san", "2 1 4", "1000 0.3 10 0\n100 0.4\n", "49 15 0 0 0 0\n",
-                           "1 0 0 12.5\n2 0 0 12.5\n2 0 0 7\n-1 0 0 7\n")),
+    EXPECT_EQ(CheckAnalysis(FileOf("a.bre\nb.san", "2 1 4", "1000 0.3 10 0\n100 0.4\n", "49 15 0 0 0 0\n",
+                                   "1 0 0 12.5\n2 0 0 12.5\n2 0 0 7\n-1 0 0 7\n")),
               (Lines{
                   "point 1, PointZ 12.5: lies below the bottom of layer 1 at 10 cm",
                   "point 3, PointZ 7: lies above the top of layer 2 at 10 cm",
@@ -65,42 +65,43 @@ TEST(CheckAnalysisInput, NamesEveryPointOutsideItsLayer) {
 
 TEST(CheckAnalysisInput, JudgesNoDepthsWhileALayerIsRefused) {
     // With the thickness of layer 1 wrong, every depth below it would be called wrong too.
-    EXPECT_EQ(
-        Check(FileOf("a.bre\nb.san", "2 1 2", "1000 0.3 -10 0\n100 0.4\n", "49 15 0 0 0 0\n", "1 0 0 12.5\n3 0 0 1\n")),
-        (Lines{
-            "layer 1, Thickness -10: is not above 0",
-            "point 2, LayerNumber 3: names no layer: there are 2",
-        }));
+    EXPECT_EQ(CheckAnalysis(FileOf("a.bre\nb.san", "2 1 2", "1000 0.3 -10 0\n100 0.4\n", "49 15 0 0 0 0\n",
+                                   "1 0 0 12.5\n3 0 0 1\n")),
+              (Lines{
+                  "layer 1, Thickness -10: is not above 0",
+                  "point 2, LayerNumber 3: names no layer: there are 2",
+              }));
 }
 
 TEST(CheckAnalysisInput, StopsWhereTheRestOfTheFileCannotBeToldApart) {
-    EXPECT_EQ(Check(FileOf("a.bre\nb.san", "2 0 0", "1000 0.7 10 0\n100 0.4\n", "", "")),
+    EXPECT_EQ(CheckAnalysis(FileOf("a.bre\nb.san", "2 0 0", "1000 0.7 10 0\n100 0.4\n", "", "")),
               (Lines{
                   "counts, LoadCount 0: is 0",
                   "counts, PointCount 0: is 0",
                   "layer 1, PoissonRatio 0.7: is above 0.5",
               }));
-    EXPECT_EQ(Check(FileOf("a.bre\nb.san", "1 0 1", "100 0.4\n", "49 15 0 0 0 0\n", "9 0 0 0\n")),
+    EXPECT_EQ(CheckAnalysis(FileOf("a.bre\nb.san", "1 0 1", "100 0.4\n", "49 15 0 0 0 0\n", "9 0 0 0\n")),
               (Lines{"counts, LoadCount 0: is 0"}));
-    EXPECT_EQ(Check(FileOf("a.bre\nb.san", "0 1 1", "rubbish\n", "", "")), (Lines{"counts, LayerCount 0: is 0"}));
-    EXPECT_EQ(Check(FileOf("a.bre\nb.san", "1 1 0", "100 0.4\n", "49 0 0 0 0 0\n", "")),
+    EXPECT_EQ(CheckAnalysis(FileOf("a.bre\nb.san", "0 1 1", "rubbish\n", "", "")),
+              (Lines{"counts, LayerCount 0: is 0"}));
+    EXPECT_EQ(CheckAnalysis(FileOf("a.bre\nb.san", "1 1 0", "100 0.4\n", "49 0 0 0 0 0\n", "")),
               (Lines{"counts, PointCount 0: is 0", "load 1, Radius 0: is not above 0"}));
 }
 
 TEST(CheckAnalysisInput, TellsThePlaceWhereTheReadEnded) {
-    EXPECT_EQ(Check(FileOf("a.bre\nb.san", "2 1 1", "0 0.3 10 0\n100 x\n", "", "")),
+    EXPECT_EQ(CheckAnalysis(FileOf("a.bre\nb.san", "2 1 1", "0 0.3 10 0\n100 x\n", "", "")),
               (Lines{
                   "layer 1, Modulus 0: is not above 0",
                   "layer 2, PoissonRatio: is not a number of the kind that belongs here, or two numbers touch",
               }));
-    EXPECT_EQ(Check(FileOf("a.bre\nb.san", "1 1 2", "100 0.4\n", "49 15 0 0 0 0\n", "1 0 0 1\n1 0\n")),
+    EXPECT_EQ(CheckAnalysis(FileOf("a.bre\nb.san", "1 1 2", "100 0.4\n", "49 15 0 0 0 0\n", "1 0 0 1\n1 0\n")),
               (Lines{"point 2, PointY: the file ends here"}));
-    EXPECT_EQ(Check(FileOf("a.bre\nb.san", "1 -3 2", "", "", "")), (Lines{"counts, LoadCount -3: is below 0"}));
+    EXPECT_EQ(CheckAnalysis(FileOf("a.bre\nb.san", "1 -3 2", "", "", "")), (Lines{"counts, LoadCount -3: is below 0"}));
 }
 
 TEST(CheckAnalysisInput, JudgesThePointsBeforeThePlaceWhereTheReadEnded) {
-    EXPECT_EQ(Check(FileOf("a.bre\nb.san", "2 1 4", "1000 0.3 10 0\n100 0.4\n", "49 15 0 0 0 0\n",
-                           "1 0 0 12.5\n3 0 0 7\n1 0 0 5\n1 0\n")),
+    EXPECT_EQ(CheckAnalysis(FileOf("a.bre\nb.san", "2 1 4", "1000 0.3 10 0\n100 0.4\n", "49 15 0 0 0 0\n",
+                                   "1 0 0 12.5\n3 0 0 7\n1 0 0 5\n1 0\n")),
               (Lines{
                   "point 4, PointY: the file ends here",
                   "point 1, PointZ 12.5: lies below the bottom of layer 1 at 10 cm",
@@ -110,7 +111,7 @@ TEST(CheckAnalysisInput, JudgesThePointsBeforeThePlaceWhereTheReadEnded) {
     for (int i = 2; i <= 10001; ++i) {
         points += "1 0 0 0\n";
     }
-    EXPECT_EQ(Check(FileOf("a.bre\nb.san", "2 1 10001", "1000 0.3 10 0\n100 0.4\n", "49 15 0 0 0 0\n", points)),
+    EXPECT_EQ(CheckAnalysis(FileOf("a.bre\nb.san", "2 1 10001", "1000 0.3 10 0\n100 0.4\n", "49 15 0 0 0 0\n", points)),
               (Lines{
                   "point 10001: more rows than an analysis can have",
                   "point 1, PointZ 99: lies below the bottom of layer 1 at 10 cm",

@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "pavement/analysis_input.h"
+#include "pavement/read_bytes.h"
 #include "pavement/support.h"
 #include "platform/in_child.h"
 #include "text/catalogue.h"
@@ -19,12 +20,7 @@ using Error = InputError;
 using test::ExampleFile;
 using test::Replaced;
 
-AnalysisInputResult Read(const std::string& bytes) {
-    std::istringstream stream(bytes);
-    return ReadAnalysisInput(stream);
-}
-
-std::vector<Finding> Check(const std::string& bytes) {
+std::vector<Finding> FindingsOf(const std::string& bytes) {
     std::istringstream stream(bytes);
     return CheckAnalysisInput(stream);
 }
@@ -73,13 +69,13 @@ TEST(BrokenInput, AFileCutAtAnyByteReadsOrFails) {
     const std::size_t ratio = whole.find("0.4\r\n");
     for (std::size_t length = 0; length <= whole.size(); ++length) {
         const std::string cut = whole.substr(0, length);
-        const AnalysisInputResult result = Read(cut);
+        const AnalysisInputResult result = ReadAnalysis(cut);
         const bool zeroRatio = length == ratio + 1 || length == ratio + 2;
         EXPECT_EQ(result.Passed(), length >= complete) << length;
         if (!result.Passed()) {
             EXPECT_EQ(result.Failure().Error, zeroRatio ? Error::LayerInvalid : Error::ReadFailed) << length;
         }
-        EXPECT_EQ(Check(cut).empty(), result.Passed()) << length;
+        EXPECT_EQ(FindingsOf(cut).empty(), result.Passed()) << length;
     }
 }
 
@@ -93,7 +89,7 @@ TEST(BrokenInput, AFileCutInsideItsNumbersMayReadAsAnotherNumberButNeverCrashes)
     const std::string whole = WriteAnalysisInput(model, UnitSystem::KgfToKgf, JapaneseBase);
     int passed = 0;
     for (std::size_t length = 0; length <= whole.size(); ++length) {
-        const AnalysisInputResult result = Read(whole.substr(0, length));
+        const AnalysisInputResult result = ReadAnalysis(whole.substr(0, length));
         passed += result.Passed() ? 1 : 0;
     }
     // "123.456" cut to "12" to "123.456", and with CR and LF: 6 + 2 lengths pass; "1" lies above layer 3 at 5.0000001
@@ -107,8 +103,8 @@ TEST(BrokenInput, EveryByteReplacedByRubbishNeverCrashesAndTheCheckAgreesWithThe
         for (std::size_t at = 0; at < whole.size(); ++at) {
             std::string bytes = whole;
             bytes[at] = rubbish;
-            const AnalysisInputResult result = Read(bytes);
-            const std::vector<Finding> findings = Check(bytes);
+            const AnalysisInputResult result = ReadAnalysis(bytes);
+            const std::vector<Finding> findings = FindingsOf(bytes);
             ASSERT_EQ(findings.empty(), result.Passed()) << at;
             if (!result.Passed()) {
                 EXPECT_EQ(findings.front(), result.Failure().First) << at;
@@ -118,23 +114,24 @@ TEST(BrokenInput, EveryByteReplacedByRubbishNeverCrashesAndTheCheckAgreesWithThe
 }
 
 TEST(BrokenInput, NumbersThatTouchAreMisreadOrRejected) {
-    EXPECT_EQ(Read(Replaced(ExampleFile(), "35000             0.35", "350000.333333333333333")).Failure().Error,
+    EXPECT_EQ(ReadAnalysis(Replaced(ExampleFile(), "35000             0.35", "350000.333333333333333")).Failure().Error,
               Error::LayerInvalid)
         << "350000.33 is a modulus, 5 then is the Poisson ratio";
-    EXPECT_EQ(Read(Replaced(ExampleFile(), "35000             0.35", "31.670.333333333333333")).Failure().Error,
+    EXPECT_EQ(ReadAnalysis(Replaced(ExampleFile(), "35000             0.35", "31.670.333333333333333")).Failure().Error,
               Error::ReadFailed);
-    EXPECT_EQ(Read(Replaced(ExampleFile(), "15                0", "15-1")).Failure().Error, Error::ReadFailed);
+    EXPECT_EQ(ReadAnalysis(Replaced(ExampleFile(), "15                0", "15-1")).Failure().Error, Error::ReadFailed);
 }
 
 TEST(BrokenInput, NulBytesAmongTheNumbersFailTheRead) {
-    EXPECT_EQ(Read(Replaced(ExampleFile(), "0.4\r\n", std::string("0.4\0\r\n", 6))).Failure().Error, Error::ReadFailed);
-    EXPECT_EQ(Read(std::string(4096, '\0')).Failure().Error, Error::ReadFailed);
+    EXPECT_EQ(ReadAnalysis(Replaced(ExampleFile(), "0.4\r\n", std::string("0.4\0\r\n", 6))).Failure().Error,
+              Error::ReadFailed);
+    EXPECT_EQ(ReadAnalysis(std::string(4096, '\0')).Failure().Error, Error::ReadFailed);
 }
 
 TEST(BrokenInput, NothingAtAllFailsTheRead) {
-    EXPECT_EQ(Read("").Failure().Error, Error::ReadFailed);
-    EXPECT_EQ(Read("\r\n").Failure().Error, Error::ReadFailed);
-    EXPECT_EQ(Read("\x1A").Failure().Error, Error::ReadFailed);
+    EXPECT_EQ(ReadAnalysis("").Failure().Error, Error::ReadFailed);
+    EXPECT_EQ(ReadAnalysis("\r\n").Failure().Error, Error::ReadFailed);
+    EXPECT_EQ(ReadAnalysis("\x1A").Failure().Error, Error::ReadFailed);
 }
 
 TEST(BrokenInput, LargeCountsTakeNoMemoryBeforeTheyAreJudged) {
@@ -145,7 +142,7 @@ TEST(BrokenInput, LargeCountsTakeNoMemoryBeforeTheyAreJudged) {
             for (int i = 0; i < 3; ++i) {
                 counts += std::string(i == place ? count : "1") + " ";
             }
-            EXPECT_EQ(Read(Replaced(ExampleFile(), "  2         1          1", counts)).Failure().Error,
+            EXPECT_EQ(ReadAnalysis(Replaced(ExampleFile(), "  2         1          1", counts)).Failure().Error,
                       Error::ReadFailed);
         }
     }

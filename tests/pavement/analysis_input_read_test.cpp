@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "pavement/analysis_input.h"
+#include "pavement/read_bytes.h"
 #include "pavement/support.h"
 #include "text/catalogue.h"
 
@@ -16,11 +17,6 @@ using test::ExampleFile;
 using test::ExampleModel;
 using test::Replaced;
 
-AnalysisInputResult Read(const std::string& bytes) {
-    std::istringstream stream(bytes);
-    return ReadAnalysisInput(stream);
-}
-
 /// The example with other counts and rows.
 std::string FileOf(const std::string& counts, const std::string& layers, const std::string& loads,
                    const std::string& points) {
@@ -28,21 +24,9 @@ std::string FileOf(const std::string& counts, const std::string& layers, const s
            layers + "\r\nheading\r\nheading\r\n" + loads + "\r\nheading\r\nheading\r\n" + points;
 }
 
-std::string Repeat(const std::string& row, int count) {
-    std::string rows;
-    for (int i = 0; i < count; ++i) {
-        rows += row;
-    }
-    return rows;
-}
-
-const char* const Layer = "1000 0.35 10 0\r\n";
-const char* const LastLayer = "100 0.4\r\n";
-const char* const Load = "49 15 0 0 0 0\r\n";
-
 /// What the user is told, and where the focus goes.
 void ExpectRefused(const std::string& bytes, Error error, bool focusMoves, const char* finding) {
-    const AnalysisInputResult result = Read(bytes);
+    const AnalysisInputResult result = ReadAnalysis(bytes);
     EXPECT_EQ(result.Failure().Error, error) << FindingText(result.Failure().First);
     EXPECT_EQ(result.Failure().Focus, focusMoves ? ImportFocus::FocusQuit : ImportFocus::FocusUnchanged);
     EXPECT_FALSE(result.Passed());
@@ -50,7 +34,7 @@ void ExpectRefused(const std::string& bytes, Error error, bool focusMoves, const
 }
 
 TEST(ReadAnalysisInput, TheExampleReads) {
-    const AnalysisInputResult result = Read(ExampleFile());
+    const AnalysisInputResult result = ReadAnalysis(ExampleFile());
     ASSERT_TRUE(result.Passed()) << FindingText(result.Failure().First);
     EXPECT_EQ(*result, ExampleModel());
 }
@@ -64,14 +48,15 @@ TEST(ReadAnalysisInput, ReadsTheFileOfAPath) {
 }
 
 TEST(ReadAnalysisInput, ARowBrokenOverLinesReadsAsIfItStoodOnOne) {
-    EXPECT_EQ(*Read(FileOf("2\r\n1\r\n\r\n1", "35000\r\n0.35\r\n\r\n5 0 1000\r\n0.4\r\n", "49 15\r\n0 0\r\n0 0\r\n",
-                           "1\r\n0\r\n0\r\n5\r\n")),
+    EXPECT_EQ(*ReadAnalysis(FileOf("2\r\n1\r\n\r\n1", "35000\r\n0.35\r\n\r\n5 0 1000\r\n0.4\r\n",
+                                   "49 15\r\n0 0\r\n0 0\r\n", "1\r\n0\r\n0\r\n5\r\n")),
               ExampleModel());
 }
 
 TEST(ReadAnalysisInput, NumbersMayBeSeparatedByCommasAndTabs) {
-    EXPECT_EQ(*Read(FileOf("2,1 , 1", "35000,0.35,5,0\r\n1000\t0.4\r\n", "49,15,0,0,0,0\r\n", "1, 0, 0, 5\r\n")),
-              ExampleModel());
+    EXPECT_EQ(
+        *ReadAnalysis(FileOf("2,1 , 1", "35000,0.35,5,0\r\n1000\t0.4\r\n", "49,15,0,0,0,0\r\n", "1, 0, 0, 5\r\n")),
+        ExampleModel());
 }
 
 TEST(ReadAnalysisInput, LineEndsOfEveryKindRead) {
@@ -85,18 +70,19 @@ TEST(ReadAnalysisInput, LineEndsOfEveryKindRead) {
             carriageReturns += c;
         }
     }
-    EXPECT_EQ(*Read(lineFeeds), ExampleModel());
-    EXPECT_EQ(*Read(carriageReturns), ExampleModel());
+    EXPECT_EQ(*ReadAnalysis(lineFeeds), ExampleModel());
+    EXPECT_EQ(*ReadAnalysis(carriageReturns), ExampleModel());
 }
 
 TEST(ReadAnalysisInput, HeadingsMayBeAnythingThatIsOneLineWithoutAComma) {
-    EXPECT_TRUE(Read(Replaced(ExampleFile(), "LOAD POINT", "")).Passed());
-    EXPECT_TRUE(Read(Replaced(ExampleFile(), "LOAD POINT", "道路 UTF-8")).Passed());
-    EXPECT_TRUE(Read(Replaced(ExampleFile(), "LOAD POINT", "\x8D\xDA\x89\xD7\x93\x5F")).Passed());
-    EXPECT_TRUE(Read(Replaced(ExampleFile(), "LOAD POINT", "\xFF\xFE\x80")).Passed());
-    EXPECT_TRUE(Read(Replaced(ExampleFile(), "LOAD POINT", "\"in quotes, with a comma\"")).Passed());
-    EXPECT_TRUE(Read(Replaced(ExampleFile(), "LOAD POINT", "\"a quote that is not closed, and a comma")).Passed());
-    EXPECT_TRUE(Read(Replaced(ExampleFile(), "LOAD POINT", std::string("a\0b", 3))).Passed());
+    EXPECT_TRUE(ReadAnalysis(Replaced(ExampleFile(), "LOAD POINT", "")).Passed());
+    EXPECT_TRUE(ReadAnalysis(Replaced(ExampleFile(), "LOAD POINT", "道路 UTF-8")).Passed());
+    EXPECT_TRUE(ReadAnalysis(Replaced(ExampleFile(), "LOAD POINT", "\x8D\xDA\x89\xD7\x93\x5F")).Passed());
+    EXPECT_TRUE(ReadAnalysis(Replaced(ExampleFile(), "LOAD POINT", "\xFF\xFE\x80")).Passed());
+    EXPECT_TRUE(ReadAnalysis(Replaced(ExampleFile(), "LOAD POINT", "\"in quotes, with a comma\"")).Passed());
+    EXPECT_TRUE(
+        ReadAnalysis(Replaced(ExampleFile(), "LOAD POINT", "\"a quote that is not closed, and a comma")).Passed());
+    EXPECT_TRUE(ReadAnalysis(Replaced(ExampleFile(), "LOAD POINT", std::string("a\0b", 3))).Passed());
 }
 
 TEST(ReadAnalysisInput, ACommaInAHeadingShiftsTheRestOfTheRead) {
@@ -113,31 +99,31 @@ TEST(ReadAnalysisInput, ACommaBehindTheLastNumberOfARowBringsInOneEmptyField) {
     // over for the load. Between two rows of numbers the same comma does no harm.
     ExpectRefused(Replaced(ExampleFile(), "0.4\r\n", "0.4,\r\n"), Error::ReadFailed, false,
                   "load 1, VerticalLoad: is not a number of the kind that belongs here, or two numbers touch");
-    EXPECT_TRUE(
-        Read(Replaced(ExampleFile(), "               5               0\r\n", "               5               0,\r\n"))
-            .Passed());
+    EXPECT_TRUE(ReadAnalysis(Replaced(ExampleFile(), "               5               0\r\n",
+                                      "               5               0,\r\n"))
+                    .Passed());
 }
 
 TEST(ReadAnalysisInput, WhateverStandsBehindTheLastPointIsIgnored) {
-    EXPECT_EQ(*Read(ExampleFile() + "1 2 3, \"x\r\n" + std::string("\0\xFF", 2)), ExampleModel());
+    EXPECT_EQ(*ReadAnalysis(ExampleFile() + "1 2 3, \"x\r\n" + std::string("\0\xFF", 2)), ExampleModel());
 }
 
 TEST(ReadAnalysisInput, ALastNumberWithoutALineEndIsComplete) {
     std::string bytes = ExampleFile();
     bytes.resize(bytes.size() - 2);
-    EXPECT_EQ(*Read(bytes), ExampleModel());
+    EXPECT_EQ(*ReadAnalysis(bytes), ExampleModel());
 }
 
 TEST(ReadAnalysisInput, AFileInOneLanguageAndUnitSystemReadsInAnyOther) {
     for (const UnitSystem units : {UnitSystem::KgfToKgf, UnitSystem::KgfToMPa, UnitSystem::KnToMPa}) {
         for (const Int16 base : {JapaneseBase, EnglishBase}) {
-            EXPECT_EQ(*Read(WriteAnalysisInput(ExampleModel(), units, base)), ExampleModel());
+            EXPECT_EQ(*ReadAnalysis(WriteAnalysisInput(ExampleModel(), units, base)), ExampleModel());
         }
     }
 }
 
 TEST(ReadAnalysisInput, OneLayerTakesTwoNumbers) {
-    EXPECT_TRUE(Read(FileOf("1 1 1", LastLayer, Load, "1 0 0 5000\r\n")).Passed());
+    EXPECT_TRUE(ReadAnalysis(FileOf("1 1 1", LastLayerRow, LoadRow, "1 0 0 5000\r\n")).Passed());
 }
 
 // Names -------------------------------------------------------------------------------------------------------------
@@ -171,7 +157,7 @@ TEST(ReadAnalysisInput, ABadPrincipalNameMovesTheFocusButNotWithoutAPoint) {
 }
 
 TEST(ReadAnalysisInput, ANameOfTheExtensionAlonePasses) {
-    const AnalysisInputResult result = Read(Replaced(ExampleFile(), "Untitled.bre", ".bre"));
+    const AnalysisInputResult result = ReadAnalysis(Replaced(ExampleFile(), "Untitled.bre", ".bre"));
     ASSERT_TRUE(result.Passed());
     EXPECT_EQ(result->ResultFileName, ".bre");
 }
@@ -184,10 +170,11 @@ TEST(ReadAnalysisInput, ANameWithACommaIsNotReadBackAsItWasWritten) {
 }
 
 TEST(ReadAnalysisInput, NamesAreReadInTheCodePageAndAsUtf8WhereItCannotHoldThem) {
-    EXPECT_EQ(Read(Replaced(ExampleFile(), "Untitled.bre", "\x95\xDC\x91\x95.bre"))->ResultFileName, "舗装.bre");
-    EXPECT_EQ(Read(Replaced(ExampleFile(), "Untitled.bre",
-                            "Stra\xC3\x9F"
-                            "e.bre"))
+    EXPECT_EQ(ReadAnalysis(Replaced(ExampleFile(), "Untitled.bre", "\x95\xDC\x91\x95.bre"))->ResultFileName,
+              "舗装.bre");
+    EXPECT_EQ(ReadAnalysis(Replaced(ExampleFile(), "Untitled.bre",
+                                    "Stra\xC3\x9F"
+                                    "e.bre"))
                   ->ResultFileName,
               "Straße.bre");
 }
@@ -195,11 +182,11 @@ TEST(ReadAnalysisInput, NamesAreReadInTheCodePageAndAsUtf8WhereItCannotHoldThem)
 // Counts ------------------------------------------------------------------------------------------------------------
 
 TEST(ReadAnalysisInput, ACountOfZeroMovesTheFocus) {
-    ExpectRefused(FileOf("0 1 1", LastLayer, Load, "1 0 0 5\r\n"), Error::CountsInvalid, true,
+    ExpectRefused(FileOf("0 1 1", LastLayerRow, LoadRow, "1 0 0 5\r\n"), Error::CountsInvalid, true,
                   "counts, LayerCount 0: is 0");
-    ExpectRefused(FileOf("1 0 1", LastLayer, Load, "1 0 0 5\r\n"), Error::CountsInvalid, true,
+    ExpectRefused(FileOf("1 0 1", LastLayerRow, LoadRow, "1 0 0 5\r\n"), Error::CountsInvalid, true,
                   "counts, LoadCount 0: is 0");
-    ExpectRefused(FileOf("1 1 0", LastLayer, Load, "1 0 0 5\r\n"), Error::CountsInvalid, true,
+    ExpectRefused(FileOf("1 1 0", LastLayerRow, LoadRow, "1 0 0 5\r\n"), Error::CountsInvalid, true,
                   "counts, PointCount 0: is 0");
     EXPECT_EQ(MessageOf(Error::CountsInvalid), 58);
 }
@@ -209,7 +196,7 @@ TEST(ReadAnalysisInput, CountsBelowZeroAndBeyondSixteenBitsFailTheReadBeforeName
                                         {"40000", "counts, LoadCount: is outside -32768 to 32767"},
                                         {"3000000000", "counts, LoadCount: is outside -32768 to 32767"},
                                         {"99999999999999999999999", "counts, LoadCount: is outside -32768 to 32767"}}) {
-        const std::string bytes = FileOf(std::string("1 ") + count + " 1", LastLayer, Load, "1 0 0 5\r\n");
+        const std::string bytes = FileOf(std::string("1 ") + count + " 1", LastLayerRow, LoadRow, "1 0 0 5\r\n");
         ExpectRefused(bytes, Error::ReadFailed, false, reason);
         ExpectRefused(Replaced(bytes, "Untitled.bre", ""), Error::ReadFailed, false, reason);
     }
@@ -217,7 +204,7 @@ TEST(ReadAnalysisInput, CountsBelowZeroAndBeyondSixteenBitsFailTheReadBeforeName
 
 TEST(ReadAnalysisInput, ACountIsASignAndDigitsAndNothingElse) {
     const auto read = [](const char* count) {
-        return Read(FileOf(std::string("1 ") + count + " 1", LastLayer, Load, "1 0 0 5\r\n"));
+        return ReadAnalysis(FileOf(std::string("1 ") + count + " 1", LastLayerRow, LoadRow, "1 0 0 5\r\n"));
     };
     EXPECT_TRUE(read("1").Passed());
     EXPECT_TRUE(read("+1").Passed());
@@ -239,9 +226,9 @@ TEST(ReadAnalysisInput, AShortFileFailsTheReadWhateverItsNames) {
 // Rows --------------------------------------------------------------------------------------------------------------
 
 TEST(ReadAnalysisInput, ABadLastLayerMovesTheFocusAndABadLayerAboveDoesNot) {
-    ExpectRefused(FileOf("2 1 1", "1000 0.6 10 0\r\n100 0.4\r\n", Load, "1 0 0 5\r\n"), Error::LayerInvalid, false,
+    ExpectRefused(FileOf("2 1 1", "1000 0.6 10 0\r\n100 0.4\r\n", LoadRow, "1 0 0 5\r\n"), Error::LayerInvalid, false,
                   "layer 1, PoissonRatio 0.6: is above 0.5");
-    ExpectRefused(FileOf("2 1 1", "1000 0.3 10 0\r\n100 0.6\r\n", Load, "1 0 0 5\r\n"), Error::LayerInvalid, true,
+    ExpectRefused(FileOf("2 1 1", "1000 0.3 10 0\r\n100 0.6\r\n", LoadRow, "1 0 0 5\r\n"), Error::LayerInvalid, true,
                   "layer 2, PoissonRatio 0.6: is above 0.5");
     EXPECT_EQ(MessageOf(Error::LayerInvalid), 59);
 }
@@ -249,7 +236,7 @@ TEST(ReadAnalysisInput, ABadLastLayerMovesTheFocusAndABadLayerAboveDoesNot) {
 TEST(ReadAnalysisInput, LaterRowsThanABadOneAreNotRead) {
     ExpectRefused(FileOf("2 1 1", "1000 0.3 0 0\r\nrubbish", "", ""), Error::LayerInvalid, false,
                   "layer 1, Thickness 0: is not above 0");
-    ExpectRefused(FileOf("1 2 1", LastLayer, "49 0 0 0 0 0\r\nrubbish", ""), Error::LoadInvalid, true,
+    ExpectRefused(FileOf("1 2 1", LastLayerRow, "49 0 0 0 0 0\r\nrubbish", ""), Error::LoadInvalid, true,
                   "load 1, Radius 0: is not above 0");
 }
 
@@ -259,15 +246,17 @@ TEST(ReadAnalysisInput, ARowIsReadWholeBeforeItIsJudged) {
 }
 
 TEST(ReadAnalysisInput, ABadLoadMovesTheFocus) {
-    ExpectRefused(FileOf("1 2 1", LastLayer, "49 15 0 0 0 0\r\n0 15 0 0 0 0\r\n", "1 0 0 5\r\n"), Error::LoadInvalid,
+    ExpectRefused(FileOf("1 2 1", LastLayerRow, "49 15 0 0 0 0\r\n0 15 0 0 0 0\r\n", "1 0 0 5\r\n"), Error::LoadInvalid,
                   true, "load 2, VerticalLoad 0: is 0, and so is HorizontalLoad: the load does nothing");
-    EXPECT_TRUE(Read(FileOf("1 1 1", LastLayer, "0 15 0 0 10 0\r\n", "1 0 0 5\r\n")).Passed());
-    EXPECT_TRUE(Read(FileOf("1 1 1", LastLayer, "-100 15 0 0 0 0\r\n", "1 0 0 5\r\n")).Passed());
+    EXPECT_TRUE(ReadAnalysis(FileOf("1 1 1", LastLayerRow, "0 15 0 0 10 0\r\n", "1 0 0 5\r\n")).Passed());
+    EXPECT_TRUE(ReadAnalysis(FileOf("1 1 1", LastLayerRow, "-100 15 0 0 0 0\r\n", "1 0 0 5\r\n")).Passed());
     EXPECT_EQ(MessageOf(Error::LoadInvalid), 60);
 }
 
 TEST(ReadAnalysisInput, ABadPointMovesTheFocus) {
-    const auto file = [](const char* point) { return FileOf("2 1 1", std::string(Layer) + LastLayer, Load, point); };
+    const auto file = [](const char* point) {
+        return FileOf("2 1 1", std::string(LayerRow) + LastLayerRow, LoadRow, point);
+    };
     ExpectRefused(file("3 0 0 5\r\n"), Error::PointInvalid, true,
                   "point 1, LayerNumber 3: names no layer: there are 2");
     ExpectRefused(file("-1 0 0 5\r\n"), Error::PointInvalid, true,
@@ -280,67 +269,68 @@ TEST(ReadAnalysisInput, ABadPointMovesTheFocus) {
 }
 
 TEST(ReadAnalysisInput, ADepthBelowZeroHasNoTestOfItsOwn) {
-    EXPECT_TRUE(Read(FileOf("1 1 1", LastLayer, Load, "1 0 0 -5E-11\r\n")).Passed());
-    ExpectRefused(FileOf("1 1 1", LastLayer, Load, "1 0 0 -2E-10\r\n"), Error::PointInvalid, true,
+    EXPECT_TRUE(ReadAnalysis(FileOf("1 1 1", LastLayerRow, LoadRow, "1 0 0 -5E-11\r\n")).Passed());
+    ExpectRefused(FileOf("1 1 1", LastLayerRow, LoadRow, "1 0 0 -2E-10\r\n"), Error::PointInvalid, true,
                   "point 1, PointZ -0.0000000002: lies above the top of layer 1 at 0 cm");
 }
 
 TEST(ReadAnalysisInput, LayersWhoseDepthsLeaveTheRangeOfADoubleRefuseTheirPointsAndNothingElseFails) {
     const std::string thick = "1000 0.35 1E308 0\r\n";
-    ExpectRefused(FileOf("4 1 1", Repeat(thick, 3) + LastLayer, Load, "4 0 0 5\r\n"), Error::PointInvalid, true,
+    ExpectRefused(FileOf("4 1 1", Repeat(thick, 3) + LastLayerRow, LoadRow, "4 0 0 5\r\n"), Error::PointInvalid, true,
                   "point 1, PointZ 5: lies above the top of layer 4 at no depth that a number can hold");
-    EXPECT_TRUE(Read(FileOf("4 1 1", Repeat(thick, 3) + LastLayer, Load, "1 0 0 5\r\n")).Passed());
+    EXPECT_TRUE(ReadAnalysis(FileOf("4 1 1", Repeat(thick, 3) + LastLayerRow, LoadRow, "1 0 0 5\r\n")).Passed());
 }
 
 TEST(ReadAnalysisInput, NumbersBeyondADoubleAreTheLargestOne) {
-    const AnalysisInputResult result = Read(FileOf("1 1 1", "1E999 0.4\r\n", Load, "1 -1E999 0 1E999\r\n"));
+    const AnalysisInputResult result = ReadAnalysis(FileOf("1 1 1", "1E999 0.4\r\n", LoadRow, "1 -1E999 0 1E999\r\n"));
     ASSERT_TRUE(result.Passed()) << FindingText(result.Failure().First);
     EXPECT_EQ(result->Layers[1].Modulus, std::numeric_limits<double>::max());
     EXPECT_EQ(result->Points[1].PointX, -std::numeric_limits<double>::max());
 }
 
 TEST(ReadAnalysisInput, LayerNumberZeroIsAcceptedWhereTheDepthRuleLetsItPass) {
-    EXPECT_TRUE(Read(FileOf("2 1 1", std::string(Layer) + LastLayer, Load, "0 0 0 0\r\n")).Passed());
-    EXPECT_EQ(Read(FileOf("2 1 1", std::string(Layer) + LastLayer, Load, "0 0 0 5\r\n")).Failure().Error,
-              Error::PointInvalid);
-    EXPECT_TRUE(Read(FileOf("1 1 1", LastLayer, Load, "0 0 0 5\r\n")).Passed());
+    EXPECT_TRUE(ReadAnalysis(FileOf("2 1 1", std::string(LayerRow) + LastLayerRow, LoadRow, "0 0 0 0\r\n")).Passed());
+    EXPECT_EQ(
+        ReadAnalysis(FileOf("2 1 1", std::string(LayerRow) + LastLayerRow, LoadRow, "0 0 0 5\r\n")).Failure().Error,
+        Error::PointInvalid);
+    EXPECT_TRUE(ReadAnalysis(FileOf("1 1 1", LastLayerRow, LoadRow, "0 0 0 5\r\n")).Passed());
 }
 
 TEST(ReadAnalysisInput, ALayerNumberOutsideSixteenBitsFailsTheRead) {
-    ExpectRefused(FileOf("1 1 1", LastLayer, Load, "40000 0 0 5\r\n"), Error::ReadFailed, false,
+    ExpectRefused(FileOf("1 1 1", LastLayerRow, LoadRow, "40000 0 0 5\r\n"), Error::ReadFailed, false,
                   "point 1, LayerNumber: is outside -32768 to 32767");
 }
 
 // Bounds ------------------------------------------------------------------------------------------------------------
 
 TEST(ReadAnalysisInput, AHundredLayersAndLoadsAndTenThousandPointsRead) {
-    const std::string bytes =
-        FileOf("100 100 10000", Repeat(Layer, 99) + LastLayer, Repeat(Load, 100), Repeat("100 0 0 990\r\n", 10000));
-    const AnalysisInputResult result = Read(bytes);
+    const std::string bytes = FileOf("100 100 10000", Repeat(LayerRow, 99) + LastLayerRow, Repeat(LoadRow, 100),
+                                     Repeat("100 0 0 990\r\n", 10000));
+    const AnalysisInputResult result = ReadAnalysis(bytes);
     ASSERT_TRUE(result.Passed()) << FindingText(result.Failure().First);
     EXPECT_EQ(result->Points[10000], (InterestPoint{100, 0, 0, 990}));
 }
 
 TEST(ReadAnalysisInput, ALayerBeyondAHundredFailsAtItsRowAfterTheRowsAboveHaveBeenAccepted) {
-    ExpectRefused(FileOf("101 1 1", Repeat(Layer, 100) + LastLayer, Load, "1 0 0 5\r\n"), Error::ReadFailed, false,
-                  "layer 101: more rows than an analysis can have");
+    ExpectRefused(FileOf("101 1 1", Repeat(LayerRow, 100) + LastLayerRow, LoadRow, "1 0 0 5\r\n"), Error::ReadFailed,
+                  false, "layer 101: more rows than an analysis can have");
     // Row 100 is not the last one, so it takes four numbers and all of them are judged, and its failure moves no focus.
-    ExpectRefused(FileOf("101 1 1", Repeat(Layer, 99) + "1000 0.35 10 1\r\n" + LastLayer, Load, "1 0 0 5\r\n"),
+    ExpectRefused(FileOf("101 1 1", Repeat(LayerRow, 99) + "1000 0.35 10 1\r\n" + LastLayerRow, LoadRow, "1 0 0 5\r\n"),
                   Error::LayerInvalid, false, "layer 100, SlipRate 1: is above 0.99");
-    ExpectRefused(FileOf("101 1 1", Repeat(Layer, 99) + "1000 0.35", "", ""), Error::ReadFailed, false,
+    ExpectRefused(FileOf("101 1 1", Repeat(LayerRow, 99) + "1000 0.35", "", ""), Error::ReadFailed, false,
                   "layer 100, Thickness: is not a number of the kind that belongs here, or two numbers touch");
 }
 
 TEST(ReadAnalysisInput, ALoadBeyondAHundredFailsAtItsRow) {
-    ExpectRefused(FileOf("1 101 1", LastLayer, Repeat(Load, 101), "1 0 0 5\r\n"), Error::ReadFailed, false,
+    ExpectRefused(FileOf("1 101 1", LastLayerRow, Repeat(LoadRow, 101), "1 0 0 5\r\n"), Error::ReadFailed, false,
                   "load 101: more rows than an analysis can have");
 }
 
 TEST(ReadAnalysisInput, APointBeyondTenThousandFailsTheReadAlsoIfTheFirstOneLiesOutsideItsLayer) {
     const std::string points = "7 0 0 5\r\n" + Repeat("1 0 0 5\r\n", 10000);
-    ExpectRefused(FileOf("1 1 10001", LastLayer, Load, points), Error::ReadFailed, false,
+    ExpectRefused(FileOf("1 1 10001", LastLayerRow, LoadRow, points), Error::ReadFailed, false,
                   "point 10001: more rows than an analysis can have");
-    ExpectRefused(FileOf("1 1 10000", LastLayer, Load, points), Error::PointInvalid, true,
+    ExpectRefused(FileOf("1 1 10000", LastLayerRow, LoadRow, points), Error::PointInvalid, true,
                   "point 1, LayerNumber 7: names no layer: there are 1");
 }
 

@@ -6,6 +6,7 @@
 
 #include "base/fault_of.h"
 #include "pavement/analysis_input.h"
+#include "pavement/read_bytes.h"
 #include "pavement/support.h"
 #include "platform/files.h"
 #include "platform/in_child.h"
@@ -15,11 +16,6 @@ namespace zirvo {
 namespace {
 
 using test::ExampleModel;
-
-AnalysisInputResult ReadBytes(const std::string& bytes) {
-    std::istringstream stream(bytes);
-    return ReadAnalysisInput(stream);
-}
 
 std::vector<std::string> LinesOf(const std::string& bytes) {
     std::vector<std::string> lines;
@@ -131,10 +127,10 @@ TEST(WriteAnalysisInput, WithoutUnitsOrLanguageTheHeadingLinesAreEmptyAndTheFile
     EXPECT_EQ(lines[8], "");
     EXPECT_EQ(lines[13], "");
     EXPECT_EQ(lines[12], "LOAD POINT");
-    EXPECT_EQ(*ReadBytes(noUnits), ExampleModel());
+    EXPECT_EQ(*ReadAnalysis(noUnits), ExampleModel());
     const std::string noLanguage = WriteAnalysisInput(ExampleModel(), UnitSystem::KnToMPa, 0);
     EXPECT_EQ(LinesOf(noLanguage)[0], "");
-    EXPECT_EQ(*ReadBytes(noLanguage), ExampleModel());
+    EXPECT_EQ(*ReadAnalysis(noLanguage), ExampleModel());
 }
 
 // A Poisson ratio of 15 threes needs 17 columns, all that its field has. This is a flaw of the format and kept: the
@@ -144,7 +140,7 @@ TEST(WriteAnalysisInput, AValueThatFillsItsWidthTouchesTheOneBeforeIt) {
     model.Layers[1].PoissonRatio = 0.333333333333333;
     const std::string bytes = WriteAnalysisInput(model, UnitSystem::KnToMPa, EnglishBase);
     EXPECT_EQ(LinesOf(bytes)[9], "        350000.333333333333333                5               0");
-    EXPECT_FALSE(ReadBytes(bytes).Passed());
+    EXPECT_FALSE(ReadAnalysis(bytes).Passed());
 }
 
 TEST(WriteAnalysisInput, AValueLongerThanItsWidthStaysWhole) {
@@ -161,7 +157,7 @@ TEST(WriteAnalysisInput, ANameThatTheCodePageCannotHoldIsWrittenAsUtf8AndReadBac
     EXPECT_EQ(LinesOf(bytes)[1],
               "Stra\xC3\x9F"
               "e.bre");
-    EXPECT_EQ(*ReadBytes(bytes), model);
+    EXPECT_EQ(*ReadAnalysis(bytes), model);
 }
 
 TEST(WriteAnalysisInput, ReadingAndWritingAgainGivesTheSameBytes) {
@@ -181,7 +177,7 @@ TEST(WriteAnalysisInput, ReadingAndWritingAgainGivesTheSameBytes) {
     for (const UnitSystem units : {UnitSystem::KgfToKgf, UnitSystem::KgfToMPa, UnitSystem::KnToMPa}) {
         for (const Int16 base : {JapaneseBase, EnglishBase}) {
             const std::string bytes = WriteAnalysisInput(model, units, base);
-            const AnalysisInputResult result = ReadBytes(bytes);
+            const AnalysisInputResult result = ReadAnalysis(bytes);
             ASSERT_TRUE(result.Passed()) << FindingText(result.Failure().First);
             EXPECT_EQ(WriteAnalysisInput(*result, units, base), bytes);
         }
@@ -202,7 +198,7 @@ TEST(WriteAnalysisInput, AFullModelIsReadBackAsItIs) {
     for (int i = 1; i <= 10000; ++i) {
         model.Points[i] = {static_cast<Int16>(1 + i % 100), i * 0.5, i * -0.25, (i % 100) * 2.0};
     }
-    const AnalysisInputResult result = ReadBytes(WriteAnalysisInput(model, UnitSystem::KnToMPa, JapaneseBase));
+    const AnalysisInputResult result = ReadAnalysis(WriteAnalysisInput(model, UnitSystem::KnToMPa, JapaneseBase));
     ASSERT_TRUE(result.Passed()) << FindingText(result.Failure().First);
     EXPECT_EQ(*result, model);
 }

@@ -5,6 +5,7 @@
 
 #include "pavement/graphics_example.h"
 #include "pavement/graphics_input.h"
+#include "pavement/read_bytes.h"
 #include "text/catalogue.h"
 
 namespace zirvo {
@@ -15,12 +16,7 @@ using test::ExampleData;
 using test::ExampleVen;
 using test::Replaced;
 
-GraphicsInputResult Read(const std::string& bytes) {
-    std::istringstream stream(bytes);
-    return ReadGraphicsInput(stream);
-}
-
-std::vector<std::string> Check(const std::string& bytes) {
+std::vector<std::string> CheckGraphics(const std::string& bytes) {
     std::istringstream stream(bytes);
     std::vector<std::string> texts;
     for (const Finding& finding : CheckGraphicsInput(stream)) {
@@ -34,27 +30,15 @@ std::string FileOf(const std::string& counts, const std::string& layers, const s
     return "heading\r\n" + counts + "\r\n\r\nheading\r\nheading\r\n" + layers + "\r\nheading\r\nheading\r\n" + loads;
 }
 
-std::string Repeat(const std::string& row, int count) {
-    std::string rows;
-    for (int i = 0; i < count; ++i) {
-        rows += row;
-    }
-    return rows;
-}
-
-const char* const Layer = "1000 0.35 10 0\r\n";
-const char* const LastLayer = "100 0.4\r\n";
-const char* const Load = "49 15 0 0 0 0\r\n";
-
 /// What the user is told, and where the focus goes: to QUIT for wrong values, nowhere for a file that does not read.
 void ExpectRefused(const std::string& bytes, Error error, const std::string& finding) {
-    const GraphicsInputResult result = Read(bytes);
+    const GraphicsInputResult result = ReadGraphics(bytes);
     EXPECT_EQ(result.Failure().Error, error) << FindingText(result.Failure().First);
     EXPECT_EQ(result.Failure().Focus,
               error == Error::ReadFailed ? ImportFocus::FocusUnchanged : ImportFocus::FocusQuit);
     EXPECT_FALSE(result.Passed());
     EXPECT_EQ(FindingText(result.Failure().First), finding);
-    const std::vector<std::string> all = Check(bytes);
+    const std::vector<std::string> all = CheckGraphics(bytes);
     ASSERT_FALSE(all.empty()) << "what the reader refuses the check must name";
     EXPECT_EQ(all.front(), finding);
 }
@@ -62,10 +46,10 @@ void ExpectRefused(const std::string& bytes, Error error, const std::string& fin
 const std::string NoNumber = "is not a number of the kind that belongs here, or two numbers touch";
 
 TEST(ReadGraphicsInput, TheExampleReads) {
-    const GraphicsInputResult result = Read(ExampleVen());
+    const GraphicsInputResult result = ReadGraphics(ExampleVen());
     ASSERT_TRUE(result.Passed()) << FindingText(result.Failure().First);
     EXPECT_EQ(*result, ExampleData());
-    EXPECT_TRUE(Check(ExampleVen()).empty());
+    EXPECT_TRUE(CheckGraphics(ExampleVen()).empty());
 }
 
 TEST(ReadGraphicsInput, EachResultHasItsMessage) {
@@ -77,7 +61,7 @@ TEST(ReadGraphicsInput, EachResultHasItsMessage) {
 
 TEST(ReadGraphicsInput, AFileOfTheOtherLanguageReads) {
     const std::string japanese = WriteGraphicsInput(ExampleData(), UnitSystem::KnToMPa, JapaneseBase);
-    EXPECT_EQ(*Read(japanese), ExampleData());
+    EXPECT_EQ(*ReadGraphics(japanese), ExampleData());
 }
 
 TEST(ReadGraphicsInput, ReadsTheFileOfAPath) {
@@ -98,14 +82,14 @@ TEST(ReadGraphicsInput, AFileThatCannotBeOpenedIsAQuietFailure) {
 }
 
 TEST(ReadGraphicsInput, ARowBrokenOverLinesReadsAsIfItStoodOnOne) {
-    EXPECT_EQ(*Read(FileOf("2\r\n\r\n1", "35000\r\n0.35\r\n5 0 1000\r\n0.4\r\n", "5000 15\r\n0 0\r\n0 0\r\n")),
+    EXPECT_EQ(*ReadGraphics(FileOf("2\r\n\r\n1", "35000\r\n0.35\r\n5 0 1000\r\n0.4\r\n", "5000 15\r\n0 0\r\n0 0\r\n")),
               ExampleData());
 }
 
 TEST(ReadGraphicsInput, HeadingsMayBeAnythingThatIsOneLineWithoutAComma) {
-    EXPECT_TRUE(Read(Replaced(ExampleVen(), "LOAD POINT", "")).Passed());
-    EXPECT_TRUE(Read(Replaced(ExampleVen(), "LAYERS", "道路")).Passed());
-    EXPECT_TRUE(Read(Replaced(ExampleVen(), "LOAD POINT", "\"in quotes, with a comma\"")).Passed());
+    EXPECT_TRUE(ReadGraphics(Replaced(ExampleVen(), "LOAD POINT", "")).Passed());
+    EXPECT_TRUE(ReadGraphics(Replaced(ExampleVen(), "LAYERS", "道路")).Passed());
+    EXPECT_TRUE(ReadGraphics(Replaced(ExampleVen(), "LOAD POINT", "\"in quotes, with a comma\"")).Passed());
 }
 
 TEST(ReadGraphicsInput, ACommaInAHeadingShiftsTheRestOfTheRead) {
@@ -115,31 +99,31 @@ TEST(ReadGraphicsInput, ACommaInAHeadingShiftsTheRestOfTheRead) {
 }
 
 TEST(ReadGraphicsInput, WhatStandsBehindTheLastLoadDoesNotMatter) {
-    EXPECT_EQ(*Read(ExampleVen() + "anything, \"at all"), ExampleData());
+    EXPECT_EQ(*ReadGraphics(ExampleVen() + "anything, \"at all"), ExampleData());
 }
 
 TEST(ReadGraphicsInput, ACountOfZeroIsInvalid) {
-    ExpectRefused(FileOf("0 1", "", Load), Error::CountsInvalid, "counts, LayerCount 0: is 0");
-    ExpectRefused(FileOf("1 0", LastLayer, ""), Error::CountsInvalid, "counts, LoadCount 0: is 0");
+    ExpectRefused(FileOf("0 1", "", LoadRow), Error::CountsInvalid, "counts, LayerCount 0: is 0");
+    ExpectRefused(FileOf("1 0", LastLayerRow, ""), Error::CountsInvalid, "counts, LoadCount 0: is 0");
 }
 
 TEST(ReadGraphicsInput, TheThreeTextsBehindTheCountsAreReadBeforeTheCountsAreJudged) {
-    EXPECT_EQ(Read("heading\r\n0 0\r\n\r\nheading\r\nheading\r\n").Failure().Error, Error::CountsInvalid);
-    EXPECT_EQ(Read("heading\r\n0 0\r\n\r\nheading\r\n").Failure().Error, Error::ReadFailed);
-    EXPECT_EQ(Read("heading\r\n0 0\r\n").Failure().Error, Error::ReadFailed);
+    EXPECT_EQ(ReadGraphics("heading\r\n0 0\r\n\r\nheading\r\nheading\r\n").Failure().Error, Error::CountsInvalid);
+    EXPECT_EQ(ReadGraphics("heading\r\n0 0\r\n\r\nheading\r\n").Failure().Error, Error::ReadFailed);
+    EXPECT_EQ(ReadGraphics("heading\r\n0 0\r\n").Failure().Error, Error::ReadFailed);
 }
 
 TEST(ReadGraphicsInput, NegativeCountsAndThoseBeyondSixteenBitsFailQuietly) {
-    ExpectRefused(FileOf("-1 1", LastLayer, Load), Error::ReadFailed, "counts, LayerCount -1: is below 0");
-    ExpectRefused(FileOf("0 -1", LastLayer, Load), Error::ReadFailed, "counts, LoadCount -1: is below 0");
-    ExpectRefused(FileOf("40000 1", LastLayer, Load), Error::ReadFailed,
+    ExpectRefused(FileOf("-1 1", LastLayerRow, LoadRow), Error::ReadFailed, "counts, LayerCount -1: is below 0");
+    ExpectRefused(FileOf("0 -1", LastLayerRow, LoadRow), Error::ReadFailed, "counts, LoadCount -1: is below 0");
+    ExpectRefused(FileOf("40000 1", LastLayerRow, LoadRow), Error::ReadFailed,
                   "counts, LayerCount: is outside -32768 to 32767");
-    ExpectRefused(FileOf("1.0 1", LastLayer, Load), Error::ReadFailed, "counts, LayerCount: " + NoNumber);
+    ExpectRefused(FileOf("1.0 1", LastLayerRow, LoadRow), Error::ReadFailed, "counts, LayerCount: " + NoNumber);
 }
 
 TEST(ReadGraphicsInput, LimitsThemselvesPassAndBeyondThemTheLayerFails) {
-    EXPECT_TRUE(Read(FileOf("2 1", "1 0.5 1e-9 0.99\r\n" + std::string(LastLayer), Load)).Passed());
-    EXPECT_TRUE(Read(FileOf("2 1", "1 0.3 10 0\r\n1 0.5\r\n", Load)).Passed());
+    EXPECT_TRUE(ReadGraphics(FileOf("2 1", "1 0.5 1e-9 0.99\r\n" + std::string(LastLayerRow), LoadRow)).Passed());
+    EXPECT_TRUE(ReadGraphics(FileOf("2 1", "1 0.3 10 0\r\n1 0.5\r\n", LoadRow)).Passed());
     struct Row {
         const char* Layers;
         const char* Finding;
@@ -152,35 +136,36 @@ TEST(ReadGraphicsInput, LimitsThemselvesPassAndBeyondThemTheLayerFails) {
                            Row{"1 0.4 0 0\r\n1 0.4", "layer 1, Thickness 0: is not above 0"},
                            Row{"1 0.4 10 0\r\n1 0.51", "layer 2, PoissonRatio 0.51: is above 0.5"},
                            Row{"1 0.4 10 0\r\n-1 0.4", "layer 2, Modulus -1: is not above 0"}}) {
-        ExpectRefused(FileOf("2 1", row.Layers + std::string("\r\n"), Load), Error::LayerInvalid, row.Finding);
+        ExpectRefused(FileOf("2 1", row.Layers + std::string("\r\n"), LoadRow), Error::LayerInvalid, row.Finding);
     }
 }
 
 TEST(ReadGraphicsInput, ALoadNeedsARadiusAndOneOfItsTwoForces) {
-    EXPECT_TRUE(Read(FileOf("1 1", LastLayer, "0 15 0 0 10 0\r\n")).Passed());
-    EXPECT_TRUE(Read(FileOf("1 1", LastLayer, "-5 15 -1E9 1E9 0 -720\r\n")).Passed());
-    ExpectRefused(FileOf("1 1", LastLayer, "0 15 0 0 0 0\r\n"), Error::LoadInvalid,
+    EXPECT_TRUE(ReadGraphics(FileOf("1 1", LastLayerRow, "0 15 0 0 10 0\r\n")).Passed());
+    EXPECT_TRUE(ReadGraphics(FileOf("1 1", LastLayerRow, "-5 15 -1E9 1E9 0 -720\r\n")).Passed());
+    ExpectRefused(FileOf("1 1", LastLayerRow, "0 15 0 0 0 0\r\n"), Error::LoadInvalid,
                   "load 1, VerticalLoad 0: is 0, and so is HorizontalLoad: the load does nothing");
-    ExpectRefused(FileOf("1 1", LastLayer, "5 0 0 0 5 0\r\n"), Error::LoadInvalid, "load 1, Radius 0: is not above 0");
-    ExpectRefused(FileOf("1 1", LastLayer, "5 -15 0 0 5 0\r\n"), Error::LoadInvalid,
+    ExpectRefused(FileOf("1 1", LastLayerRow, "5 0 0 0 5 0\r\n"), Error::LoadInvalid,
+                  "load 1, Radius 0: is not above 0");
+    ExpectRefused(FileOf("1 1", LastLayerRow, "5 -15 0 0 5 0\r\n"), Error::LoadInvalid,
                   "load 1, Radius -15: is not above 0");
 }
 
 TEST(ReadGraphicsInput, TheFirstFailureDecidesAndLaterRowsAreNotRead) {
     ExpectRefused(FileOf("3 1", "1 0.6 10 0\r\nrubbish", ""), Error::LayerInvalid,
                   "layer 1, PoissonRatio 0.6: is above 0.5");
-    ExpectRefused(FileOf("1 2", LastLayer, "0 0 0 0 0 0\r\nrubbish"), Error::LoadInvalid,
+    ExpectRefused(FileOf("1 2", LastLayerRow, "0 0 0 0 0 0\r\nrubbish"), Error::LoadInvalid,
                   "load 1, VerticalLoad 0: is 0, and so is HorizontalLoad: the load does nothing");
 }
 
 TEST(ReadGraphicsInput, AHundredRowsAreReadAndTheHundredAndFirstStopsWithoutAWord) {
-    EXPECT_TRUE(Read(FileOf("100 100", Repeat(Layer, 99) + LastLayer, Repeat(Load, 100))).Passed());
-    ExpectRefused(FileOf("101 1", Repeat(Layer, 100) + LastLayer, Load), Error::ReadFailed,
+    EXPECT_TRUE(ReadGraphics(FileOf("100 100", Repeat(LayerRow, 99) + LastLayerRow, Repeat(LoadRow, 100))).Passed());
+    ExpectRefused(FileOf("101 1", Repeat(LayerRow, 100) + LastLayerRow, LoadRow), Error::ReadFailed,
                   "layer 101: more rows than an analysis can have");
-    ExpectRefused(FileOf("1 101", LastLayer, Repeat(Load, 101)), Error::ReadFailed,
+    ExpectRefused(FileOf("1 101", LastLayerRow, Repeat(LoadRow, 101)), Error::ReadFailed,
                   "load 101: more rows than an analysis can have");
     // It stops at the row, not at the count: an earlier row that fails is told.
-    ExpectRefused(FileOf("101 1", "1 0.6 1 0\r\n" + Repeat(Layer, 99) + LastLayer, Load), Error::LayerInvalid,
+    ExpectRefused(FileOf("101 1", "1 0.6 1 0\r\n" + Repeat(LayerRow, 99) + LastLayerRow, LoadRow), Error::LayerInvalid,
                   "layer 1, PoissonRatio 0.6: is above 0.5");
 }
 
@@ -195,30 +180,30 @@ TEST(ReadGraphicsInput, AFileCutAtAnyByteReadsOrFailsQuietly) {
     const std::string whole = ExampleVen();
     const std::size_t lastNumber = whole.rfind('0');
     for (std::size_t length = 0; length < whole.size(); ++length) {
-        const GraphicsInputResult result = Read(whole.substr(0, length));
+        const GraphicsInputResult result = ReadGraphics(whole.substr(0, length));
         if (length > lastNumber) {
             EXPECT_EQ(*result, ExampleData());
         } else {
             // Nowhere in the example does a cut number end as a value that a rule refuses and more follows.
             EXPECT_FALSE(result.Passed()) << length;
         }
-        EXPECT_EQ(Check(whole.substr(0, length)).empty(), result.Passed()) << length;
+        EXPECT_EQ(CheckGraphics(whole.substr(0, length)).empty(), result.Passed()) << length;
     }
 }
 
 TEST(CheckGraphicsInput, NamesEveryFailingRowAndValue) {
     EXPECT_EQ(
-        Check(FileOf("2 2", "0 0.6 10 1\r\n1 0\r\n", "5 0 0 0 0 0\r\n0 15 0 0 0 0\r\n")),
+        CheckGraphics(FileOf("2 2", "0 0.6 10 1\r\n1 0\r\n", "5 0 0 0 0 0\r\n0 15 0 0 0 0\r\n")),
         (std::vector<std::string>{"layer 1, Modulus 0: is not above 0", "layer 1, PoissonRatio 0.6: is above 0.5",
                                   "layer 1, SlipRate 1: is above 0.99", "layer 2, PoissonRatio 0: is not above 0",
                                   "load 1, Radius 0: is not above 0",
                                   "load 2, VerticalLoad 0: is 0, and so is HorizontalLoad: the load does nothing"}));
-    EXPECT_EQ(Check(FileOf("0 0", "", "")),
+    EXPECT_EQ(CheckGraphics(FileOf("0 0", "", "")),
               (std::vector<std::string>{"counts, LayerCount 0: is 0", "counts, LoadCount 0: is 0"}));
 }
 
 TEST(CheckGraphicsInput, GoesOnUntilTheFileCannotBeToldApart) {
-    EXPECT_EQ(Check(FileOf("2 1", "1 0.6 10 0\r\nrubbish", Load)),
+    EXPECT_EQ(CheckGraphics(FileOf("2 1", "1 0.6 10 0\r\nrubbish", LoadRow)),
               (std::vector<std::string>{"layer 1, PoissonRatio 0.6: is above 0.5", "layer 2, Modulus: " + NoNumber}));
 }
 

@@ -8,6 +8,7 @@
 #include "pavement/analysis_input.h"
 #include "pavement/graphics_example.h"
 #include "pavement/graphics_input.h"
+#include "pavement/read_bytes.h"
 #include "platform/files.h"
 #include "platform/in_child.h"
 #include "text/catalogue.h"
@@ -22,11 +23,6 @@ using test::ExampleVen;
 std::vector<std::string> Written(const GraphicsInputData& data, UnitSystem units = UnitSystem::KgfToKgf,
                                  Int16 base = EnglishBase) {
     return CrLfLines(WriteGraphicsInput(data, units, base));
-}
-
-GraphicsInputResult ReadBytes(const std::string& bytes) {
-    std::istringstream stream(bytes);
-    return ReadGraphicsInput(stream);
 }
 
 TEST(WriteGraphicsInput, TheExampleComesOutByteForByte) {
@@ -90,7 +86,7 @@ TEST(WriteGraphicsInput, AValueThatFillsItsWidthTouchesTheOneBeforeItAndIsNotRea
     data.Layers[1].PoissonRatio = 0.333333333333333;
     const std::string bytes = WriteGraphicsInput(data, UnitSystem::KgfToKgf, EnglishBase);
     EXPECT_EQ(CrLfLines(bytes)[5], "        350000.333333333333333                5               0");
-    EXPECT_FALSE(ReadBytes(bytes).Passed());
+    EXPECT_FALSE(ReadGraphics(bytes).Passed());
 }
 
 TEST(WriteGraphicsInput, ReadingAndWritingAgainGivesTheSameBytes) {
@@ -105,7 +101,7 @@ TEST(WriteGraphicsInput, ReadingAndWritingAgainGivesTheSameBytes) {
     for (const UnitSystem units : {UnitSystem::KgfToKgf, UnitSystem::KgfToMPa, UnitSystem::KnToMPa}) {
         for (const Int16 base : {JapaneseBase, EnglishBase}) {
             const std::string bytes = WriteGraphicsInput(data, units, base);
-            const GraphicsInputResult result = ReadBytes(bytes);
+            const GraphicsInputResult result = ReadGraphics(bytes);
             ASSERT_TRUE(result.Passed()) << FindingText(result.Failure().First);
             EXPECT_EQ(WriteGraphicsInput(*result, units, base), bytes);
         }
@@ -122,7 +118,7 @@ TEST(WriteGraphicsInput, AFullDataSetIsReadBackAsItIs) {
     }
     data.Layers[100].Thickness = 0;
     data.Layers[100].SlipRate = 0;
-    const GraphicsInputResult result = ReadBytes(WriteGraphicsInput(data, UnitSystem::KnToMPa, JapaneseBase));
+    const GraphicsInputResult result = ReadGraphics(WriteGraphicsInput(data, UnitSystem::KnToMPa, JapaneseBase));
     ASSERT_TRUE(result.Passed()) << FindingText(result.Failure().First);
     EXPECT_EQ(*result, data);
 }

@@ -6,15 +6,10 @@
 
 #include "base/utf8.h"
 #include "platform/code_page.h"
+#include "platform/code_page_bytes.h"
 
 namespace zirvo {
 namespace {
-
-const std::string Bad = "\uFFFD";
-
-std::string Pair(unsigned lead, unsigned trail) {
-    return {static_cast<char>(lead), static_cast<char>(trail)};
-}
 
 /// The text in one encoding as the system's converter has it in another; empty where it lacks a character.
 std::string BySystem(const char* to, const char* from, std::string text) {

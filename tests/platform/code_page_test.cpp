@@ -7,14 +7,10 @@
 #include <utility>
 #include <vector>
 
+#include "platform/code_page_bytes.h"
+
 namespace zirvo {
 namespace {
-
-const std::string Bad = "\uFFFD";
-
-std::string Pair(unsigned lead, unsigned trail) {
-    return {static_cast<char>(lead), static_cast<char>(trail)};
-}
 
 TEST(CodePage, AsciiIsItself) {
     for (char c = 0; c >= 0 && c < 127; ++c) {

@@ -13,8 +13,6 @@
 namespace zirvo::solver {
 namespace {
 
-constexpr double Pi = 3.14159265358979323846;
-
 Problem HalfSpaceOf(double modulus, double nu) {
     Problem problem;
     problem.Layers = {{modulus, nu, 0, 0}};

@@ -9,8 +9,6 @@
 namespace zirvo::solver {
 namespace {
 
-constexpr double Pi = 3.14159265358979323846;
-
 TEST(Mechanics, OneMaterialCutIntoManyLayersIsOneLayer) {
     Problem one;
     one.Layers = {{400, 0.3, 0, 0}};

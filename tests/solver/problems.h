@@ -1,12 +1,15 @@
 // Pavements and helpers that several tests of the theory share.
 #pragma once
 #include <array>
+#include <numbers>
 #include <vector>
 
 #include "solver/engine.h"
 #include "solver/solve.h"
 
 namespace zirvo::solver {
+
+inline constexpr double Pi = std::numbers::pi;
 
 /// Three layers, E 5000, 300, 50 MPa, nu 0.35, 0.35, 0.40, h 15, 30 cm, with one slip rate at both interfaces; no loads
 /// yet.

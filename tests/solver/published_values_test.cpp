@@ -6,8 +6,6 @@
 namespace zirvo::solver {
 namespace {
 
-constexpr double Pi = 3.14159265358979323846;
-
 // The single wheel of the European AMADEUS project (final report, 2000), rounded as printed there: 0.7 MPa on a radius
 // of 15.08 cm; E 5000, 200, 50 MPa, nu 0.35, 0.40, 0.45, h 26, 50 cm, full bond. Strains in micro.
 TEST(PublishedValues, SingleWheelOfTheAmadeusProject) {

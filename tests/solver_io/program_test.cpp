@@ -1,8 +1,6 @@
 // ZIRVO_SV12.EXE as the front end starts it: in a folder, without arguments, its streams on the null device.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "solver_io/support.h"
@@ -12,18 +10,13 @@ namespace {
 
 using namespace test;
 
-const std::string Program = std::string("'") + ZIRVO_BIN + "/ZIRVO_SV12.EXE'";
-
-int ExitCodeOf(const std::string& command) {
-    const int status = std::system(command.c_str());
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
+const std::string AnalysisCommand = std::string("'") + ZIRVO_BIN + "/ZIRVO_SV12.EXE'";
 
 int ExitCodeOnNullDevice() {
-    return ExitCodeOf(Program + " </dev/null >/dev/null 2>/dev/null");
+    return ExitCodeOf(AnalysisCommand + " </dev/null >/dev/null 2>/dev/null");
 }
 
-void Prepare(const std::string& input) {
+void PrepareAnalysis(const std::string& input) {
     WriteBytes("Initial_File", Lines({"LANGUAGE PREFERENCE", " 2 ", "", "INPUT/OUTPUT UNITS OF MEASUREMENT", " 3 ", "",
                                       "INPUT FILENAME", "Untitled.eva"}));
     WriteBytes("Untitled.eva", input);
@@ -37,7 +30,7 @@ TEST(SolverProgram, WithoutAControlFileTheCodeIsTwo) {
 
 TEST(SolverProgram, SolvesAnInputAndLeavesItsReports) {
     const OwnFolder folder;
-    Prepare(Example());
+    PrepareAnalysis(Example());
     EXPECT_EQ(ExitCodeOnNullDevice(), 0);
     EXPECT_NE(ReadBytes("Untitled.bre").find("   END OF REPORT\r\n"), std::string::npos);
     EXPECT_NE(ReadBytes("Untitled.san").find("   END OF REPORT\r\n"), std::string::npos);
@@ -51,7 +44,7 @@ TEST(SolverProgram, AHalfSpaceHasTheHandComputedPressureAndDeflection) {
     lines.erase(lines.begin() + 9);
     lines[5] = "  1         1          1";
     lines.back() = "    1               0            0            0";
-    Prepare(Lines(lines));
+    PrepareAnalysis(Lines(lines));
     EXPECT_EQ(ExitCodeOnNullDevice(), 0);
     const std::string report = ReadBytes("Untitled.bre");
     const std::size_t row = report.find("  1    0.000    0.000    0.000");
@@ -62,28 +55,28 @@ TEST(SolverProgram, AHalfSpaceHasTheHandComputedPressureAndDeflection) {
 
 TEST(SolverProgram, BadInputEndsInCodeOneWithAReportAndALineOnStandardError) {
     const OwnFolder folder;
-    Prepare(ExampleWith(11, "1000 0.6"));
-    EXPECT_EQ(ExitCodeOf(Program + " 2>messages"), 1);
+    PrepareAnalysis(ExampleWith(11, "1000 0.6"));
+    EXPECT_EQ(ExitCodeOf(AnalysisCommand + " 2>messages"), 1);
     EXPECT_EQ(ReadBytes("messages"), "Untitled.eva: layer 2 (line 11): Poisson ratio 0.6: must be at most 0.5\n");
     EXPECT_NE(ReadBytes("Untitled.bre").find("   VALUE: Poisson ratio 0.6\r\n"), std::string::npos);
 }
 
 TEST(SolverProgram, WorksWithItsStandardStreamsClosed) {
     const OwnFolder folder;
-    Prepare(Example());
-    EXPECT_EQ(ExitCodeOf(Program + " <&- >&- 2>&-"), 0);
-    Prepare(ExampleWith(11, "1000 0.6"));
-    EXPECT_EQ(ExitCodeOf(Program + " <&- >&- 2>&-"), 1);
+    PrepareAnalysis(Example());
+    EXPECT_EQ(ExitCodeOf(AnalysisCommand + " <&- >&- 2>&-"), 0);
+    PrepareAnalysis(ExampleWith(11, "1000 0.6"));
+    EXPECT_EQ(ExitCodeOf(AnalysisCommand + " <&- >&- 2>&-"), 1);
     EXPECT_EQ(ReadBytes("Untitled.eva"), ExampleWith(11, "1000 0.6"));
 }
 
 TEST(SolverProgram, TakesNoArgumentsButHelpAndVersion) {
     const OwnFolder folder;
-    EXPECT_EQ(ExitCodeOf(Program + " --version >out"), 0);
+    EXPECT_EQ(ExitCodeOf(AnalysisCommand + " --version >out"), 0);
     EXPECT_EQ(ReadBytes("out"), "ZIRVO_SV12 2.3\n");
-    EXPECT_EQ(ExitCodeOf(Program + " --help >out"), 0);
+    EXPECT_EQ(ExitCodeOf(AnalysisCommand + " --help >out"), 0);
     EXPECT_NE(ReadBytes("out").find("usage: "), std::string::npos);
-    EXPECT_EQ(ExitCodeOf(Program + " Untitled.eva 2>out"), 2);
+    EXPECT_EQ(ExitCodeOf(AnalysisCommand + " Untitled.eva 2>out"), 2);
     EXPECT_NE(ReadBytes("out").find("usage: "), std::string::npos);
 }
 

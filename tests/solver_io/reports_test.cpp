@@ -17,9 +17,6 @@ namespace {
 
 using namespace test;
 
-constexpr std::array Languages{Language::Japanese, Language::English};
-constexpr std::array AllUnits{UnitSystem::KgfToKgf, UnitSystem::KgfToMpa, UnitSystem::KnToMpa};
-
 /// A problem with as much of everything as fits, and with whatever makes lines long or blank.
 ReportData CrowdedData(Language language) {
     ReportData data;

@@ -1,8 +1,6 @@
 // ZIRVO_SV22.exe as the front end starts it: in a folder, without arguments, its streams on the null device.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <sstream>
 
@@ -13,14 +11,9 @@ namespace {
 
 using namespace test;
 
-const std::string Program = std::string("'") + ZIRVO_BIN + "/ZIRVO_SV22.exe'";
+const std::string SectionCommand = std::string("'") + ZIRVO_BIN + "/ZIRVO_SV22.exe'";
 
-int ExitCodeOf(const std::string& command) {
-    const int status = std::system(command.c_str());
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-void Prepare(const std::string& point) {
+void PrepareSection(const std::string& point) {
     WriteBytes("Initial_File", Lines({"LANGUAGE PREFERENCE", " 2 ", "", "INPUT/OUTPUT UNITS OF MEASUREMENT", " 3 ", "",
                                       "Input FileName", "ZIRVO_SV.EVA"}));
     std::vector<std::string> lines = SplitLines(Example());
@@ -34,7 +27,7 @@ void Prepare(const std::string& point) {
 
 TEST(SectionProgram, WithoutAControlFileTheCodeIsTwo) {
     const OwnFolder folder;
-    EXPECT_EQ(ExitCodeOf(Program + " </dev/null >/dev/null 2>/dev/null"), 2);
+    EXPECT_EQ(ExitCodeOf(SectionCommand + " </dev/null >/dev/null 2>/dev/null"), 2);
     EXPECT_TRUE(std::filesystem::is_empty("."));
 }
 
@@ -43,8 +36,8 @@ TEST(SectionProgram, WithoutAControlFileTheCodeIsTwo) {
 // EPSz = -(1 + nu) (1 - 2 nu) p / E = -1.4 * 0.2 * 0.6932 / 1000 = -194.1 micro.
 TEST(SectionProgram, AHalfSpaceHasTheHandComputedValues) {
     const OwnFolder folder;
-    Prepare("    1               0            0            0");
-    EXPECT_EQ(ExitCodeOf(Program + " </dev/null >/dev/null 2>/dev/null"), 0);
+    PrepareSection("    1               0            0            0");
+    EXPECT_EQ(ExitCodeOf(SectionCommand + " </dev/null >/dev/null 2>/dev/null"), 0);
     // Title, empty, units, empty, heading, one layer, and four more.
     std::istringstream row(SplitLines(ReadBytes("ZIRVO_SV.BRE")).at(10));
     std::vector<double> numbers;
@@ -60,26 +53,26 @@ TEST(SectionProgram, AHalfSpaceHasTheHandComputedValues) {
 
 TEST(SectionProgram, ANegativeDepthIsTheSurface) {
     const OwnFolder folder;
-    Prepare("    1               0            0           -5");
-    EXPECT_EQ(ExitCodeOf(Program), 0);
+    PrepareSection("    1               0            0           -5");
+    EXPECT_EQ(ExitCodeOf(SectionCommand), 0);
     EXPECT_EQ(SplitLines(ReadBytes("ZIRVO_SV.BRE")).at(10).substr(24, 12), "      0.0000");
 }
 
 TEST(SectionProgram, BadInputEndsInCodeOneWithAReportAndALineOnStandardError) {
     const OwnFolder folder;
-    Prepare("    9               0            0            0");
-    EXPECT_EQ(ExitCodeOf(Program + " 2>messages"), 1);
+    PrepareSection("    9               0            0            0");
+    EXPECT_EQ(ExitCodeOf(SectionCommand + " 2>messages"), 1);
     EXPECT_EQ(ReadBytes("messages"), "ZIRVO_SV.EVA: point of interest 1 (line 17): layer number 9: must be 0 to 1\n");
     EXPECT_NE(ReadBytes("ZIRVO_SV.BRE").find("   VALUE: layer number 9\r\n"), std::string::npos);
 }
 
 TEST(SectionProgram, TakesNoArgumentsButHelpAndVersion) {
     const OwnFolder folder;
-    EXPECT_EQ(ExitCodeOf(Program + " --version >out"), 0);
+    EXPECT_EQ(ExitCodeOf(SectionCommand + " --version >out"), 0);
     EXPECT_EQ(ReadBytes("out"), "ZIRVO_SV22 2.3\n");
-    EXPECT_EQ(ExitCodeOf(Program + " --help >out"), 0);
+    EXPECT_EQ(ExitCodeOf(SectionCommand + " --help >out"), 0);
     EXPECT_EQ(ReadBytes("out").find("usage: ZIRVO_SV22.exe\n"), 0U);
-    EXPECT_EQ(ExitCodeOf(Program + " ZIRVO_SV.EVA 2>out"), 2);
+    EXPECT_EQ(ExitCodeOf(SectionCommand + " ZIRVO_SV.EVA 2>out"), 2);
     EXPECT_EQ(ReadBytes("out").find("usage: ZIRVO_SV22.exe\n"), 0U);
 }
 

@@ -19,8 +19,6 @@ namespace {
 
 using namespace test;
 
-constexpr std::array Languages{Language::Japanese, Language::English};
-constexpr std::array AllUnits{UnitSystem::KgfToKgf, UnitSystem::KgfToMpa, UnitSystem::KnToMpa};
 constexpr std::size_t NumbersOfRow = 18;
 
 /// Text fields in front of the layers: one more in English with unit system 1.

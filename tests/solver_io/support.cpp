@@ -1,5 +1,7 @@
 #include "solver_io/support.h"
 
+#include <sys/wait.h>
+
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -141,6 +143,11 @@ void ExpectGolden(const std::string& name, const std::string& bytes) {
     if (!same) {
         WriteBytes(golden.string() + ".new", bytes);
     }
+}
+
+int ExitCodeOf(const std::string& command) {
+    const int status = std::system(command.c_str());
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 }  // namespace zirvo::solver::test

@@ -3,6 +3,7 @@
 #pragma once
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -62,5 +63,11 @@ std::string ReadBytes(const std::filesystem::path& path);
 
 /// Compares with tests/data/reports/NAME; a difference is written beside it as NAME.new.
 void ExpectGolden(const std::string& name, const std::string& bytes);
+
+/// The exit code of a line of the shell; -1 if a signal ended it.
+int ExitCodeOf(const std::string& command);
+
+inline constexpr std::array Languages{Language::Japanese, Language::English};
+inline constexpr std::array AllUnits{UnitSystem::KgfToKgf, UnitSystem::KgfToMpa, UnitSystem::KnToMpa};
 
 }  // namespace zirvo::solver::test

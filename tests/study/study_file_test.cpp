@@ -10,7 +10,7 @@ std::string Vary(const std::string& what, const std::string& how) {
     return "[[vary]]\nwhat = \"" + what + "\"\n" + how + "\n";
 }
 
-std::vector<double> RowOf(const Study& study, std::uint64_t row) {
+std::vector<double> ValuesOfRow(const Study& study, std::uint64_t row) {
     std::vector<double> values;
     study.ValuesOf(row, values);
     return values;
@@ -22,10 +22,10 @@ TEST(StudyFiles, AGridIsEveryValueWithEveryOtherTheLastOneFastest) {
                                        Vary("layer  2   modulus", "from = 100\nto = 300\ncount = 3") +
                                        Vary("load 1 x", "from = 0\nto = 1\nstep = 0.25") + Keeps());
     EXPECT_EQ(study.Rows, 2U * 3 * 5);
-    EXPECT_EQ(RowOf(study, 0), (std::vector<double>{10, 100, 0}));
-    EXPECT_EQ(RowOf(study, 1), (std::vector<double>{10, 100, 0.25}));
-    EXPECT_EQ(RowOf(study, 5), (std::vector<double>{10, 200, 0}));
-    EXPECT_EQ(RowOf(study, 29), (std::vector<double>{20, 300, 1}));
+    EXPECT_EQ(ValuesOfRow(study, 0), (std::vector<double>{10, 100, 0}));
+    EXPECT_EQ(ValuesOfRow(study, 1), (std::vector<double>{10, 100, 0.25}));
+    EXPECT_EQ(ValuesOfRow(study, 5), (std::vector<double>{10, 200, 0}));
+    EXPECT_EQ(ValuesOfRow(study, 29), (std::vector<double>{20, 300, 1}));
     EXPECT_EQ(study.LabelOf(study.Vary[1]), "layer 2 modulus [MPa]");
     EXPECT_EQ(study.LabelOf(study.Keep[0]), "EPSx 2 [micro]");
 }
@@ -35,7 +35,7 @@ TEST(StudyFiles, ATableGivesItsRows) {
     folder.Put("t.csv", "layer 1 modulus,loads total\n3000,49\n4000,98\n");
     const Study study = folder.StudyOf(Head() + "table = \"t.csv\"\n" + Keeps());
     EXPECT_EQ(study.Rows, 2U);
-    EXPECT_EQ(RowOf(study, 1), (std::vector<double>{4000, 98}));
+    EXPECT_EQ(ValuesOfRow(study, 1), (std::vector<double>{4000, 98}));
     EXPECT_EQ(study.LabelOf(study.Vary[1]), "loads total [kN]");
 }
 
@@ -46,9 +46,9 @@ TEST(StudyFiles, ASampleDependsOnItsSeedAlone) {
                Vary("layer 1 modulus", "distribution = \"lognormal\"\nmean = 5000\ndeviation = 500") + Keeps();
     };
     const Study study = folder.StudyOf(text("7"));
-    EXPECT_EQ(RowOf(study, 3), RowOf(folder.StudyOf(text("7")), 3));
-    EXPECT_NE(RowOf(study, 3), RowOf(folder.StudyOf(text("8")), 3));
-    EXPECT_NE(RowOf(study, 3), RowOf(study, 4));
+    EXPECT_EQ(ValuesOfRow(study, 3), ValuesOfRow(folder.StudyOf(text("7")), 3));
+    EXPECT_NE(ValuesOfRow(study, 3), ValuesOfRow(folder.StudyOf(text("8")), 3));
+    EXPECT_NE(ValuesOfRow(study, 3), ValuesOfRow(study, 4));
 }
 
 TEST(StudyFiles, AnotherByteInAnyFileIsAnotherStudy) {
@@ -172,7 +172,7 @@ TEST(StudyFiles, ASampleWhoseEndsAreGoodIsReadWithoutDrawingItsThousandMillionRo
                        Vary("layer 1 modulus", "distribution = \"normal\"\nmean = 5000\ndeviation = 500") +
                        Vary("layer 1 poisson", "distribution = \"uniform\"\nfrom = 0\nto = 0.5") + Keeps());
     EXPECT_EQ(study.Rows, MostRows);
-    EXPECT_GT(RowOf(study, MostRows - 1).front(), 0);
+    EXPECT_GT(ValuesOfRow(study, MostRows - 1).front(), 0);
 }
 
 /// Cut at every byte a study is read or refused, and never more than that.

@@ -15,7 +15,7 @@
 namespace zirvo {
 namespace {
 
-constexpr double Largest = std::numeric_limits<double>::max();
+constexpr double LargestDouble = std::numeric_limits<double>::max();
 
 /// A stream of fields over a text.
 struct Fields {
@@ -292,7 +292,7 @@ TEST(NumberField, FieldAfterABadOneIsStillReached) {
 
 TEST(NumberField, MagnitudeBeyondADoubleIsTheLargestDouble) {
     Fields fields("1E400 -1E400 1E-400 1E99999999999999999999");
-    for (const double expected : {Largest, -Largest, 0.0, Largest}) {
+    for (const double expected : {LargestDouble, -LargestDouble, 0.0, LargestDouble}) {
         EXPECT_EQ(fields.Number(), expected);
     }
 }

@@ -24,7 +24,7 @@ Qt::Alignment ToQt(forms::Alignment alignment) {
 constexpr int FieldMargin = 4;
 
 /// A path with a place to break behind each separator: a long one is wrapped like words, not cut off.
-QString Breakable(QString path) {
+QString BreakablePath(QString path) {
     constexpr QChar zeroWidthSpace(0x200B);
     for (const QChar separator : {QChar('/'), QChar('\\')}) {
         path.replace(separator, QString(separator) + zeroWidthSpace);
@@ -80,7 +80,8 @@ bool LabelBinding::IsOneLine() const {
 std::optional<TextInBox> LabelBinding::TextToFit() const {
     const QString text = ToQt(label_.Caption.Get());
     if (LooksLikeField() && label_.Align == forms::Alignment::Left) {
-        return TextInBox{.Text = Breakable(text), .Room = Place().size() - QSize(2 * FieldMargin, 0), .Wrapped = true};
+        return TextInBox{
+            .Text = BreakablePath(text), .Room = Place().size() - QSize(2 * FieldMargin, 0), .Wrapped = true};
     }
     // Headings stand side by side in boxes that touch.
     constexpr int gap = 4;
@@ -94,7 +95,7 @@ void LabelBinding::ShowAsTextField() {
     shown_.setContentsMargins(margin, 0, margin, 0);
     const QString text = ToQt(label_.Caption.Get());
     const bool fits = shown_.fontMetrics().horizontalAdvance(text) <= Place().width() - 2 * margin;
-    shown_.setText(fits ? text : Breakable(text));
+    shown_.setText(fits ? text : BreakablePath(text));
     shown_.setToolTip(fits ? QString() : text);
 }
 

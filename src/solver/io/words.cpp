@@ -16,7 +16,7 @@ struct WordRow {
     std::string_view Japanese;
 };
 
-constexpr std::array Table{
+constexpr std::array WordTable{
     WordRow{Word::None, "", ""},
     // Heads and tails of the reports
     WordRow{Word::TitleResults, "MULTI-LAYERED ELASTIC ANALYSIS - RESULTS", "多層弾性解析 - 計算結果"},
@@ -147,22 +147,22 @@ constexpr std::array Table{
     WordRow{Word::InternalFault, "the program failed: %1", "プログラムの異常: %1"},
 };
 
-constexpr bool TableIsInOrder() {
-    for (std::size_t i = 0; i < Table.size(); ++i) {
-        if (Table[i].Id != static_cast<Word>(i)) {
+constexpr bool WordTableIsInOrder() {
+    for (std::size_t i = 0; i < WordTable.size(); ++i) {
+        if (WordTable[i].Id != static_cast<Word>(i)) {
             return false;
         }
     }
     return true;
 }
 
-static_assert(Table.size() == static_cast<std::size_t>(Word::WordCount));
-static_assert(TableIsInOrder());
+static_assert(WordTable.size() == static_cast<std::size_t>(Word::WordCount));
+static_assert(WordTableIsInOrder());
 
 }  // namespace
 
 std::string_view TextOf(Language language, Word word) {
-    const WordRow& row = Table[static_cast<std::size_t>(word)];
+    const WordRow& row = WordTable[static_cast<std::size_t>(word)];
     return language == Language::Japanese ? row.Japanese : row.English;
 }
 
