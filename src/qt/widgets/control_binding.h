@@ -83,7 +83,6 @@ private:
 
     forms::Control& model_;
     QWidget* widget_;
-    QString shownName_;
     /// What the widget's font was chosen by.
     struct FontChoice {
         forms::FontSpec Spec;
