@@ -18,6 +18,8 @@ constexpr const char* LockName = "lock";
 constexpr const char* LastEnd = ".json";
 constexpr const char* BeforeEnd = "-before.json";
 constexpr const char* DeclinedEnd = "-declined.json";
+/// So many stand beside each other, each asked once more; a further No takes the place of the last of them.
+constexpr int MostDeclined = 20;
 
 /// Beyond any screen: 10000 points take 1 MB.
 constexpr std::uint64_t LongestKept = 64U << 20U;
@@ -26,6 +28,20 @@ constexpr int MostAttempts = 20;
 
 bool EndsWith(std::string_view text, std::string_view end) {
     return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
+
+/// "-declined.json", "-declined-2.json" and so on.
+std::string DeclinedEndOf(int number) {
+    return number == 1 ? DeclinedEnd : "-declined-" + std::to_string(number) + ".json";
+}
+
+/// The ends of all copies that are offered only once, or once more.
+std::vector<std::string> EndsOfCopies() {
+    std::vector<std::string> ends{BeforeEnd};
+    for (int number = 1; number <= MostDeclined; ++number) {
+        ends.push_back(DeclinedEndOf(number));
+    }
+    return ends;
 }
 
 std::optional<KeptScreen> ReadKept(const std::string& file) {
@@ -115,7 +131,7 @@ void KeptFolder::ForgetCopies(const KeptScreen& saved) {
     if (lock_ == nullptr) {
         return;
     }
-    for (const char* end : {BeforeEnd, DeclinedEnd}) {
+    for (const std::string& end : EndsOfCopies()) {
         const std::string file = Own(saved.Screen) + end;
         if (const auto kept = WrittenAt(file) ? ReadKept(file) : std::nullopt; kept && HoldSameData(*kept, saved)) {
             RemoveIfThere(file);
@@ -143,15 +159,17 @@ void KeptFolder::AddCandidates(const std::string& run, const std::string& screen
         RemoveIfDone(run, *owner);
     }
     const std::string base = JoinPath(run, screen);
-    for (const char* end : {LastEnd, BeforeEnd, DeclinedEnd}) {
-        const bool stands = end == LastEnd && owner == nullptr && !another_.contains(screen);
-        if (const auto written = WrittenAt(base + end); written && !stands) {
-            candidates.push_back({.File = base + end,
-                                  .Last = end == LastEnd,
-                                  .Declined = end == DeclinedEnd,
-                                  .Written = *written,
-                                  .Owner = owner});
+    const auto add = [&](const std::string& end, bool last, bool declined) {
+        if (const auto written = WrittenAt(base + end)) {
+            candidates.push_back(
+                {.File = base + end, .Last = last, .Declined = declined, .Written = *written, .Owner = owner});
         }
+    };
+    if (const bool stands = owner == nullptr && !another_.contains(screen); !stands) {
+        add(LastEnd, true, false);
+    }
+    for (const std::string& end : EndsOfCopies()) {
+        add(end, false, end != BeforeEnd);
     }
 }
 
@@ -201,11 +219,17 @@ void KeptFolder::Take(const KeptOffer& offer) {
     }
 }
 
+/// What was declined before is still to be offered once more, and keeps its name.
 void KeptFolder::Decline(const KeptOffer& offer) {
     if (offer.Declined) {
         RemoveIfThere(offer.File);
     } else {
-        MoveOver(offer.File, JoinPath(FolderOf(offer.File), offer.Data.Screen) + DeclinedEnd);
+        const std::string base = JoinPath(FolderOf(offer.File), offer.Data.Screen);
+        int number = 1;
+        while (number < MostDeclined && WrittenAt(base + DeclinedEndOf(number))) {
+            ++number;
+        }
+        MoveOver(offer.File, base + DeclinedEndOf(number));
     }
     if (offer.Owner != nullptr) {
         RemoveIfDone(FolderOf(offer.File), *offer.Owner);

@@ -7,7 +7,8 @@
 //                 of one that was killed is known by its free lock. In it, for each screen:
 //                     Form3.json           the last: what stands on the screen, or stood there last
 //                     Form3-before.json    the last but one: what stood there before CLEAR FORM, NEW DATA and the like
-//                     Form3-declined.json  what the user did not want when he was asked
+//                     Form3-declined.json  what the user did not want when he was asked; the next such data beside it
+//                                          stand in Form3-declined-2.json, and so on
 //                 Each is written under a temporary name and renamed, so that it is whole at any moment.
 // What is offered Of this program and of those that have ended: the newest "last", else the newest of the others. Yes
 //                 makes it this program's own last. No makes it "declined", which is offered once more; a second No

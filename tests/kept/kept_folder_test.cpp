@@ -262,6 +262,34 @@ TEST_F(KeptFolders, WhatWasDeclinedWaitsBehindNewerData) {
     EXPECT_EQ(OfferOfANewProgram(), "again 1");
 }
 
+TEST_F(KeptFolders, WhatWasDeclinedBeforeInTheSameProgramIsStillOfferedOnceMore) {
+    KeptFolder program(Folder);
+    for (const char* mark : {"1", "2", "3"}) {
+        program.Write(SomeScreen(mark));
+        program.StartAnother("Form3");  // the screen is gone and comes up again
+        EXPECT_EQ(OfferOf(program), mark);
+        program.Decline(*program.Newest("Form3", FitsAll));
+    }
+    std::set<std::string> offered;
+    for (int question = 0; question < 3; ++question) {
+        offered.insert(OfferOf(program));
+        program.Decline(*program.Newest("Form3", FitsAll));
+    }
+    EXPECT_EQ(offered, (std::set<std::string>{"again 1", "again 2", "again 3"}));
+    EXPECT_EQ(OfferOf(program), "");
+}
+
+TEST_F(KeptFolders, OfManyThatWereDeclinedEachGoesOnceItStandsInAFile) {
+    KeptFolder program(Folder);
+    for (const char* mark : {"1", "2"}) {
+        program.Write(SomeScreen(mark));
+        program.StartAnother("Form3");
+        program.Decline(*program.Newest("Form3", FitsAll));
+    }
+    program.ForgetCopies(SomeScreen("2"));
+    EXPECT_EQ(OfferOf(program), "again 1");
+}
+
 TEST_F(KeptFolders, ALastButOneIsDeclinedTwiceLikeAnyOther) {
     KeptFolder program(Folder);
     program.Write(SomeScreen("1"));
