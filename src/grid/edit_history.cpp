@@ -76,6 +76,7 @@ EditHistory::Screen EditHistory::ScreenNow() const {
     }
     for (const CountedTable& table : tables_) {
         now.GridEnabled.push_back(table.Grid.Enabled ? 1 : 0);
+        now.RowHeights.push_back(table.Grid.RowHeight);
         for (int col = table.Grid.FixedCols; col < table.Grid.Cols; ++col) {
             now.Headings.push_back(table.Grid.TextMatrix(0, col));
             now.Widths.push_back(table.Grid.ColWidth(col));
@@ -300,10 +301,13 @@ void EditHistory::ApplyScreen(const Screen& screen) {
         boxes_[i]->Text = screen.Texts[i];
     }
     std::size_t heading = 0;
-    for (const CountedTable& table : tables_) {
-        for (int col = table.Grid.FixedCols; col < table.Grid.Cols; ++col, ++heading) {
-            table.Grid.SetTextMatrix(0, col, screen.Headings[heading]);
-            table.Grid.SetColWidth(col, screen.Widths[heading]);
+    for (std::size_t t = 0; t < tables_.size(); ++t) {
+        MSFlexGrid& grid = tables_[t].Grid;
+        const bool sameSize = grid.RowHeight == screen.RowHeights[t];
+        const double scale = sameSize ? 1 : grid.RowHeight / screen.RowHeights[t];
+        for (int col = grid.FixedCols; col < grid.Cols; ++col, ++heading) {
+            grid.SetTextMatrix(0, col, screen.Headings[heading]);
+            grid.SetColWidth(col, screen.Widths[heading] * scale);
         }
     }
     for (std::size_t i = 0; i < controls_.size(); ++i) {

@@ -77,7 +77,8 @@ private:
         std::vector<std::string> Texts;
         std::vector<std::string> Headings;
         std::vector<double> Widths;
-        std::vector<char> GridEnabled;  ///< which a changed count sets too
+        std::vector<double> RowHeights;  ///< by which the user's size of texts is told, in which the widths are
+        std::vector<char> GridEnabled;   ///< which a changed count sets too
         bool operator==(const Screen&) const = default;
         bool SameBesideTheGrids(const Screen& other) const;
     };

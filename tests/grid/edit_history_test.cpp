@@ -71,6 +71,18 @@ TEST_F(Undoing, RowsThatASmallerCountCutOffComeBack) {
     EXPECT_EQ(grid.TextMatrix(5, 0), "ROW 5");
 }
 
+TEST_F(Undoing, BringsColumnsBackInTheSizeOfTextsThatTheUserHasByNow) {
+    screen.Bar1.UserRelease(3);
+    App.Dispatch([this] { grid.SetColWidth(2, 1200); });
+    screen.New.UserClick();
+    App.Dispatch([this] { grid.UserScaleCells(1.5); });
+    history.Undo();
+    EXPECT_EQ(grid.RowHeight, 1.5 * 255);
+    EXPECT_EQ(grid.ColWidth(2), 1.5 * 1200);
+    App.Dispatch([this] { grid.UserScaleCells(1); });
+    EXPECT_EQ(grid.ColWidth(2), 1200);
+}
+
 TEST_F(Undoing, OfCountsGoesThroughTheirBars) {
     screen.Bar1.UserRelease(5);
     screen.Changes = 0;
