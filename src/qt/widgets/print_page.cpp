@@ -1,6 +1,8 @@
 // Printing, see print_page.h.
 #include "qt/widgets/print_page.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFontMetricsF>
 #include <QMessageBox>
 #include <QPageLayout>
@@ -85,10 +87,35 @@ QString DocumentName(QString title) {
     return title + QStringLiteral(".pdf");
 }
 
-void TellFailure(QWidget& owner, forms::Language words) {
-    QMessageBox::warning(&owner, QStringLiteral("ZIRVO"),
-                         words == forms::Language::Japanese ? QStringLiteral("印刷できません。")
-                                                            : QStringLiteral("This cannot be printed."));
+/// The file that is printed into; "" for a printer.
+QString PrintedFile(const QPrinter& printer) {
+    return printer.outputFormat() == QPrinter::PdfFormat ? printer.outputFileName() : QString();
+}
+
+/// Whether all has gone out. Of a file that could not be written to its end (a full disk) Qt says nothing; but a whole
+/// one ends as all of its kind do.
+bool HasPrinted(const QPrinter& printer) {
+    const QString name = PrintedFile(printer);
+    if (printer.printerState() == QPrinter::Error || name.isEmpty()) {
+        return printer.printerState() != QPrinter::Error;
+    }
+    constexpr qint64 lastBytes = 16;
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) && file.size() > lastBytes && file.seek(file.size() - lastBytes) &&
+           file.read(lastBytes).contains("%%EOF");
+}
+
+void TellFailure(const QPrinter& printer, QWidget& owner, forms::Language words) {
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("ZIRVO"),
+                    words == forms::Language::Japanese ? QStringLiteral("印刷できません。")
+                                                       : QStringLiteral("This cannot be printed."),
+                    QMessageBox::Ok, &owner);
+    box.setObjectName(QStringLiteral("PrintFailure"));
+    box.setTextFormat(Qt::PlainText);
+    if (const QString name = PrintedFile(printer); !name.isEmpty()) {
+        box.setText(box.text() + QStringLiteral("\n\n") + QDir::toNativeSeparators(name));
+    }
+    box.exec();
 }
 
 }  // namespace
@@ -117,8 +144,8 @@ void PrintColumns(const QString& text, const QFont& font, const QString& title, 
     if (LettersFor(lines, font, printer.pageLayout().paintRect(QPageLayout::Point).width()) < ReadableLetters) {
         printer.setPageOrientation(QPageLayout::Landscape);
     }
-    if (choose(printer, owner, words) && !ColumnPages(printer, lines, font, title).Print()) {
-        TellFailure(owner, words);
+    if (choose(printer, owner, words) && !(ColumnPages(printer, lines, font, title).Print() && HasPrinted(printer))) {
+        TellFailure(printer, owner, words);
     }
 }
 
@@ -127,6 +154,9 @@ void PrintDocument(const QTextDocument& document, QWidget& owner, forms::Languag
     printer.setDocName(DocumentName(document.metaInformation(QTextDocument::DocumentTitle)));
     if (choose(printer, owner, words)) {
         document.print(&printer);
+        if (!HasPrinted(printer)) {
+            TellFailure(printer, owner, words);
+        }
     }
 }
 

@@ -18,11 +18,12 @@ using PrinterChoice = std::function<bool(QPrinter& printer, QWidget& owner, form
 bool AskForPrinter(QPrinter& printer, QWidget& owner, forms::Language words);
 
 /// A text in columns: no line is broken, so the letters are as small as the longest line makes them; lines that would
-/// be too small on a standing page lie. Each page has the title and its number on top.
+/// be too small on a standing page lie. Each page has the title and its number on top. A box tells of a copy that could
+/// not be made.
 void PrintColumns(const QString& text, const QFont& font, const QString& title, QWidget& owner, forms::Language words,
                   const PrinterChoice& choose);
 
-/// A document with headings and pictures.
+/// A document with headings and pictures. Failures are told as above.
 void PrintDocument(const QTextDocument& document, QWidget& owner, forms::Language words, const PrinterChoice& choose);
 
 }  // namespace zirvo::widgets

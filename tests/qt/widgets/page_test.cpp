@@ -3,11 +3,13 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTextBrowser>
+#include <QTimer>
 #include <array>
 
 #include "qt/widgets/form_window.h"
@@ -103,11 +105,26 @@ protected:
             name_ = printer.docName();
             orientation_ = printer.pageLayout().orientation();
             printer.setOutputFormat(QPrinter::PdfFormat);
-            printer.setOutputFileName(Pdf());
+            printer.setOutputFileName(file_);
             return goOn_;
         });
     }
     QString Pdf() const { return folder_.filePath("page.pdf"); }
+    /// What the box of a failure says, closed at once; "" where none comes up.
+    template <class Act>
+    QString Failure(Act act) {
+        QString words;
+        QTimer closing;
+        QObject::connect(&closing, &QTimer::timeout, [&words] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                words = box->text();
+                box->accept();
+            }
+        });
+        closing.start(10);
+        act();
+        return words;
+    }
     /// "/Type /Page" of each page, and the one "/Type /Pages" around them.
     qsizetype PagesPrinted() const {
         QFile file(Pdf());
@@ -118,6 +135,7 @@ protected:
     }
 
     QTemporaryDir folder_;
+    QString file_ = Pdf();
     int asked_ = 0;
     bool goOn_ = true;
     forms::Language language_ = forms::Language::English;
@@ -163,6 +181,17 @@ TEST_F(Printing, ACancelPrintsNothing) {
     EXPECT_FALSE(QFile::exists(Pdf()));
 }
 
+TEST_F(Printing, ACopyThatCannotBeWrittenIsTold) {
+    const auto print = [this] { Strike(Qt::Key_P, Qt::ControlModifier); };
+    EXPECT_EQ(Failure(print), "");
+    for (const char* file : {"/nowhere/page.pdf", "/dev/full"}) {  // no such folder, no room
+        file_ = file;
+        EXPECT_EQ(Failure(print), QString("This cannot be printed.\n\n") + file);
+    }
+    Form().ViewLanguage = forms::Language::Japanese;
+    EXPECT_EQ(Failure(print), QString::fromUtf8("印刷できません。\n\n/dev/full"));
+}
+
 class Manual : public Printing {
 protected:
     QWidget& Help() {
@@ -204,6 +233,16 @@ TEST_F(Manual, ControlPPrintsIt) {
     EXPECT_EQ(name_, "Manual.pdf");
     EXPECT_EQ(language_, forms::Language::Japanese);
     EXPECT_EQ(PagesPrinted(), 1);
+}
+
+TEST_F(Manual, ACopyThatCannotBeWrittenIsTold) {
+    auto* page = Help().findChild<QTextBrowser*>("HelpPage");
+    const auto print = [page] { QTest::keyClick(page, Qt::Key_P, Qt::ControlModifier); };
+    EXPECT_EQ(Failure(print), "");
+    for (const char* file : {"/nowhere/manual.pdf", "/dev/full"}) {
+        file_ = file;
+        EXPECT_EQ(Failure(print), QString::fromUtf8("印刷できません。\n\n") + file);
+    }
 }
 
 class SizesOfTexts : public ShownForm {
