@@ -89,6 +89,9 @@ QAccessibleInterface* AccessibleGrid::child(int index) const {
 }
 
 QAccessibleInterface* AccessibleGrid::childAt(int x, int y) const {
+    if (Shown().Model() == nullptr) {
+        return nullptr;
+    }
     const forms::MSFlexGrid::Cell cell = Shown().CellUnder(Shown().mapFromGlobal(QPointF(x, y)));
     return cellAt(cell.Row, cell.Col);
 }
@@ -265,6 +268,9 @@ void* AccessibleCell::interface_cast(QAccessible::InterfaceType type) {
 }
 
 bool AccessibleCell::isSelected() const {
+    if (!isValid()) {
+        return false;
+    }
     const forms::MSFlexGrid& grid = *widget_->Model();
     return !IsHeading() && (grid.AllSelected || (row_ == grid.Row.Get() && col_ == grid.Col.Get()));
 }

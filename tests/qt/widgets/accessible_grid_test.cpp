@@ -93,6 +93,19 @@ TEST_F(ReadGrid, ACellThatHasGoneAnswersNoMore) {
     EXPECT_TRUE(Cell(3, 1).isValid());
 }
 
+TEST_F(ReadGrid, OfAFormThatIsGoingAnswersWithNothing) {
+    QAccessibleInterface& table = Table();
+    QAccessibleInterface& cell = Cell(2, 1);
+    const QPoint middle = cell.rect().center();
+    Shown().LetGo();
+    EXPECT_FALSE(cell.isValid());
+    EXPECT_FALSE(cell.tableCellInterface()->isSelected());
+    EXPECT_TRUE(cell.rect().isNull());
+    EXPECT_EQ(table.childAt(middle.x(), middle.y()), nullptr);
+    EXPECT_EQ(table.focusChild(), nullptr);
+    EXPECT_EQ(table.childCount(), 0);
+}
+
 TEST_F(ReadGrid, TellsWhereTheCurrentCellGoesAndWhatItHolds) {
     Model().UserFocus();
     EXPECT_EQ(Table().role(), QAccessible::Table);  // a tool that has asked once hears from then on
