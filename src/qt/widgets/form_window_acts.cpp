@@ -1,5 +1,6 @@
 // What the window of a form does for its user beside what the form knows of: larger letters, looking for words,
 // printing, files that are dropped on it; see form_window.h.
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMimeData>
@@ -13,13 +14,14 @@
 namespace zirvo::widgets {
 namespace {
 
-/// The one file that is dragged; nothing for several, and for what lies on no disk.
+/// The one file that is dragged, with the separators of the system, as its dialogs give it; nothing for several, and
+/// for what lies on no disk.
 std::optional<std::string> FileOf(const QMimeData& dragged) {
     const QList<QUrl> urls = dragged.urls();
     if (urls.size() != 1 || !urls.constFirst().isLocalFile()) {
         return std::nullopt;
     }
-    return urls.constFirst().toLocalFile().toStdString();
+    return QDir::toNativeSeparators(urls.constFirst().toLocalFile()).toStdString();
 }
 
 }  // namespace
