@@ -26,7 +26,7 @@ struct PasteResult {
 };
 
 /// The block that Ctrl+V puts into a table, beginning with its current cell (with the first one where the whole table
-/// is selected, or where there are no data rows). Cells that a short row of the block lacks keep their texts. Rows
+/// is selected, or where there are no data rows). Cells that a short row of the block lacks keep their texts. Rows that
 /// are missing come by the table's bar, through its own event. All of the block goes in, or nothing.
 /// A first line that holds the table's own headings is none of the rows. Where it has the corner above the row headings
 /// too, as in what CopyOfTable gives, so has each row its heading: the cells go into the first column and those behind.
