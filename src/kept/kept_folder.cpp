@@ -88,6 +88,9 @@ bool KeptFolder::OpenOwn() {
         own_ = JoinPath(folder_, std::to_string(MillisecondsSince1970()) + "-" + std::to_string(attempt));
         if (MakeNewFolder(own_)) {
             lock_ = FileLock::OfNewFile(JoinPath(own_, LockName));
+            if (lock_ == nullptr) {
+                RemoveIfThere(own_);
+            }
         }
     }
     return lock_ != nullptr;

@@ -26,16 +26,39 @@ bool IsAt(const std::string& path, int file) {
            open.st_ino == named.st_ino;
 }
 
+bool Lock(int file) {
+    return Uninterrupted([&] { return flock(file, LOCK_EX | LOCK_NB); }) == 0;
+}
+
+/// Lets go of a file that could not be locked. One that was made for it goes again: where a drive knows no locks they
+/// would gather.
+void LeaveUnlocked(const std::string& path, int file, bool made) {
+    if (made && IsAt(path, file)) {
+        Uninterrupted([&] { return unlink(path.c_str()); });
+    }
+    close(file);
+}
+
 /// The descriptor of the locked file, or None.
 std::intptr_t LockedFile(const std::string& path, int flags) {
     const int file = Uninterrupted([&] { return open(path.c_str(), flags | O_RDWR | O_CLOEXEC | O_NOFOLLOW, 0600); });
     if (file < 0) {
         return None;
     }
-    const int locked = Uninterrupted([&] { return flock(file, LOCK_EX | LOCK_NB); });
-    if (locked != 0 || !IsAt(path, file)) {
-        close(file);
+    if (!Lock(file) || !IsAt(path, file)) {
+        LeaveUnlocked(path, file, (flags & O_EXCL) != 0);
         return None;
+    }
+    return file;
+}
+
+/// Opens a file, which is made where it is missing.
+int OpenOrMake(const std::string& path, bool& made) {
+    constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK;
+    int file = Uninterrupted([&] { return open(path.c_str(), flags | O_CREAT | O_EXCL, 0666); });
+    made = file >= 0;
+    if (!made && errno == EEXIST) {
+        file = Uninterrupted([&] { return open(path.c_str(), flags | O_CREAT, 0666); });
     }
     return file;
 }
@@ -77,14 +100,14 @@ std::unique_ptr<FileLock> FileLock::OfFile(const std::string& path) {
 std::unique_ptr<FileLock> FileLock::OfAnyFile(const std::string& path, bool& held) {
     held = false;
     for (int tries = 0; tries < MostTries; ++tries) {
-        const int file =
-            Uninterrupted([&] { return open(path.c_str(), O_RDONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK, 0666); });
+        bool made = false;
+        const int file = OpenOrMake(path, made);
         if (file < 0) {
             return nullptr;
         }
-        if (Uninterrupted([&] { return flock(file, LOCK_EX | LOCK_NB); }) != 0) {
+        if (!Lock(file)) {
             held = errno == EWOULDBLOCK;
-            close(file);
+            LeaveUnlocked(path, file, made && !held);
             return nullptr;
         }
         if (IsAt(path, file)) {
