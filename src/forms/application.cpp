@@ -95,21 +95,26 @@ void Application::RunThoseBehind() {
 }
 
 void Application::RunOutermost(const std::function<void()>& handler) {
-    ++depth_;
-    try {
-        handler();
-    } catch (const RuntimeFault& fault) {
-        ShowFault({.Heading = "Run-time error '" + std::to_string(fault.Number()) + "':",
-                   .Description = fault.what(),
-                   .Caught = &fault});
-    } catch (const std::exception& error) {
-        // A mistake of our own, which the toolkit must not see.
-        ShowFault({.Heading = "Internal error:", .Description = error.what()});
-    }
-    if (!ended_) {
-        for (ActListener* listener : listeners_) {
-            listener->ActEnded();
+    const auto caught = [this](const auto& work) {
+        try {
+            work();
+        } catch (const RuntimeFault& fault) {
+            ShowFault({.Heading = "Run-time error '" + std::to_string(fault.Number()) + "':",
+                       .Description = fault.what(),
+                       .Caught = &fault});
+        } catch (const std::exception& error) {
+            // A mistake of our own, or no memory, which the toolkit must not see.
+            ShowFault({.Heading = "Internal error:", .Description = error.what()});
         }
+    };
+    ++depth_;
+    caught(handler);
+    if (!ended_) {
+        caught([this] {
+            for (ActListener* listener : listeners_) {
+                listener->ActEnded();
+            }
+        });
     }
     --depth_;
 }

@@ -1,6 +1,8 @@
 // Who hears of the ends of handlers, and who is asked first about a stroke.
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "base/runtime_fault.h"
 #include "forms/plain_form.h"
 
@@ -45,6 +47,19 @@ TEST_F(Listening, HearsNothingOfInnerHandlers) {
 TEST_F(Listening, HearsNothingOnceTheProgramHasEnded) {
     screen.Run([] { throw RuntimeFault(fault::Overflow); });
     EXPECT_EQ(form.Taken(), Lines{});
+}
+
+TEST_F(Listening, WithoutMemoryForWhatItNotesTheProgramEndsWithItsBox) {
+    struct Hungry : ActListener {
+        void ActEnded() override { throw std::bad_alloc(); }
+    } hungry;
+    screen.app.Listen(hungry);
+    EXPECT_NO_THROW(screen.Run([this] { form.Note("act"); }));
+    EXPECT_TRUE(screen.app.HasEnded());
+    EXPECT_FALSE(screen.app.InHandler());
+    ASSERT_EQ(screen.desktop.Boxes.size(), 1U);
+    EXPECT_TRUE(screen.desktop.Boxes.front().Text.starts_with("Internal error:"));
+    screen.app.Ignore(hungry);
 }
 
 TEST_F(Listening, AFormsShortcutIsAskedBeforeAnyControl) {
