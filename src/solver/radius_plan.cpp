@@ -64,7 +64,9 @@ std::vector<RadiusItem> MakeCells(double low, double high, std::span<const doubl
     for (;;) {
         RadiusItem cell;
         cell.Low = from;
-        cell.High = from + WidestCell(from, edges, ze, share);
+        // A cell that is narrower than the radii are told apart would not get on.
+        const double next = std::nextafter(from, std::numeric_limits<double>::infinity());
+        cell.High = std::max(from + WidestCell(from, edges, ze, share), next);
         const bool last = cell.High >= high;
         if (last) {
             cell.High = std::max(high, from);

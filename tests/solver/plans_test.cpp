@@ -77,6 +77,19 @@ TEST(Cells, CoverTheRangeWithoutGapsAndGrowWithTheDistance) {
     EXPECT_LT(cells.size(), 40U);  // logarithmic, not 800 / 1.2
 }
 
+// A skin of 1E-12 cm below an edge at 1E5 cm, where doubles are 1.5E-11 apart.
+TEST(Cells, GetOnWhereTheyWouldBeNarrowerThanRadiiAreApart) {
+    const std::vector<double> edges = {1e5};
+    for (const double share : {CellShare, SlipCellShare}) {
+        const auto cells = MakeCells(0.5e5, 2e5, edges, 1e-12, share);
+        EXPECT_EQ(cells.back().High, 2e5);
+        EXPECT_LT(cells.size(), 400U);
+        for (const RadiusItem& cell : cells) {
+            EXPECT_GT(cell.High, cell.Low);
+        }
+    }
+}
+
 TEST(Cells, OneRadiusIsOneCellOfNoWidth) {
     const std::vector<double> edges = {15};
     const auto cells = MakeCells(30, 30, edges, 5, CellShare);
