@@ -7,6 +7,7 @@
 
 #include "platform/folders.h"
 #include "study/database.h"
+#include "text/file_helpers.h"
 
 namespace zirvo::study {
 namespace {
@@ -129,6 +130,9 @@ public:
     }
 
     void AddAllOf(const std::string& path, RowRange range) {
+        if (!FileExists(path)) {  // attaching it would make an empty one
+            throw FileError{path, 0, "there is no such file: run this part first"};
+        }
         Statement attach(*database_, "ATTACH ? AS part");
         attach.Bind(1, path);
         attach.Step();

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <charconv>
 #include <chrono>
 #include <condition_variable>
 #include <deque>
@@ -240,11 +241,16 @@ int PartsInFolder(const RunOptions& options) {
     std::set<int> counts;
     for (const std::string& name : NamesIn(folder.empty() ? "." : folder)) {
         if (name.starts_with(stem) && name.ends_with(end)) {
-            const auto count = design::NumberOfText(name.substr(stem.size(), name.size() - stem.size() - end.size()));
-            counts.insert(static_cast<int>(count.value_or(0)));
+            const char* const first = name.data() + stem.size();
+            const char* const last = name.data() + std::max(name.size() - end.size(), stem.size());
+            int count = 0;
+            const auto [stop, error] = std::from_chars(first, last, count);
+            if (error == std::errc() && stop == last && count > 0) {  // else it is no part of ours
+                counts.insert(count);
+            }
         }
     }
-    if (counts.size() != 1 || *counts.begin() < 1) {
+    if (counts.size() != 1) {
         throw FileError{options.Output + ".part-1-of-N.sqlite", 0,
                         counts.empty() ? "there is no such file: run the parts first"
                                        : "there are parts of different numbers N: move those of the wrong one away"};

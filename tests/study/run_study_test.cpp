@@ -69,10 +69,15 @@ TEST(RunOfAStudy, PartsJoinToTheBytesOfTheWhole) {
 TEST(RunOfAStudy, PartsThatAreMissingUnfinishedOrOfAnotherStudyAreNamed) {
     const StudyFolder folder;
     const Study study = folder.StudyOf(Grid());
+    for (const char* stranger : {"p.part-1-of-1E99.sqlite", "p.part-1-of-0.sqlite", "p.part-1-of-two.sqlite"}) {
+        folder.Put(stranger, "");
+    }
     EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder),
               "p.part-1-of-N.sqlite: there is no such file: run the parts first");
     RunAll(study, {folder.Path("p"), 1, 1, 2});
-    EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder).substr(0, 20), "p.part-2-of-2.sqlite");
+    EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder),
+              "p.part-2-of-2.sqlite: there is no such file: run this part first");
+    EXPECT_FALSE(folder.Has("p.part-2-of-2.sqlite"));
     { Memory unfinished(study, folder.Path("p.part-2-of-2.sqlite"), RangeOf(study.Rows, 2, 2)); }
     EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder),
               "p.part-2-of-2.sqlite: has 0 of its 75 rows: run this part to its end first");
