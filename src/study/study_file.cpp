@@ -214,6 +214,10 @@ private:
             for (std::uint64_t i = 0; i < count; ++i) {
                 varied.Values.push_back(from + static_cast<double>(i) * step);
             }
+            // Steps that lead to the end are not rounded past it, where no pavement may be.
+            if (std::fabs(varied.Values.back() - to) <= 1e-9 * std::fabs(step)) {
+                varied.Values.back() = to;
+            }
             return;
         }
         for (std::uint64_t i = 0; i < count; ++i) {

@@ -30,6 +30,18 @@ TEST(StudyFiles, AGridIsEveryValueWithEveryOtherTheLastOneFastest) {
     EXPECT_EQ(study.LabelOf(study.Keep[0]), "EPSx 2 [micro]");
 }
 
+// 0.39 + 6 * 0.1 is 0.9900000000000001 in doubles, and a slip rate is 0.99 at most; 0.3 is 3 * 0.1 - 6E-17.
+TEST(StudyFiles, StepsThatLeadToTheEndEndThere) {
+    const StudyFolder folder;
+    const Study study = folder.StudyOf(Head() + Vary("layer 1 slip", "from = 0.39\nto = 0.99\nstep = 0.1") +
+                                       Vary("load 1 x", "from = 0\nto = 0.3\nstep = 0.1") +
+                                       Vary("load 1 y", "from = 0\nto = 0.35\nstep = 0.1") + Keeps());
+    EXPECT_EQ(study.Rows, 7U * 4 * 4);
+    EXPECT_EQ(study.Vary[0].Values.back(), 0.99);
+    EXPECT_EQ(study.Vary[1].Values.back(), 0.3);
+    EXPECT_EQ(study.Vary[2].Values.back(), 3 * 0.1);
+}
+
 TEST(StudyFiles, ATableGivesItsRows) {
     const StudyFolder folder;
     folder.Put("t.csv", "layer 1 modulus,loads total\n3000,49\n4000,98\n");
