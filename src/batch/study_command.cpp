@@ -1,9 +1,12 @@
 // `zirvo-batch study`, see study_command.h.
 #include "batch/study_command.h"
 
+#include <array>
 #include <cmath>
+#include <utility>
 
 #include "batch/study_chart.h"
+#include "solver/io/report_names.h"
 #include "study/run_study.h"
 
 namespace zirvo::batch {
@@ -35,6 +38,21 @@ void TellOutcome(const StudyRequest& request, const study::RunOutcome& outcome, 
     }
 }
 
+/// Why a file of this run would take the place of one that the study is read from; empty if none would.
+std::string ReasonAgainstFiles(const StudyRequest& request, const study::Study& study) {
+    const std::array outputs{
+        std::pair{"--output", request.Output + ".csv"}, std::pair{"--output", request.Output + "_bad.csv"},
+        std::pair{"--output", request.Output + ".sqlite"}, std::pair{"--plot", request.Plot.Picture}};
+    for (const auto& [option, output] : outputs) {
+        for (const std::string& input : {study.File, study.BaseFile, study.TableFile}) {
+            if (!input.empty() && !output.empty() && solver::IsSameFile(output, input)) {
+                return std::string(option) + ": " + input + " is an input of the study, and would be lost";
+            }
+        }
+    }
+    return "";
+}
+
 }  // namespace
 
 ExitCode RunStudy(const StudyRequest& request, Console& console) {
@@ -44,9 +62,11 @@ ExitCode RunStudy(const StudyRequest& request, Console& console) {
         return ExitCode::BadInput;
     }
     const auto& study = std::get<study::Study>(read);
-    if (const std::string reason = ReasonAgainstChart(study, request.Plot); !reason.empty()) {
-        console.Complain("", reason);
-        return ExitCode::WrongUsage;
+    for (const std::string& reason : {ReasonAgainstFiles(request, study), ReasonAgainstChart(study, request.Plot)}) {
+        if (!reason.empty()) {
+            console.Complain("", reason);
+            return ExitCode::WrongUsage;
+        }
     }
     study::RunOptions options{request.Output, request.Threads, request.Part, request.Parts};
     options.Tell = [&](const study::Progress& progress) {

@@ -166,6 +166,31 @@ TEST(Study, BadRowsAreToldAndKeptApart) {
               "row,layer 1 thickness,reason\n2,-1,\"layer 1, Thickness -1: is not above 0\"\n");
 }
 
+TEST(Study, AnInputOfTheStudyIsNeverReplaced) {
+    const StudyWork folder;
+    const std::string table = "layer 1 thickness\n10\n20\n";
+    for (const char* name : {"t.csv", "t_bad.csv"}) {
+        folder.Put(name, table);
+        folder.Put("t.toml", std::string("base = \"road.eva\"\nunits = 3\ntable = \"") + name +
+                                 "\"\n[[keep]]\nvalue = \"W\"\npoint = 1\n");
+        for (const char* output : {"t", "./t"}) {
+            const Outcome outcome = folder.Batch({"study", "t.toml", "-o", output});
+            EXPECT_EQ(outcome.Code, 2);
+            EXPECT_EQ(outcome.Err, std::string("--output: ") + name + " is an input of the study, and would be lost\n");
+            EXPECT_EQ(folder.Get(name), table);
+        }
+        std::filesystem::remove(folder.Path(name));
+    }
+    folder.Put("base.svg", folder.Get("road.eva"));
+    folder.Put("s.toml", With(LongStudy(), "road.eva", "base.svg"));
+    const Outcome outcome =
+        folder.Batch({"study", "s.toml", "--plot", "base.svg", "--x", "layer 1 thickness", "--y", "EPSx 2"});
+    EXPECT_EQ(outcome.Code, 2);
+    EXPECT_EQ(outcome.Err, "--plot: base.svg is an input of the study, and would be lost\n");
+    EXPECT_EQ(folder.Get("base.svg"), folder.Get("road.eva"));
+    EXPECT_EQ(folder.Names(), (Arguments{"base.svg", "long.toml", "road.eva", "s.toml", "t.toml"}));
+}
+
 TEST(Study, ProgressIsShownOnATerminalWithTheTimeLeft) {
     const StudyWork folder;
     folder.Put("long.toml", With(LongStudy(), "rows = 4000", "rows = 20000"));
