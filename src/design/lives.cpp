@@ -106,7 +106,10 @@ std::variant<TransferFunction, std::string> TransferFunctionOf(std::string_view 
 }
 
 double LifeOf(const TransferFunction& function, double strain, double modulus, double c) {
-    if (!(strain > 0)) {
+    if (std::isnan(strain)) {
+        return strain;  // nobody knows what harm it does
+    }
+    if (strain <= 0) {
         return std::numeric_limits<double>::infinity();
     }
     const double ofModulus = function.K3 == 0 ? 1 : std::pow(modulus * function.UnitsPerMpa, -function.K3);

@@ -40,7 +40,7 @@ const std::vector<TransferFunction>& TransferFunctions();
 /// none.
 std::variant<TransferFunction, std::string> TransferFunctionOf(std::string_view text);
 
-/// Repetitions that the strain is stood; infinity where the strain is not above 0, so does no harm.
+/// Repetitions that the strain is stood; infinity where the strain is not above 0, so does no harm; NaN of NaN.
 /// @param strain   plain; of the kind of the function, see StrainOf
 /// @param modulus  MPa, of the layer that the strain is in
 /// @param c        mix factor

@@ -83,7 +83,11 @@ TEST(Lives, AStrainThatDoesNoHarmIsStoodForEver) {
     EXPECT_EQ(Life("ai-rutting", -1e-6), Infinity);
 }
 
-// 2 * 1E-8 (2E-4)^-3 100^-0.5 ... by hand: 1E-8 * 1.25E11 / 10 = 125; 1E-9 * 1.6E13 = 16000 for e = 5E-4, K2 = 4.
+TEST(Lives, OfAStrainThatIsNoNumberNoLifeIsKnown) {
+    EXPECT_TRUE(std::isnan(Life("ai-rutting", std::numeric_limits<double>::quiet_NaN())));
+}
+
+// 1E-8 (2E-4)^-3 100^-0.5 = 1E-8 * 1.25E11 / 10 = 125; 1E-9 (5E-4)^-4 = 1E-9 * 1.6E13 = 16000.
 TEST(Lives, CoefficientsOfOnesOwnAreTaken) {
     ExpectByHand(Life("fatigue=1E-8/3/0.5", 200e-6, 100), 125);
     ExpectByHand(Life("rutting=1E-9/4", 500e-6), 16000);
