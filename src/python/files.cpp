@@ -1,12 +1,15 @@
 // Files of pavements, see files.h.
 #include "python/files.h"
 
+#include <cmath>
 #include <sstream>
 
 #include "pavement/analysis_input.h"
 #include "pavement/graphics_input.h"
 #include "platform/files.h"
 #include "text/catalogue.h"
+#include "text/number_grammar.h"
+#include "text/number_text.h"
 
 namespace zirvo::python {
 namespace {
@@ -100,13 +103,14 @@ void Write(const std::string& path, const std::string& bytes) {
     }
 }
 
-/// 15 digits, as the format has them.
+/// 15 digits, as the format has them, whatever the locale that Python has set. What is no finite number stays for the
+/// rules to refuse.
 double AsWritten(double x) {
-    std::ostringstream text;
-    text.precision(15);
-    text.imbue(std::locale::classic());
-    text << x;
-    return std::stod(text.str());
+    double written = x;
+    if (std::isfinite(x)) {
+        ReadWholeNumber(FormatNumberText(x), written);
+    }
+    return written;
 }
 
 Rows Rounded(const Rows& rows) {

@@ -1,4 +1,8 @@
 """Files: read and written as the program does, to the byte."""
+import os
+import subprocess
+import sys
+
 import numpy as np
 import pytest
 
@@ -22,6 +26,28 @@ def test_every_sample_is_read_and_written_to_the_same_bytes(samples, tmp_path):
         zirvo.write_ven(tmp_path / file.name, pavement.layers, pavement.loads, units.get(file.stem, 3))
         again = zirvo.read_ven(tmp_path / file.name)
         assert np.array_equal(again.layers, pavement.layers) and np.array_equal(again.loads, pavement.loads)
+
+
+def test_files_are_the_same_in_every_locale(tmp_path):
+    """A program of the user's own may have set any; German has a comma for the point. Python starts by itself there, so
+    that no other test runs in it."""
+    made = subprocess.run(["localedef", "--no-archive", "-i", "de_DE", "-f", "UTF-8", tmp_path / "de_DE.UTF-8"],
+                          capture_output=True)
+    assert made.returncode == 0, made.stderr
+    write = "import zirvo; zirvo.write_eva('%s.eva', [(5000.5, .35, 15.25, 0), (50, .4, 0, 0)], [(49.5, 15, 0, 0)], " \
+            "[(1, 0.5, 0, 15.25)], result='a.bre', principal='a.san')"
+    for name, start in (("here", ""), ("there", "import locale; locale.setlocale(locale.LC_ALL, 'de_DE.UTF-8'); ")):
+        subprocess.run([sys.executable, "-c", start + write % name], cwd=tmp_path, check=True,
+                       env=os.environ | {"LOCPATH": str(tmp_path)})
+    assert (tmp_path / "there.eva").read_bytes() == (tmp_path / "here.eva").read_bytes()
+
+
+def test_numbers_beyond_all_measure_are_refused_by_the_rules(road, tmp_path):
+    with pytest.raises(zirvo.Error, match="a.ven: "):  # 15 digits and an exponent do not fit its column
+        zirvo.write_ven(tmp_path / "a.ven", road[0], [(49, 1e-320, 0, 0)])
+    with pytest.raises(zirvo.Error, match="load 1, LoadX inf: is no finite number"):
+        zirvo.write_ven(tmp_path / "a.ven", road[0], [(49, 15, float("inf"), 0)])
+    assert list(tmp_path.iterdir()) == []
 
 
 def test_reports_are_named_after_the_file(road, tmp_path):
