@@ -29,8 +29,8 @@ put_licence() {
     done
 }
 
-# same_times FOLDER: the time of the commit for every file, and the same rights.
+# same_times FOLDER: the time of the commit for every file, and the same rights whatever the clone's are.
 same_times() {
-    find "$1" -type d -exec chmod 755 {} +
+    chmod -R u=rwX,go=rX "$1"
     find "$1" -exec touch --no-dereference --date="@$SOURCE_DATE_EPOCH" {} +
 }

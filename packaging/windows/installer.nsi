@@ -9,6 +9,8 @@ SetCompressor ${COMPRESSOR}
 Name "ZIRVO ${VERSION}"
 OutFile "${OUT}"
 ManifestSupportedOS Win10
+BrandingText "ZIRVO ${VERSION}"
+InstallButtonText "$(InstallButton)"
 
 !define KEY "Software\ZIRVO"
 !define REMOVAL "Software\Microsoft\Windows\CurrentVersion\Uninstall\ZIRVO"
@@ -35,6 +37,7 @@ ManifestSupportedOS Win10
 !insertmacro MUI_PAGE_INSTFILES
 !define MUI_FINISHPAGE_RUN "$INSTDIR\zirvo.exe"
 !insertmacro MUI_PAGE_FINISH
+!define MUI_UNCONFIRMPAGE_TEXT_LOCATION "$(RemovedFrom)"
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE English
@@ -50,6 +53,11 @@ VIAddVersionKey /LANG=0 LegalCopyright "Copyright (c) 2026 the ZIRVO developers,
 
 LangString TooOld ${LANG_ENGLISH} "ZIRVO needs 64-bit Windows 10 or later."
 LangString TooOld ${LANG_JAPANESE} "ZIRVO には 64 ビットの Windows 10 以降が必要です。"
+; The Japanese words of NSIS fit their places in one font alone; these are short in any.
+LangString InstallButton ${LANG_ENGLISH} "&Install"
+LangString InstallButton ${LANG_JAPANESE} "ｲﾝｽﾄｰﾙ(&I)"
+LangString RemovedFrom ${LANG_ENGLISH} "Uninstalling from:"
+LangString RemovedFrom ${LANG_JAPANESE} "フォルダ:"
 LangString EvaFile ${LANG_ENGLISH} "Pavement analysis input"
 LangString EvaFile ${LANG_JAPANESE} "舗装解析の入力"
 LangString VenFile ${LANG_ENGLISH} "Pavement graphics input"
