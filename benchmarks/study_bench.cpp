@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "solver/solve.h"
+#include "study/row_work.h"
 #include "study/run_study.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <map>
 
-#include "study/memory.h"
+#include "study/results.h"
 
 namespace zirvo::batch {
 namespace {

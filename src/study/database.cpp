@@ -4,12 +4,14 @@
 #include <sqlite3.h>
 
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace zirvo::study {
 
 Database::Database(const std::string& path, Mode mode) : path_(path) {
-    const int flags = mode == Mode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    const int access = mode == Mode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    const int flags = access | SQLITE_OPEN_NOMUTEX;  // each is used by one thread
     if (sqlite3_open_v2(path.c_str(), &handle_, flags, nullptr) != SQLITE_OK) {
         const std::string reason = handle_ != nullptr ? sqlite3_errmsg(handle_) : "there is not enough memory";
         sqlite3_close(handle_);
@@ -76,6 +78,10 @@ void Statement::Bind(int place, const std::string& value) {
     sqlite3_bind_text(handle_, place, value.c_str(), static_cast<int>(value.size()), SQLITE_TRANSIENT);
 }
 
+void Statement::Bind(int place, const std::vector<double>& values) {
+    sqlite3_bind_blob64(handle_, place, values.data(), values.size() * sizeof(double), SQLITE_STATIC);
+}
+
 bool Statement::Step() {
     const int code = sqlite3_step(handle_);
     if (code != SQLITE_ROW && code != SQLITE_DONE) {
@@ -100,6 +106,14 @@ std::int64_t Statement::Integer(int column) const {
 std::string Statement::Text(int column) const {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(handle_, column));
     return text == nullptr ? "" : text;
+}
+
+void Statement::Numbers(int column, std::vector<double>& values) const {
+    const void* bytes = sqlite3_column_blob(handle_, column);
+    values.resize(static_cast<std::size_t>(sqlite3_column_bytes(handle_, column)) / sizeof(double));
+    if (!values.empty()) {
+        std::memcpy(values.data(), bytes, values.size() * sizeof(double));
+    }
 }
 
 std::string Quoted(const std::string& name) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "design/number_table.h"
 
@@ -24,6 +25,7 @@ public:
     Database& operator=(const Database&) = delete;
 
     void Execute(const std::string& sql);
+    /// In UTF-8.
     const std::string& Path() const { return path_; }
     sqlite3* Handle() const { return handle_; }
     [[noreturn]] void Fail() const;
@@ -47,6 +49,8 @@ public:
     void Bind(int place, double value);
     void Bind(int place, std::int64_t value);
     void Bind(int place, const std::string& value);
+    /// As they lie in memory. They must stay there until the statement is made anew or ends.
+    void Bind(int place, const std::vector<double>& values);
     /// True if there is a row to read.
     bool Step();
     void Reset();
@@ -54,6 +58,7 @@ public:
     double Number(int column) const;
     std::int64_t Integer(int column) const;
     std::string Text(int column) const;
+    void Numbers(int column, std::vector<double>& values) const;
 
 private:
     const Database& database_;

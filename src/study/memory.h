@@ -1,67 +1,70 @@
-// The results of a study as an SQLite file, which is also the memory of what is done. Caller: the run of a study. The
-// one place that knows SQLite.
+// The memory of a study: an SQLite file that says how far it has come, and holds what has been made until the results
+// take its place. Caller: the run of a study.
 //
-// What is stored: table "study" (key, value) says which study the file belongs to and which rows it is for; "results"
-// has a column for the number of the row (from 1), for each parameter and for each thing kept; "bad" has the number,
-// the parameters and the reason. A row that stands in one of the two is done.
+// What is stored while a study runs: table "study" (see tables.h); "done" has a row for each commit, with the first row
+// of the study (from 1), how many, and the numbers of the good ones as they stand in a Block, 8 bytes each; "bad" has
+// the others. Rows come in their order, so what is done is the first so many. A finished file has "results" and no
+// "done".
 //
-// While rows are added the file is written ahead of itself (WAL), so that a process that is killed at any moment leaves
-// what it had committed; the next one goes on. The file is locked meanwhile: a second run of the same study is refused.
-// A finished file is made anew from what it holds, row after row, so that its bytes do not tell how it came about.
+// The file is written ahead of itself (WAL), so that a process that is killed at any moment leaves what it had
+// committed; the next one goes on. It is locked meanwhile: a second run of the same study is refused. A study that ends
+// before the first commit writes nothing to it.
 #pragma once
 #include <cstdint>
-#include <memory>
+#include <functional>
 #include <string>
 #include <vector>
 
-#include "study/row_work.h"
+#include "study/block.h"
+#include "study/database.h"
 #include "study/study.h"
 
 namespace zirvo::study {
 
-/// The rows [First, Last) of a study, from 0.
-struct RowRange {
-    std::uint64_t First = 0;
-    std::uint64_t Last = 0;
-    std::uint64_t Count() const { return Last - First; }
-    bool operator==(const RowRange&) const = default;
-};
-
-/// Failures are thrown as FileError, whose file is that of the memory or what is written from it.
+/// Failures are thrown as FileError, whose file is that of the memory.
 class Memory {
 public:
     /// Opens the file, or makes it. An error: it belongs to another study or to other rows, another run works on it, it
-    /// is no such file.
+    /// is no such file. The study must outlive this object.
     Memory(const Study& study, const std::string& path, RowRange range);
+    /// A file that holds nothing goes.
     ~Memory();
     Memory(const Memory&) = delete;
     Memory& operator=(const Memory&) = delete;
 
-    /// Which rows of the range are done.
-    std::vector<bool> DoneRows() const;
+    /// How many of the range's rows are done: the first so many.
+    std::uint64_t DoneRows() const { return done_; }
+    /// True if the file holds the results of the whole range and not what is behind them.
+    bool Finished() const { return finished_; }
+    const Database& TheDatabase() const { return database_; }
 
-    /// Adds a row; it is there for good behind the next Commit. @param row  from 0
-    void Add(std::uint64_t row, const RowResult& result);
+    /// Gives what earlier runs have made, in the order of the rows; without lines.
+    void Earlier(const std::function<void(Block&)>& take) const;
+
+    /// Adds the next rows; they are there for good behind the next Commit.
+    void Add(const Block& block);
     void Commit();
+    /// How much waits for a commit, in bytes.
+    std::size_t Waiting() const;
 
-    /// Adds all rows of another memory, which must be of the same study and hold its range as a whole.
-    void AddAllOf(const std::string& path, RowRange range);
+    /// Gives each bad row, in their order.
+    void EachBad(const std::function<void(const BadRow&)>& take);
 
-    /// Makes the file anew and closes it.
-    void Finish();
+    /// Closes the file and puts another one in its place.
+    void ReplaceBy(const std::string& path);
 
 private:
-    class Work;
-    std::unique_ptr<Work> work_;
+    const Study& study_;
+    RowRange range_;
+    Database database_;
+    bool made_ = false;      // the file has its tables
+    bool replaced_ = false;  // by the results
+    bool finished_ = false;
+    std::uint64_t done_ = 0;
+    Block waiting_;
+
+    std::uint64_t CountDone() const;
+    void Make();
 };
-
-/// Writes the finished results as comma-separated rows, and the bad rows beside them where there are any; a file of bad
-/// rows of an earlier run goes otherwise. Numbers are the shortest texts that read back the same.
-/// @return how many rows are bad
-std::uint64_t WriteTables(const Study& study, const std::string& path, const std::string& csvFile,
-                          const std::string& badFile);
-
-/// Columns of a finished file, row after row. @param names  of columns of "results"
-std::vector<std::vector<double>> ReadColumns(const std::string& path, const std::vector<std::string>& names);
 
 }  // namespace zirvo::study

@@ -1,145 +1,33 @@
 // A run of a study, see run_study.h.
 //
-// Threads take blocks of rows and hand what they make to the caller's thread, which alone writes. A block that waits to
-// be written waits in memory; when a few wait, the threads wait too.
+// Threads work on the rows; the caller's thread alone writes, in the order of the rows: the results, which are put
+// under their names at the end, and the memory, from which a later run makes the same if this one does not come to its
+// end.
 #include "study/run_study.h"
 
 #include <algorithm>
-#include <atomic>
 #include <charconv>
 #include <chrono>
-#include <condition_variable>
-#include <deque>
-#include <exception>
-#include <mutex>
+#include <optional>
 #include <set>
-#include <system_error>
 #include <thread>
 
 #include "platform/files.h"
 #include "platform/folders.h"
+#include "study/memory.h"
+#include "study/results.h"
+#include "study/row_workers.h"
+#include "study/tables.h"
 
 namespace zirvo::study {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Clock = RowWorkers::Clock;
 
-constexpr std::uint64_t BlockRows = 64;
-constexpr std::size_t MostWaiting = 256;  // blocks
+constexpr std::size_t MostUncommitted = 1U << 23U;           // bytes
+constexpr auto FirstCommit = std::chrono::milliseconds(100);
 constexpr auto BetweenCommits = std::chrono::milliseconds(250);
-
-struct Block {
-    std::vector<std::uint64_t> Rows;
-    std::vector<RowResult> Results;
-};
-
-/// The threads that work on rows, and what they have made.
-class RowWorkers {
-public:
-    RowWorkers(const Study& study, RowRange range, const std::vector<bool>& done, unsigned threads)
-        : study_(study), range_(range), done_(done), working_(threads) {
-        for (unsigned i = 0; i < threads; ++i) {
-            try {
-                threads_.emplace_back([this] { Work(); });
-            } catch (const std::system_error&) {
-                const std::lock_guard lock(mutex_);
-                working_ -= threads - i;
-                if (threads_.empty()) {
-                    throw;
-                }
-                break;  // the system gives no more threads: those there are do the work
-            }
-        }
-    }
-
-    ~RowWorkers() {
-        {
-            const std::lock_guard lock(mutex_);
-            stop_ = true;
-        }
-        room_.notify_all();
-        for (std::thread& thread : threads_) {
-            thread.join();
-        }
-    }
-    RowWorkers(const RowWorkers&) = delete;
-    RowWorkers& operator=(const RowWorkers&) = delete;
-
-    enum class Taken { Block, NothingYet, NothingLeft };
-
-    /// The next block that is made, or nothing within a moment. What a thread threw is thrown here.
-    Taken Take(Block& block, Clock::time_point until) {
-        std::unique_lock lock(mutex_);
-        made_.wait_until(lock, until, [this] { return !waiting_.empty() || working_ == 0; });
-        if (failure_) {
-            std::rethrow_exception(failure_);
-        }
-        if (waiting_.empty()) {
-            return working_ == 0 ? Taken::NothingLeft : Taken::NothingYet;
-        }
-        block = std::move(waiting_.front());
-        waiting_.pop_front();
-        lock.unlock();
-        room_.notify_one();
-        return Taken::Block;
-    }
-
-private:
-    const Study& study_;
-    RowRange range_;
-    const std::vector<bool>& done_;
-    std::atomic<std::uint64_t> next_{0};
-    std::mutex mutex_;
-    std::condition_variable made_;
-    std::condition_variable room_;
-    std::deque<Block> waiting_;
-    unsigned working_;
-    bool stop_ = false;
-    std::exception_ptr failure_;
-    std::vector<std::thread> threads_;
-
-    void Work() {
-        std::exception_ptr failure;
-        try {
-            RowWork work(study_);
-            for (Block block; Make(work, block) && HandOver(std::move(block)); block = {}) {
-            }
-        } catch (...) {  // out of memory
-            failure = std::current_exception();
-        }
-        const std::lock_guard lock(mutex_);
-        failure_ = failure ? failure : failure_;
-        --working_;
-        made_.notify_one();
-    }
-
-    bool Make(RowWork& work, Block& block) {
-        while (block.Rows.empty()) {
-            const std::uint64_t first = next_.fetch_add(BlockRows);
-            if (first >= range_.Count()) {
-                return false;
-            }
-            for (std::uint64_t i = first; i < std::min(first + BlockRows, range_.Count()); ++i) {
-                if (!done_[i]) {
-                    block.Rows.push_back(range_.First + i);
-                    work.Run(block.Rows.back(), block.Results.emplace_back());
-                }
-            }
-        }
-        return true;
-    }
-
-    bool HandOver(Block&& block) {
-        std::unique_lock lock(mutex_);
-        room_.wait(lock, [this] { return stop_ || waiting_.size() < MostWaiting; });
-        if (stop_) {
-            return false;
-        }
-        waiting_.push_back(std::move(block));
-        made_.notify_one();
-        return true;
-    }
-};
+constexpr auto BetweenTells = std::chrono::milliseconds(250);
 
 double SecondsOf(Clock::duration time) {
     return std::chrono::duration<double>(time).count();
@@ -153,65 +41,117 @@ std::string MemoryPath(const RunOptions& options, int part, int parts) {
 class StudyRun {
 public:
     StudyRun(const Study& study, const RunOptions& options)
-        : study_(study), options_(options), range_(RangeOf(study.Rows, options.Part, options.Parts)) {}
+        : study_(study),
+          options_(options),
+          range_(RangeOf(study.Rows, options.Part, options.Parts)),
+          path_(MemoryPath(options, options.Part, options.Parts)),
+          memory_(study, path_, range_) {}
 
     RunOutcome Run() {
-        const std::string path = MemoryPath(options_, options_.Part, options_.Parts);
-        Memory memory(study_, path, range_);
-        const std::vector<bool> done = memory.DoneRows();
-        progress_.Rows = range_.Count();
-        progress_.Done = static_cast<std::uint64_t>(std::count(done.begin(), done.end(), true));
-        RunOutcome outcome;
-        outcome.Earlier = progress_.Done;
-        if (progress_.Done < progress_.Rows) {
-            WorkOn(memory, done);
+        progress_ = {memory_.DoneRows(), range_.Count()};
+        outcome_ = {range_.Count(), memory_.DoneRows(), 0, path_, ""};
+        if (memory_.Finished()) {
+            return Told();
         }
-        return options_.Parts > 0 ? OfPart(path, outcome.Earlier) : Finished(memory, path, outcome.Earlier);
+        try {
+            Work();
+            return Finished();
+        } catch (...) {
+            Rescue();
+            throw;
+        }
     }
 
     RunOutcome Merge(int parts) {
-        const std::string path = MemoryPath(options_, 0, 0);
-        Memory memory(study_, path, range_);
+        outcome_ = {range_.Count(), range_.Count(), 0, path_, ""};
+        OpenResults();
         for (int part = 1; part <= parts; ++part) {
-            memory.AddAllOf(MemoryPath(options_, part, parts), RangeOf(study_.Rows, part, parts));
+            InPart(part, parts, [this](const Database& finished) {
+                EachGoodRow(finished, study_, [this](Block& block) { Write(block); });
+            });
         }
-        return Finished(memory, path, study_.Rows);
+        for (int part = 1; part <= parts; ++part) {
+            InPart(part, parts, [this](const Database& finished) {
+                EachBadRow(finished, study_, [this](const BadRow& bad) { Write(bad); });
+            });
+        }
+        return Finished();
     }
 
 private:
     const Study& study_;
     const RunOptions& options_;
     RowRange range_;
+    std::string path_;
+    Memory memory_;
+    std::optional<ResultsDatabase> database_;
+    std::optional<ResultsTables> tables_;
     Progress progress_;
+    RunOutcome outcome_;
 
-    void WorkOn(Memory& memory, const std::vector<bool>& done) {
-        const unsigned machine = std::max(1U, std::thread::hardware_concurrency());
-        RowWorkers workers(study_, range_, done,
-                           options_.Threads > 0 ? static_cast<unsigned>(options_.Threads) : machine);
+    void OpenResults() {
+        if (options_.Parts <= 0) {
+            tables_.emplace(study_, options_.Output);
+        }
+        database_.emplace(study_, path_, range_);
+    }
+
+    template <class Rows>
+    void Write(const Rows& rows) {
+        database_->Add(rows);
+        if (tables_) {
+            tables_->Add(rows);
+        }
+    }
+
+    void Work() {
+        std::optional<RowWorkers> workers;  // they are at it while the files are made
+        if (progress_.Done < progress_.Rows) {
+            const unsigned machine = std::max(1U, std::thread::hardware_concurrency());
+            workers.emplace(study_, RowRange{range_.First + progress_.Done, range_.Last},
+                            options_.Threads > 0 ? static_cast<unsigned>(options_.Threads) : machine);
+        }
+        OpenResults();
+        memory_.Earlier([this](Block& block) { Write(block); });
+        if (workers) {
+            WriteAllOf(*workers);
+        }
+        memory_.EachBad([this](const BadRow& bad) { Write(bad); });
+    }
+
+    void WriteAllOf(RowWorkers& workers) {
         const Clock::time_point start = Clock::now();
         const std::uint64_t earlier = progress_.Done;
-        Clock::time_point commit = start + BetweenCommits;
-        for (Block block;;) {
-            const RowWorkers::Taken taken = workers.Take(block, commit);
-            if (taken == RowWorkers::Taken::NothingLeft) {
-                break;
+        Clock::time_point commit = start + FirstCommit;
+        Clock::time_point tell = start + BetweenTells;
+        while (progress_.Done < progress_.Rows) {
+            for (const Block& block : workers.Take(commit)) {
+                memory_.Add(block);
+                Write(block);
+                progress_.Done += block.Range.Count();
             }
-            if (taken == RowWorkers::Taken::Block) {
-                for (std::size_t i = 0; i < block.Rows.size(); ++i) {
-                    memory.Add(block.Rows[i], block.Results[i]);
-                }
-                progress_.Done += block.Rows.size();
+            const Clock::time_point now = Clock::now();
+            if (now >= commit || memory_.Waiting() > MostUncommitted) {
+                memory_.Commit();
+                commit = Clock::now() + BetweenCommits;
             }
-            if (const Clock::time_point now = Clock::now(); now >= commit) {
-                memory.Commit();
+            if (now >= tell) {
                 progress_.RowsPerSecond = static_cast<double>(progress_.Done - earlier) / SecondsOf(now - start);
                 progress_.SecondsLeft =
                     static_cast<double>(progress_.Rows - progress_.Done) / std::max(progress_.RowsPerSecond, 1e-9);
                 Tell();
-                commit = now + BetweenCommits;
+                tell = now + BetweenTells;
             }
         }
-        memory.Commit();
+    }
+
+    /// What has been made and not been committed, where something has failed.
+    void Rescue() {
+        try {
+            memory_.Commit();
+        } catch (...) {
+            return;  // told is what failed first
+        }
     }
 
     void Tell() const {
@@ -220,16 +160,49 @@ private:
         }
     }
 
-    RunOutcome OfPart(const std::string& path, std::uint64_t earlier) const {
-        return {range_.Count(), earlier, 0, path, ""};
+    /// Has the file of a part read, which must be whole.
+    template <class Read>
+    void InPart(int part, int parts, const Read& read) const {
+        const std::string path = MemoryPath(options_, part, parts);
+        const RowRange range = RangeOf(study_.Rows, part, parts);
+        if (!WrittenAt(path)) {
+            throw FileError{path, 0, "there is no such file: run this part first"};
+        }
+        const Memory memory(study_, path, range);
+        if (!memory.Finished()) {
+            throw FileError{path, 0,
+                            "has " + std::to_string(memory.DoneRows()) + " of its " + std::to_string(range.Count()) +
+                                " rows: run this part to its end first"};
+        }
+        read(memory.TheDatabase());
     }
 
-    RunOutcome Finished(Memory& memory, const std::string& path, std::uint64_t earlier) const {
-        memory.Finish();
-        const std::string csv = options_.Output + ".csv";
-        const std::string badFile = options_.Output + "_bad.csv";
-        const std::uint64_t bad = WriteTables(study_, path, csv, badFile);
-        return {range_.Count(), earlier, bad, csv, bad > 0 ? badFile : ""};
+    /// A study that is finished: its tables may have been changed or deleted, and are made anew.
+    RunOutcome Told() {
+        if (options_.Parts <= 0) {
+            tables_.emplace(study_, options_.Output);
+            EachGoodRow(memory_.TheDatabase(), study_, [this](Block& block) { tables_->Add(block); });
+            EachBadRow(memory_.TheDatabase(), study_, [this](const BadRow& bad) { tables_->Add(bad); });
+            FinishTables();
+        }
+        return outcome_;
+    }
+
+    /// The tables come first: a database that is finished tells that they have been.
+    RunOutcome Finished() {
+        database_->Finish();
+        if (tables_) {
+            FinishTables();
+        }
+        memory_.ReplaceBy(database_->Path());
+        return outcome_;
+    }
+
+    void FinishTables() {
+        tables_->Finish();
+        outcome_.Bad = tables_->BadRows();
+        outcome_.Results = tables_->File();
+        outcome_.BadFile = outcome_.Bad > 0 ? tables_->BadFile() : "";
     }
 };
 
@@ -285,9 +258,10 @@ std::variant<RunOutcome, FileError> RunStudy(const Study& study, const RunOption
 
 std::variant<RunOutcome, FileError> MergeParts(const Study& study, const RunOptions& options) {
     return Guarded([&] {
+        const int parts = PartsInFolder(options);
         RunOptions whole = options;
         whole.Part = whole.Parts = 0;
-        return StudyRun(study, whole).Merge(PartsInFolder(options));
+        return StudyRun(study, whole).Merge(parts);
     });
 }
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <variant>
 
-#include "study/memory.h"
+#include "study/block.h"
 #include "study/study.h"
 
 namespace zirvo::study {

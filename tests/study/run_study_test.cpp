@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "study/memory.h"
+#include "study/results.h"
 #include "study/study_folder.h"
 
 namespace zirvo::study {
@@ -78,9 +80,13 @@ TEST(RunOfAStudy, PartsThatAreMissingUnfinishedOrOfAnotherStudyAreNamed) {
     EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder),
               "p.part-2-of-2.sqlite: there is no such file: run this part first");
     EXPECT_FALSE(folder.Has("p.part-2-of-2.sqlite"));
-    { Memory unfinished(study, folder.Path("p.part-2-of-2.sqlite"), RangeOf(study.Rows, 2, 2)); }
+    {
+        Memory unfinished(study, folder.Path("p.part-2-of-2.sqlite"), RangeOf(study.Rows, 2, 2));
+        unfinished.Add({.Range = {75, 80}, .Numbers = {}, .Lines = "", .Bad = {}});
+        unfinished.Commit();
+    }
     EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder),
-              "p.part-2-of-2.sqlite: has 0 of its 75 rows: run this part to its end first");
+              "p.part-2-of-2.sqlite: has 5 of its 75 rows: run this part to its end first");
     const Study other = folder.StudyOf(Grid() + "# other\n");
     EXPECT_NE(ToldOf(MergeParts(other, {folder.Path("q")}), folder).find("there is no such file"), std::string::npos);
     RunAll(study, {folder.Path("p"), 1, 2, 2});
