@@ -3,8 +3,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
+#include "base/decimal15.h"
 #include "batch/input_file.h"
+#include "batch/result_rows.h"
 #include "platform/files.h"
 #include "solver/io/solver_input.h"
 #include "solver/solve.h"
@@ -32,23 +35,18 @@ public:
         if (!ReadPavement() || !ReadAxles() || !SolveAll()) {
             return ExitCode::BadInput;
         }
-        const std::string rows = Rows();
-        if (request_.CsvFile.empty()) {
-            return console_.Output(rows);
+        const ExitCode code = Write(Rows());
+        if (code == ExitCode::Done) {
+            TellNotes();
         }
-        try {
-            WriteWholeFile(request_.CsvFile, rows);
-            return ExitCode::Done;
-        } catch (const RuntimeFault& caught) {
-            console_.Complain(request_.CsvFile, "cannot be written: " + FaultText(caught));
-            return ExitCode::BadInput;
-        }
+        return code;
     }
 
 private:
     const LivesRequest& request_;
     Console& console_;
     solver::Problem typed_;
+    int moved_ = 0;     // points that lay just outside their layer
     double total_ = 0;  // of the vertical loads, as typed
     std::vector<design::AxleLoad> axles_;
     std::vector<std::vector<solver::PointResult>> results_;  // by axle load
@@ -67,6 +65,7 @@ private:
         if (const auto* error = std::get_if<solver::InputError>(&read)) {
             return Refuse(*error);
         }
+        moved_ = std::get<solver::SolverInput>(read).MovedPoints;
         typed_ = std::move(std::get<solver::SolverInput>(read).Typed);
         for (const LifeAtPoints& life : request_.Lives) {
             for (const int point : life.Points) {
@@ -129,6 +128,43 @@ private:
             }
         }
         return true;
+    }
+
+    ExitCode Write(const std::string& rows) {
+        if (request_.CsvFile.empty()) {
+            return console_.Output(rows);
+        }
+        try {
+            WriteWholeFile(request_.CsvFile, rows);
+            return ExitCode::Done;
+        } catch (const RuntimeFault& caught) {
+            console_.Complain(request_.CsvFile, "cannot be written: " + FaultText(caught));
+            return ExitCode::BadInput;
+        }
+    }
+
+    /// What does not stop the work, but must be known of the strains behind the lives.
+    void TellNotes() {
+        if (moved_ > 0) {
+            console_.Note(request_.File, MovedPointsText(moved_));
+        }
+        std::set<int> points;
+        for (const LifeAtPoints& life : request_.Lives) {
+            points.insert(life.Points.begin(), life.Points.end());
+        }
+        for (const int point : points) {
+            double worst = 0;
+            for (const auto& ofAxle : results_) {
+                for (const double estimate : ofAxle[static_cast<std::size_t>(point) - 1].Estimates) {
+                    worst = estimate <= worst ? worst : estimate;  // NaN stays
+                }
+            }
+            if (!(worst <= solver::PromisedError)) {
+                console_.Note(request_.File, "point " + std::to_string(point) + ": estimated relative error " +
+                                                 (std::isfinite(worst) ? ScientificText(worst, 1) : "unknown") +
+                                                 ", above 1E-9");
+            }
+        }
     }
 
     double ModulusOf(const solver::Point& point) const {  // MPa

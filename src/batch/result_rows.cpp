@@ -67,4 +67,9 @@ std::string ResultRows(const std::vector<solver::Point>& points, const solver::S
     return out;
 }
 
+std::string MovedPointsText(int count) {
+    return count == 1 ? "1 point just outside its layer was taken on its boundary"
+                      : std::to_string(count) + " points just outside their layer were taken on its boundary";
+}
+
 }  // namespace zirvo::batch

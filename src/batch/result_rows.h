@@ -1,4 +1,5 @@
-// The results as comma-separated rows at full precision. Caller: the solve command.
+// The results as comma-separated rows at full precision, and what is told of them. Callers: the solve and lives
+// commands.
 #pragma once
 #include <string>
 
@@ -13,5 +14,8 @@ namespace zirvo::batch {
 /// @param estimates  adds "ESTdisplacement,ESTstress,ESTstrain", with 3 digits: the estimated error of each group as a
 ///                   share of its largest value at the point; "inf" where nothing can be said
 std::string ResultRows(const std::vector<solver::Point>& points, const solver::Solution& solution, bool estimates);
+
+/// "2 points just outside their layer were taken on its boundary".
+std::string MovedPointsText(int count);
 
 }  // namespace zirvo::batch

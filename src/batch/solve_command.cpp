@@ -47,8 +47,7 @@ InputError FinishResults(solver::Solution& solution, solver::UnitSystem units) {
 void TellNotes(const SolveRequest& request, const solver::SolverInput& input, const solver::Solution& solution,
                Console& console) {
     if (input.MovedPoints > 0) {
-        console.Note(request.File,
-                     std::to_string(input.MovedPoints) + " points just outside their layer were taken on its boundary");
+        console.Note(request.File, MovedPointsText(input.MovedPoints));
     }
     const auto doubtful = [](const solver::PointResult& point) {
         return std::any_of(point.Estimates.begin(), point.Estimates.end(),
@@ -56,8 +55,8 @@ void TellNotes(const SolveRequest& request, const solver::SolverInput& input, co
     };
     const auto count = std::count_if(solution.Points.begin(), solution.Points.end(), doubtful);
     if (count > 0) {
-        console.Note(request.File, std::to_string(count) +
-                                       " points have an estimated relative error above 1E-9; --estimates tells which");
+        console.Note(request.File, std::to_string(count) + (count == 1 ? " point has" : " points have") +
+                                       " an estimated relative error above 1E-9; --estimates tells which");
     }
 }
 

@@ -104,6 +104,24 @@ TEST(Lives, APointInCompressionIsStoodForEver) {
     EXPECT_EQ(Row(outcome.Out, 1)[9], "inf");
 }
 
+// A film of 0.1 mm at the edge of a load of 1 km, which asks for more wavenumbers than there is time for; the second
+// point, at its middle, lies 0.05 mm below the film.
+constexpr const char* Film =
+    "h\nf.bre\nf.san\n\nh\n2 1 2\n\nh\nh\n5000 0.35 0.01 0\n50 0.4\n\nh\nh\n490000 100000 0 0 0 0\n\nh\nh\n"
+    "2 99999.99 0 0.01\n1 0 0 0.015\n";
+
+TEST(Lives, OfStrainsThatNobodyKnowsAreToldSo) {
+    const WorkFolder folder;
+    folder.Put("film.eva", Film);
+    const Outcome outcome = folder.Batch({"lives", "film.eva", "--units", "3", "--life", "ai-rutting:1,2"});
+    EXPECT_EQ(outcome.Code, 0);
+    const std::vector<std::string> told = LinesOf(outcome.Err);
+    ASSERT_EQ(told.size(), 2U) << outcome.Err;
+    EXPECT_EQ(told[0], "film.eva: 1 point just outside its layer was taken on its boundary");
+    EXPECT_EQ(told[1].substr(0, 46), "film.eva: point 1: estimated relative error 7.") << told[1];
+    EXPECT_NE(told[1].find("E+03, above 1E-9"), std::string::npos) << told[1];
+}
+
 TEST(Lives, TheListNamesEveryFunctionWithItsSource) {
     const WorkFolder folder;
     const Outcome outcome = folder.Batch({"lives", "--list"});

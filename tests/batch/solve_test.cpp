@@ -194,7 +194,7 @@ TEST_F(Solve, APointJustOutsideItsLayerIsTakenOnTheBoundaryWithANote) {
                                    "    1               0            0       15.005");
     const Outcome outcome = Run(bytes);
     EXPECT_EQ(outcome.Code, 0);
-    EXPECT_NE(outcome.Err.find("road.eva: 1 points"), std::string::npos) << outcome.Err;
+    EXPECT_NE(outcome.Err.find("road.eva: 1 point just"), std::string::npos) << outcome.Err;
     EXPECT_EQ(LinesOf(outcome.Out)[2].rfind("1,0,0,15,", 0), 0U);
     EXPECT_EQ(Folder.Batch({"solve", "road.eva", "--units", "3", "--quiet"}).Err, "");
 }
@@ -220,6 +220,21 @@ TEST_F(Solve, AFileCutAtAnyPlaceEitherReadsOrIsRefused) {
         EXPECT_EQ(outcome.Code, 1) << length;
         EXPECT_EQ(outcome.Err.rfind("road.eva: ", 0), 0U) << outcome.Err;
     }
+}
+
+// A film of 0.1 mm at the edge of a load of 1 km, which asks for more wavenumbers than there is time for; the second
+// point, at its middle, lies 0.05 mm below the film.
+constexpr const char* Film =
+    "h\nf.bre\nf.san\n\nh\n2 1 2\n\nh\nh\n5000 0.35 0.01 0\n50 0.4\n\nh\nh\n490000 100000 0 0 0 0\n\nh\nh\n"
+    "2 99999.99 0 0.01\n1 0 0 0.015\n";
+
+TEST_F(Solve, TellsOfMovedPointsAndOfEstimatesAboveThePromise) {
+    const Outcome outcome = Run(Film);
+    EXPECT_EQ(outcome.Code, 0);
+    EXPECT_EQ(LinesOf(outcome.Out).size(), 3U);
+    EXPECT_EQ(outcome.Err,
+              "road.eva: 1 point just outside its layer was taken on its boundary\n"
+              "road.eva: 1 point has an estimated relative error above 1E-9; --estimates tells which\n");
 }
 
 }  // namespace
