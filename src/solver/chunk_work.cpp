@@ -5,7 +5,8 @@
 #include <cmath>
 #include <limits>
 
-#include "solver/half_space.h"
+#include "solver/pair_rows.h"
+#include "solver/sum_rules.h"
 
 namespace zirvo::solver {
 
@@ -16,13 +17,6 @@ constexpr double DepthGoal = 1e-15;          // of interpolation in z, in units 
 constexpr double RelativeDepthGoal = 5e-12;  // or as a share of the value
 constexpr double DepthSpread = 2;            // of errors at the nodes in z, by the weights of the interpolation
 constexpr double CarefulShare = 0.1;         // of the budget: what has run out of it once is not mended by care
-constexpr double PreciseContrast = 1000;     // of the moduli, beyond which plain kernels lose too much too suddenly
-constexpr double RedoGoal = 5e-11;           // a bound above this is not good enough: the point is done again
-
-double WorstEstimate(const PointResult& result) {
-    return *std::max_element(result.Estimates.begin(), result.Estimates.end());
-}
-
 }  // namespace
 
 /// The pairs' own radii where they are fewer than the nodes of the cells that would serve them.
@@ -237,18 +231,6 @@ void ChunkWork::AddPlace(std::size_t first, std::size_t last) {
     }
 }
 
-/// How many times its rounding a place (R, depth) shows in the sums.
-double ChunkWork::SharpnessAt(const PointDepth& depth, double r, double gap) const {
-    const auto& thickness = work_.Layers.Thickness;
-    if (thickness.size() == 1) {
-        return 0;  // the gap is known to the last digit
-    }
-    const auto layer = static_cast<std::size_t>(depth.Layer);
-    const double ze = layer == 0 ? 2 * thickness[0] - depth.Z : depth.Z;
-    const double inDepth = depth.Source < 0 && layer + 1 < thickness.size() ? depth.Z / thickness[layer] : 1;
-    return r / std::sqrt(gap * gap + ze * ze) + inDepth;
-}
-
 /// One load at points first .. last - 1 of one place, whose sums begin at `sum`.
 void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t sum,
                         std::size_t first, std::size_t last) {
@@ -272,7 +254,6 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
     SumErrors errors;
     for (std::size_t i = first; i < last; ++i) {
         const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[i].Depth)];
-        const double m2 = work_.Layers.M2[static_cast<std::size_t>(depth.Layer)];
         if (chunk_.Points[i].Depth != before) {
             before = chunk_.Points[i].Depth;
             std::fill(std::begin(rows), std::end(rows), 0.0);
@@ -282,36 +263,9 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
                 errors = depth.Source >= 0 ? table_[0].Errors(group, item, static_cast<std::size_t>(depth.Source))
                                            : depthErrors_[cells_ ? group * table_[0].Items().size() + item : item];
             }
-            if (depth.Layer == 0) {
-                const auto own = HalfSpaceRows(work_.TheEngine, m2, work_.Layers.Nu[0], radius, gap, depth.Z,
-                                               load.Pressure != 0, load.Shear != 0);
-                for (std::size_t row = 0; row < RowCount; ++row) {
-                    rows[row] += own[row];
-                }
-                const HalfSpaceRounding rounding = HalfSpaceRoundingAt(radius, gap, depth.Z);
-                for (std::size_t k = 0; k < 2; ++k) {
-                    errors.Strain[k] += rounding.Strain / m2;
-                    errors.Displacement[k] += rounding.Displacement * radius / m2;
-                }
-            }
+            AddHalfSpace(work_, depth, load, radius, gap, rows, errors);
         }
-        if (position.R == 0) {
-            // On the axis all Bessel functions but J0 vanish: no rounding noise in place of a zero.
-            for (std::size_t row = 0; row < RowCount; ++row) {
-                rows[row] = RowOrder[row] == 0 ? rows[row] : 0;
-            }
-        }
-        PointSums& sums = sums_[sum + i - first];
-        AddRows(load, position, rows, sums);
-        sums.Sharpness = std::max(sums.Sharpness, SharpnessAt(depth, position.R, gap));
-        const double p = std::fabs(load.Pressure);
-        const double h = std::fabs(load.Shear);
-        // Values of a shear load are sums of two rows.
-        sums.StrainError += p * errors.Strain[0] + 2 * h * errors.Strain[1];
-        sums.DisplacementError += p * errors.Displacement[0] + 2 * h * errors.Displacement[1];
-        if (depth.Z == 0) {
-            AddSurfaceTraction(load, radius, gap, sums);
-        }
+        AddToPoint(work_, depth, load, position, radius, gap, rows, errors, sums_[sum + i - first]);
     }
 }
 

@@ -1,5 +1,6 @@
 // One chunk of depths: its sums, then its points. Caller: Solve, which gives each chunk to one thread.
 #pragma once
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <vector>
@@ -9,21 +10,19 @@
 #include "solver/layered_sums.h"
 #include "solver/problem.h"
 #include "solver/superposition.h"
+#include "solver/work.h"
 
 namespace zirvo::solver {
 
 /// Depths of a chunk at most, each with its own sums; more stand on nodes in z.
 inline constexpr std::size_t MostSources = 16;
 
-/// What all chunks share, read only.
-struct Work {
-    const Problem& TheProblem;
-    LayerTable Layers;
-    std::vector<LoadGroup> Groups;
-    const Engine& TheEngine;
-    LoadScale Scale;
-    std::vector<PointResult>& Results;
-};
+/// A bound above this is not good enough: the point is done again.
+inline constexpr double RedoGoal = 5e-11;
+
+inline double WorstEstimate(const PointResult& result) {
+    return *std::max_element(result.Estimates.begin(), result.Estimates.end());
+}
 
 /// One chunk: its sums, then its points.
 class ChunkWork {
@@ -47,7 +46,6 @@ private:
     void AddPlace(std::size_t first, std::size_t last);
     void AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t sum,
                  std::size_t first, std::size_t last);
-    double SharpnessAt(const PointDepth& depth, double r, double gap) const;
     void AddLayered(std::size_t group, std::size_t item, const std::array<double, ChebyshevCount>& weights,
                     const PointDepth& depth, double* rows) const;
 

@@ -20,10 +20,6 @@ struct Distinct {
     std::size_t First = 0, Last = 0;  // range in the sorted points
 };
 
-double EffectiveDepth(int layer, double z, double firstThickness) {
-    return layer == 0 ? 2 * firstThickness - z : z;
-}
-
 std::vector<std::size_t> SortedPoints(const Problem& problem) {
     std::vector<std::size_t> order(problem.Points.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
@@ -94,6 +90,10 @@ std::vector<Distinct> TakeCells(const Problem& problem, const std::vector<std::s
 }
 
 }  // namespace
+
+double EffectiveDepth(int layer, double z, double firstThickness) {
+    return layer == 0 ? 2 * firstThickness - z : z;
+}
 
 std::vector<double> LayerTopsOf(const Problem& problem) {
     std::vector<double> tops{0};

@@ -40,8 +40,12 @@ struct ChunkPoint {
 struct DepthChunk {
     std::vector<SourceDepth> Sources;  ///< by layer, then depth
     std::vector<PointDepth> Depths;
-    std::vector<ChunkPoint> Points;  ///< by place (X, Y), then depth
+    std::vector<ChunkPoint> Points;  ///< by place (X, Y), then depth; by depth, then place where Direct
+    bool Direct = false;             ///< each pair of a load and a point has sums of its own (direct_work.h)
 };
+
+/// ze of a depth in a layer (0-based) [cm].
+double EffectiveDepth(int layer, double z, double firstThickness);
 
 /// Tops of the layers [cm]; entry Count is the sum of all thicknesses but the last layer's.
 std::vector<double> LayerTopsOf(const Problem& problem);

@@ -107,6 +107,42 @@ struct WeighMeasures {
     double* Tail = nullptr;
 };
 
+/// Fields of whole layers (engine_fields.inl). Components for vertical loads W, S, U, T; for horizontal ones W, S, U,
+/// (U + V) / 2, (T + Q) / 2, (T - Q) / 2; of each four coefficients. Behind them the sizes of each kind's components at
+/// each of the four: FieldNumbers for a node, 8 nodes side by side.
+inline constexpr int HorizontalFields = 4;
+inline constexpr int FieldComponents = 10;
+inline constexpr int FieldNumbers = (FieldComponents + Kinds) * 4;
+/// How a layer's coefficients are meant at a node: not reached by the field, modes, or values at four depths.
+enum Form : unsigned char { FormNone, FormThick, FormThin };
+/// Nodes that pairs are summed over at a time: their fields stay in the nearest cache.
+inline constexpr int PairNodes = 64;
+/// Numbers per node that tell the four functions of depth in a thin layer.
+inline constexpr int ThinNumbers = 8;
+
+/// Some nodes for a sum of one pair of a load and a point, a multiple of 8 and at most PairNodes.
+struct PairBlock {
+    int Nodes = 0;
+    const double* Xi = nullptr;
+    const double* XiLow = nullptr;
+    const double* InverseXi = nullptr;
+    const double* Factor = nullptr;  ///< what a kernel is weighed with
+    const double* Size = nullptr;    ///< its size without oscillation
+    const double* Fields = nullptr;  ///< of the pair's layer
+    const double* Depth = nullptr;   ///< four functions of the pair's depth, NodeBlock apart
+    const double* Doubt = nullptr;   ///< [segment * DoubtStride + kind]: share of kernels that is rounding
+    int DoubtStride = 0;
+    const double* SegmentRounding = nullptr;  ///< what a sum of ones may be off in each segment
+    const double* SegmentEnvelope = nullptr;  ///< 0.9 / sqrt of each segment's least wavenumber
+};
+
+/// The sums of a pair: even and odd nodes in even and odd places, and their measures by kind. Squares are summed over
+/// segments; Peak is the largest mean of a segment; Tail is of the last few nodes.
+struct PairSums {
+    alignas(64) double Rows[RowCount][8];
+    double Magnitude[Kinds], Kernel2[Kinds], Sum2[Kinds], Peak[Kinds], Tail[Kinds];
+};
+
 /// Rows are padded to this many where they stand side by side: of vertical loads alone, and of both.
 inline constexpr int VerticalStride = 8;
 inline constexpr int RowStride = 16;
@@ -126,6 +162,28 @@ struct Engine {
     void (*PreciseKernels)(const LayeredSystem& system, double radius, const double* xi, int nodes,
                            const KernelDepth* depths, int depthCount, bool vertical, bool horizontal, int& deepest,
                            double* out);
+
+    /// Fields of the layers that have a slot (slots[layer] >= 0, up to layer deepestWanted) at a block of wavenumbers:
+    /// out[((slot * NodeBlock / 8 + node / 8) * FieldNumbers + number) * 8 + node % 8], forms[slot * NodeBlock + node].
+    void (*Fields)(const LayeredSystem& system, double radius, const double* xi, int nodes, const int* slots,
+                   int deepestWanted, bool vertical, bool horizontal, int& deepest, double* out, unsigned char* forms);
+
+    /// The same, made in numbers of two parts and rounded at the end.
+    void (*PreciseFields)(const LayeredSystem& system, double radius, const double* xi, int nodes, const int* slots,
+                          int deepestWanted, bool vertical, bool horizontal, int& deepest, double* out,
+                          unsigned char* forms);
+
+    /// For a thickness: out[number * NodeBlock + node], for DepthFunctions. Nodes at which it is not thin are left out.
+    void (*ThinFunctions)(double thickness, const double* xi, int nodes, double* out);
+
+    /// The four functions of a depth by which the fields of its layer are to be multiplied: out[j * NodeBlock + node].
+    /// @param thin  what ThinFunctions gave for the layer
+    void (*DepthFunctions)(const KernelDepth& depth, bool lastLayer, const double* xi, int nodes,
+                           const unsigned char* forms, const double* thin, double* out);
+
+    /// Adds some nodes to the sums of a pair r apart.
+    void (*AddToPair)(const BesselTable& table, const PairBlock& block, double r, bool vertical, bool horizontal,
+                      PairSums& sums);
 
     /// out = raw * factor for the rows of one depth (out may be raw). The measures are of |raw| * size, each of the
     /// kinds that the rows have (see WeighMeasures).

@@ -24,17 +24,11 @@ inline Four TaylorBessel(const BesselTable& table, long long centre, double d) {
     return sum;
 }
 
-/// J0..J3 at (xi + xiLow) r of four radii, one after the other in each order; all arguments at most Limit.
-inline void SmallOfFour(const BesselTable& table, double xi, double xiLow, const double* r, double* const out[4]) {
-    const Four radius = FourAt(r);
-    const Four x = radius * xi;
-    Four rest;
-    for (int k = 0; k < 4; ++k) {
-        rest[k] = RestOfProduct(radius[k], xi, x[k]);
-    }
+/// J0..J3 at x + rest, one after the other in each order; all arguments at most Limit.
+inline void TaylorOfFour(const BesselTable& table, Four x, Four rest, double* const out[4]) {
     const Four shifted = x * double{BesselTable::PerUnit} + Magic;
     const FourBits centre = (FourBits)shifted - (FourBits)(Four{} + Magic);
-    const Four from = (x - (shifted - Magic) * (1.0 / BesselTable::PerUnit)) + (rest + radius * xiLow);
+    const Four from = (x - (shifted - Magic) * (1.0 / BesselTable::PerUnit)) + rest;
     const Four a = TaylorBessel(table, centre[0], from[0]), b = TaylorBessel(table, centre[1], from[1]);
     const Four c = TaylorBessel(table, centre[2], from[2]), d = TaylorBessel(table, centre[3], from[3]);
     const Four ab01 = __builtin_shufflevector(a, b, 0, 4, 1, 5), ab23 = __builtin_shufflevector(a, b, 2, 6, 3, 7);
@@ -48,21 +42,54 @@ inline void SmallOfFour(const BesselTable& table, double xi, double xiLow, const
         }
     }
 }
+
+/// J0..J3 at (xi + xiLow) r of four radii.
+inline void SmallOfFour(const BesselTable& table, double xi, double xiLow, const double* r, double* const out[4]) {
+    const Four radius = FourAt(r);
+    const Four x = radius * xi;
+    Four rest;
+    for (int k = 0; k < 4; ++k) {
+        rest[k] = RestOfProduct(radius[k], xi, x[k]);
+    }
+    TaylorOfFour(table, x, rest + radius * xiLow, out);
+}
+
+/// The same of four nodes and one radius.
+inline void SmallOfNodes(const BesselTable& table, const double* xi, const double* xiLow, double r,
+                         double* const out[4]) {
+    const Four node = FourAt(xi);
+    const Four x = node * r;
+    Four rest;
+    for (int k = 0; k < 4; ++k) {
+        rest[k] = RestOfProduct(node[k], r, x[k]);
+    }
+    TaylorOfFour(table, x, rest + FourAt(xiLow) * r, out);
+}
 #else
+inline void TaylorOfOne(const BesselTable& table, double x, double rest, int place, double* const out[4]) {
+    const int centre = static_cast<int>(BesselTable::PerUnit * x + 0.5);
+    const double d = (x - (1.0 / BesselTable::PerUnit) * centre) + rest;
+    for (int n = 0; n < 4; ++n) {
+        double sum = 0;
+        for (int k = BesselTable::Terms - 1; k >= 0; --k) {
+            sum = sum * d + table.Taylor[centre][k][n];
+        }
+        if (out[n] != nullptr) {
+            out[n][place] = sum;
+        }
+    }
+}
 inline void SmallOfFour(const BesselTable& table, double xi, double xiLow, const double* r, double* const out[4]) {
     for (int i = 0; i < 4; ++i) {
         const double x = xi * r[i];
-        const int centre = static_cast<int>(BesselTable::PerUnit * x + 0.5);
-        const double d = (x - (1.0 / BesselTable::PerUnit) * centre) + (RestOfProduct(xi, r[i], x) + xiLow * r[i]);
-        for (int n = 0; n < 4; ++n) {
-            double sum = 0;
-            for (int k = BesselTable::Terms - 1; k >= 0; --k) {
-                sum = sum * d + table.Taylor[centre][k][n];
-            }
-            if (out[n] != nullptr) {
-                out[n][i] = sum;
-            }
-        }
+        TaylorOfOne(table, x, RestOfProduct(xi, r[i], x) + xiLow * r[i], i, out);
+    }
+}
+inline void SmallOfNodes(const BesselTable& table, const double* xi, const double* xiLow, double r,
+                         double* const out[4]) {
+    for (int i = 0; i < 4; ++i) {
+        const double x = xi[i] * r;
+        TaylorOfOne(table, x, RestOfProduct(xi[i], r, x) + xiLow[i] * r, i, out);
     }
 }
 #endif

@@ -19,13 +19,19 @@ namespace {
 #include "solver/engine_half_space.inl"
 #include "solver/engine_plain.inl"
 #include "solver/engine_sums.inl"
+// Pairs need the layers of engine_plain.inl.
+#include "solver/engine_pairs.inl"
 }  // namespace
 
 // In a file of its own (engine_precise.inl), compiled without contraction.
 void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
                     int depthCount, bool vertical, bool horizontal, int& deepest, double* out);
 
+void PreciseFields(const LayeredSystem& system, double radius, const double* xi, int nodes, const int* slots,
+                   int deepestWanted, bool vertical, bool horizontal, int& deepest, double* out, unsigned char* forms);
+
 extern const Engine TheEngine;
-const Engine TheEngine = {ZIRVO_ENGINE_NAME, Kernels,     PreciseKernels,   Weigh,    Bessel,
-                          Accumulate,        Interpolate, ChebyshevWeights, HalfSpace};
+const Engine TheEngine = {ZIRVO_ENGINE_NAME, Kernels,        PreciseKernels,   Fields,   PreciseFields,
+                          ThinFunctions,     DepthFunctions, AddToPair,        Weigh,    Bessel,
+                          Accumulate,        Interpolate,    ChebyshevWeights, HalfSpace};
 }  // namespace zirvo::solver::ZIRVO_ENGINE

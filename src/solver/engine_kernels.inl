@@ -160,16 +160,69 @@ inline void StoreHorizontal(const FieldValues& f, Number inverseXi, double* out)
     Store(out + RowDifference3 * NodeBlock, Rounded(difference));
 }
 
+/// A layer on the way down, as those see it who take its field.
+struct LayerHere {
+    int Layer;
+    bool Thin, Last, Horizontal;
+    Constant Nu, M2;
+    Number Xi;
+    const LayerField& Thick;
+    const ThinField& ThinOne;
+};
+
+/// The field at a depth of the layer; in layer 1 without its own half-space's.
+inline FieldValues FieldIn(const LayerHere& here, const KernelDepth& depth) {
+    FieldValues f = here.Thin ? ThinFieldAt(here.ThinOne, here.Nu, here.Xi, depth)
+                              : ThickFieldAt(here.Thick, here.Nu, here.Xi, depth, here.Last);
+    if (here.Thin && here.Layer == 0) {
+        const double t = here.Horizontal ? -1.0 : 0.0, s = here.Horizontal ? 0.0 : -1.0;
+        SubtractHalfSpace(here.Nu, here.Xi * ConstantOf(depth.FromTop, depth.FromTopLow), s / here.M2,
+                          (t + s) / here.M2, -2 * t / here.M2, f);
+    }
+    return f;
+}
+
+/// Takes the rows at some depths, by layer and depth.
+struct DepthTaker {
+    const KernelDepth* Depths;
+    int Count;
+    Number InverseXi;
+    double* Out;
+    int Next = 0;
+
+    bool More() const { return Next < Count; }
+    void Take(const LayerHere& here) {
+        for (; Next < Count && Depths[Next].Layer == here.Layer; ++Next) {
+            const FieldValues f = FieldIn(here, Depths[Next]);
+            double* row = Out + Next * RowCount * NodeBlock;
+            if (here.Horizontal) {
+                StoreHorizontal(f, InverseXi, row);
+            } else {
+                StoreVertical(f, InverseXi, row);
+            }
+        }
+    }
+    /// What the field does not reach is 0.
+    void TakeRest(bool horizontal) {
+        const int first = horizontal ? VerticalRows : 0;
+        const int end = horizontal ? RowCount : VerticalRows;
+        for (; Next < Count; ++Next) {
+            for (int r = first; r < end; ++r) {
+                Store(Out + (Next * RowCount + r) * NodeBlock, All(0.0));
+            }
+        }
+    }
+};
+
 /// One load case downwards at one vector of nodes. The traction is unit: (T, S, Q) at the surface. Returns the deepest
 /// layer that the field reaches with more than ReachLimit of the surface traction.
 constexpr double ReachLimit = 1e-26;
 
+template <class Taker>
 inline int Downwards(const LayeredSystem& system, double radius, const LayerState* states, Number xi, int bottom,
-                     bool horizontal, const KernelDepth* depths, int depthCount, double* out) {
-    const Number inverseXi = 1.0 / xi;
+                     bool horizontal, Taker& taker) {
     const double t0 = horizontal ? -1.0 : 0.0, s0 = horizontal ? 0.0 : -1.0, q0 = t0;
     Traction t{NumberOf(t0), NumberOf(s0), NumberOf(q0)};
-    int next = 0;
     int layer = 0;
     Constant above = ConstantOf(1, 0);  // what the traction at hand is taken over
     Carried carried{};
@@ -193,7 +246,7 @@ inline int Downwards(const LayeredSystem& system, double radius, const LayerStat
             field.As = -2.0 * t.Q;
         } else {
             field = DownLayer(states[layer], q, t);
-            if (next < depthCount) {
+            if (taker.More()) {
                 if (thin) {
                     thinField = ThinFieldOf(states[layer], nu, q, top, t, carried, layer == 0);
                 } else if (layer + 1 < bottom && states[layer + 1].Thin) {
@@ -204,20 +257,7 @@ inline int Downwards(const LayeredSystem& system, double radius, const LayerStat
                 TakeOutHalfSpace(states[0], q, t0 / m2, s0 / m2, q0 / m2, field);
             }
         }
-        for (; next < depthCount && depths[next].Layer == layer; ++next) {
-            FieldValues f =
-                thin ? ThinFieldAt(thinField, nu, xi, depths[next]) : ThickFieldAt(field, nu, xi, depths[next], last);
-            if (thin && layer == 0) {
-                SubtractHalfSpace(nu, xi * ConstantOf(depths[next].FromTop, depths[next].FromTopLow), s0 / m2,
-                                  (t0 + s0) / m2, -2 * q0 / m2, f);
-            }
-            double* row = out + next * RowCount * NodeBlock;
-            if (horizontal) {
-                StoreHorizontal(f, inverseXi, row);
-            } else {
-                StoreVertical(f, inverseXi, row);
-            }
-        }
+        taker.Take({layer, thin, last, horizontal, nu, m2, xi, field, thinField});
         if (last) {
             break;
         }
@@ -230,13 +270,7 @@ inline int Downwards(const LayeredSystem& system, double radius, const LayerStat
             break;
         }
     }
-    const int first = horizontal ? VerticalRows : 0;
-    const int end = horizontal ? RowCount : VerticalRows;
-    for (; next < depthCount; ++next) {
-        for (int r = first; r < end; ++r) {
-            Store(out + (next * RowCount + r) * NodeBlock, All(0.0));
-        }
-    }
+    taker.TakeRest(horizontal);
     return layer < bottom ? layer : bottom;
 }
 
@@ -280,12 +314,13 @@ void Kernels(const LayeredSystem& system, double radius, const double* xi, int n
         const int bottom = deepest;
         Upwards(system, radius, x, bottom, states);
         int reach = 0;
-        if (vertical) {
-            reach = Downwards(system, radius, states, x, bottom, false, depths, depthCount, out + node);
-        }
-        if (horizontal) {
-            const int other = Downwards(system, radius, states, x, bottom, true, depths, depthCount, out + node);
-            reach = other > reach ? other : reach;
+        for (int load = 0; load < 2; ++load) {
+            const bool shear = load == 1;
+            if (shear ? horizontal : vertical) {
+                DepthTaker taker{depths, depthCount, 1.0 / x, out + node};
+                const int other = Downwards(system, radius, states, x, bottom, shear, taker);
+                reach = other > reach ? other : reach;
+            }
         }
         deepest = reach;
     }

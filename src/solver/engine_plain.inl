@@ -51,3 +51,5 @@ inline Hyperbolic HyperbolicOf(Vec q) {
 
 // The fields at depths with these numbers.
 #include "solver/engine_kernels.inl"
+// The fields of whole layers with these numbers.
+#include "solver/engine_fields.inl"

@@ -56,6 +56,8 @@ inline Hyperbolic HyperbolicOf(Number q) {
 }
 // The fields at depths with these numbers.
 #include "solver/engine_kernels.inl"
+// The fields of whole layers with these numbers.
+#include "solver/engine_fields.inl"
 }  // namespace
 
 void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
@@ -64,6 +66,14 @@ void PreciseKernels(const LayeredSystem& system, double radius, const double* xi
 void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
                     int depthCount, bool vertical, bool horizontal, int& deepest, double* out) {
     Kernels(system, radius, xi, nodes, depths, depthCount, vertical, horizontal, deepest, out);
+}
+
+void PreciseFields(const LayeredSystem& system, double radius, const double* xi, int nodes, const int* slots,
+                   int deepestWanted, bool vertical, bool horizontal, int& deepest, double* out, unsigned char* forms);
+
+void PreciseFields(const LayeredSystem& system, double radius, const double* xi, int nodes, const int* slots,
+                   int deepestWanted, bool vertical, bool horizontal, int& deepest, double* out, unsigned char* forms) {
+    Fields(system, radius, xi, nodes, slots, deepestWanted, vertical, horizontal, deepest, out, forms);
 }
 
 }  // namespace zirvo::solver::ZIRVO_ENGINE

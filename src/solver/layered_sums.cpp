@@ -3,17 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
+#include "solver/sum_rules.h"
 #include "solver/tables.h"
 
 namespace zirvo::solver {
 
 namespace {
 
-constexpr double MostNodes = 3e6;     // of one level
-constexpr double FewestNodes = 2e4;   // that it may have whatever the budget says
-constexpr double PreciseCost = 15;    // of kernels in two parts over plain ones
-constexpr double MildContrast = 300;  // of bonded layers whose kernels have no poles near the real wavenumbers
-constexpr double TailShare = 0.5;     // of the last two Chebyshev coefficients: what follows them at most
+constexpr double TailShare = 0.5;  // of the last two Chebyshev coefficients: what follows them at most
 
 }  // namespace
 

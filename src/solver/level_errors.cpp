@@ -15,30 +15,20 @@
 
 #include "solver/level_rows.h"
 #include "solver/level_sum.h"
+#include "solver/sum_rules.h"
 #include "solver/tables.h"
 
 namespace zirvo::solver {
 
 namespace {
 
-// Errors that need no finer step and no narrower cells: a point that wants more is done again.
-constexpr double AbsoluteGoal = 1e-14;  // in units of the load
-constexpr double RelativeGoal = 2e-11;  // or as a share of the value
-constexpr double TailShare = 0.5;       // of the last two Chebyshev coefficients: what follows them at most
-constexpr double Rounding = 1.1e-16;
-constexpr double SumRounding = 2.5 * Rounding;  // of a product of kernel and Bessel functions
+constexpr double TailShare = 0.5;                   // of the last two Chebyshev coefficients: what follows them at most
+constexpr double SumRounding = 2.5 * UnitRounding;  // of a product of kernel and Bessel functions
 constexpr double CellSpread = 2;
-constexpr double RuleSafety = 2;
 
 /// Largest of J0 .. J3 from x on.
 double EnvelopeOfAll(double x) {
     return x < 0.8 ? 1 : 0.9 / std::sqrt(x);
-}
-
-/// What a rule is off when its half is off by `half`.
-double RuleError(double half, double scale) {
-    const double share = half / scale;
-    return half * std::min(RuleSafety * share / std::sqrt(std::sqrt(std::min(share, 1.0))), 1 + share);
 }
 
 }  // namespace
@@ -47,12 +37,6 @@ double RuleError(double half, double scale) {
 struct LevelSum::Measures {
     std::array<double, Kinds> Rule{}, Interpolation{}, Cut{}, Kernel{}, Sum{}, Value{}, Magnitude{};
 };
-
-/// Arguments xi r whose rounding is not known: those of the nodes below C (wavenumbers.h).
-double LevelSum::UnknownArgument(double xi) const {
-    const double reach = level_.Range.Reach;
-    return std::min(xi * reach, 3 * rule_.C * reach * std::exp(-xi / rule_.C));
-}
 
 /// Sizes of the Bessel functions of an item in each segment, into envelopes_.
 void LevelSum::MakeEnvelopes(std::size_t item) {
@@ -130,7 +114,7 @@ bool LevelSum::Finish() {
     smooth_ = true;
     segmentRounding_.clear();
     for (const double xi : segmentXi_) {
-        segmentRounding_.push_back(SumRounding + Rounding * UnknownArgument(xi));
+        segmentRounding_.push_back(SumRounding + UnitRounding * UnknownArgument(rule_, level_.Range.Reach, xi));
     }
     errors_.assign(work_.Slots() * static_cast<std::size_t>(sources_), {});
     for (std::size_t g = 0; g < work_.Groups.size(); ++g) {

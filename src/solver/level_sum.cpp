@@ -6,36 +6,14 @@
 #include <cmath>
 
 #include "solver/level_rows.h"
+#include "solver/sum_rules.h"
 #include "solver/tables.h"
 
 namespace zirvo::solver {
 
 namespace {
 
-constexpr double EndedKernel = 1e-15;  // share of its peak below which a kernel has ended
-constexpr double EndedPhase = 40;      // and xi * ze above which it may
-constexpr int ExtraNodes = 64;         // block beyond the expected end
-constexpr int ShortBlock = 64;         // a last block that takes the rounding of the one before
-constexpr int MostRefinements = 2;
-constexpr double LeastRounding = 2e-16;     // share of a kernel that a sample is not believed below
-constexpr double ContrastRounding = 6e-18;  // more of it for the ratio of the moduli
-constexpr double KernelSafety = 2;          // of a sampled difference
-
-/// Size of J1(x) without its oscillation.
-double Envelope(double x) {
-    return std::min(0.5 * x, 0.8 / std::sqrt(x));
-}
-
-/// z - top, with what the difference loses; exactly 0 on the top as it is known.
-void DistanceBelow(double z, double top, double topLow, double& distance, double& low) {
-    distance = z - top;
-    if (distance == 0) {
-        low = 0;
-        return;
-    }
-    const double part = distance - z;
-    low = (z - (distance - part)) + (-top - part) - topLow;
-}
+constexpr int ShortBlock = 64;  // a last block that takes the rounding of the one before
 
 }  // namespace
 
@@ -67,28 +45,8 @@ LevelSum::LevelSum(const LevelWork& work, const RadiusLevel& level, const SumCar
       weighted_(scratch_.Weighted),
       precise_(scratch_.Precise),
       rounding_(scratch_.Rounding) {
-    const LayerTable& layers = work.Layers;
     for (const SourceDepth& source : work.Chunk.Sources) {
-        const auto layer = static_cast<std::size_t>(source.Layer);
-        KernelDepth depth;
-        depth.Layer = source.Layer;
-        DistanceBelow(source.Z, layers.Tops[layer], layers.TopsLow[layer], depth.FromTop, depth.FromTopLow);
-        if (layer + 1 < layers.M2.size()) {
-            DistanceBelow(source.Z, layers.Tops[layer + 1], layers.TopsLow[layer + 1], depth.FromBottom,
-                          depth.FromBottomLow);
-            depth.FromBottom = -depth.FromBottom;
-            depth.FromBottomLow = -depth.FromBottomLow;
-            // A depth that is the rounded sum of thicknesses is the interface, seen from both ends of the layer: in a
-            // soft one the difference shows.
-            if (depth.FromBottom == 0) {
-                depth.FromTop = layers.Thickness[layer];
-                depth.FromTopLow = 0;
-            } else if (depth.FromTop == 0) {
-                depth.FromBottom = layers.Thickness[layer];
-                depth.FromBottomLow = 0;
-            }
-        }
-        depths_.push_back(depth);
+        depths_.push_back(KernelDepthOf(work.Layers, source.Layer, source.Z));
     }
     PlaceColumns();
 }
@@ -190,8 +148,7 @@ void LevelSum::Sum(int refinement) {
     alignas(64) double weight[NodeBlock];
     const double expected = NodesBelow(rule_, level_.Range.Largest);
     for (long first = 0;;) {
-        const double left = std::max(expected - static_cast<double>(first), static_cast<double>(ExtraNodes));
-        const int nodes = left >= NodeBlock ? NodeBlock : (static_cast<int>(left) + 15) / 16 * 16;
+        const int nodes = NodesOfBlock(expected, first, NodeBlock);
         FillNodes(rule_, first, nodes, xi_, xiLow_, weight);
         SumBlock(weight, nodes);
         first += nodes;

@@ -99,7 +99,6 @@ private:
     bool FinishItem(std::size_t g, std::size_t item);
     struct Measures;
     Measures MeasuresOf(std::size_t g, std::size_t item, std::size_t source) const;
-    double UnknownArgument(double xi) const;
     void MakeEnvelopes(std::size_t item);
     void AddRounding(std::size_t g, std::size_t source, Measures& m) const;
 

@@ -44,6 +44,43 @@ LayeredSystem LayerTable::View() const {
 
 namespace {
 
+/// z - top, with what the difference loses; exactly 0 on the top as it is known.
+void DistanceBelow(double z, double top, double topLow, double& distance, double& low) {
+    distance = z - top;
+    if (distance == 0) {
+        low = 0;
+        return;
+    }
+    const double part = distance - z;
+    low = (z - (distance - part)) + (-top - part) - topLow;
+}
+
+}  // namespace
+
+KernelDepth KernelDepthOf(const LayerTable& layers, int layer, double z) {
+    const auto at = static_cast<std::size_t>(layer);
+    KernelDepth depth;
+    depth.Layer = layer;
+    DistanceBelow(z, layers.Tops[at], layers.TopsLow[at], depth.FromTop, depth.FromTopLow);
+    if (at + 1 < layers.M2.size()) {
+        DistanceBelow(z, layers.Tops[at + 1], layers.TopsLow[at + 1], depth.FromBottom, depth.FromBottomLow);
+        depth.FromBottom = -depth.FromBottom;
+        depth.FromBottomLow = -depth.FromBottomLow;
+        // A depth that is the rounded sum of thicknesses is the interface, seen from both ends of the layer: in a soft
+        // one the difference shows.
+        if (depth.FromBottom == 0) {
+            depth.FromTop = layers.Thickness[at];
+            depth.FromTopLow = 0;
+        } else if (depth.FromTop == 0) {
+            depth.FromBottom = layers.Thickness[at];
+            depth.FromBottomLow = 0;
+        }
+    }
+    return depth;
+}
+
+namespace {
+
 constexpr double PiValue = 3.14159265358979323846;
 
 /// Cosine and sine of an angle in degrees; of multiples of a right angle exactly, so that a braking load along an axis

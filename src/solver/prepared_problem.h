@@ -39,6 +39,9 @@ struct LayerTable {
     LayeredSystem View() const;
 };
 
+/// A depth of a layer (0-based) from both ends of the layer.
+KernelDepth KernelDepthOf(const LayerTable& layers, int layer, double z);
+
 /// Area of a circle [cm2].
 double CircleArea(double radius);
 

@@ -12,6 +12,8 @@
 #include <thread>
 
 #include "solver/chunk_work.h"
+#include "solver/direct_plan.h"
+#include "solver/direct_work.h"
 #include "solver/half_space.h"
 
 namespace zirvo::solver {
@@ -81,7 +83,7 @@ Solution Solve(const Problem& problem, const SolveOptions& options) {
     std::vector<LoadGroup> groups = GroupLoads(problem);
     const LoadScale scale = ScaleOf(problem);
     const Work work{problem, LayerTable(problem), std::move(groups), BestEngine(), scale, solution.Points};
-    const auto chunks = PlanDepths(problem, MostSources);
+    const auto chunks = WithDirectChunks(work, PlanDepths(problem, MostSources));
 
     std::atomic<std::size_t> next{0};
     std::exception_ptr failure;
@@ -89,7 +91,12 @@ Solution Solve(const Problem& problem, const SolveOptions& options) {
     const auto worker = [&] {
         try {
             for (std::size_t i = next++; i < chunks.size(); i = next++) {
-                ChunkWork(work, chunks[i], Budget / static_cast<double>(chunks.size()), false).Run();
+                const double budget = Budget / static_cast<double>(chunks.size());
+                if (chunks[i].Direct) {
+                    DirectWork(work, chunks[i], budget).Run();
+                } else {
+                    ChunkWork(work, chunks[i], budget, false).Run();
+                }
             }
         } catch (...) {  // out of memory: told to the caller, on the caller's thread
             const std::lock_guard lock(failureLock);

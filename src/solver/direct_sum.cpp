@@ -1,0 +1,375 @@
+// Sums of single pairs, see direct_sum.h. The bounds of their errors have the terms of level_errors.cpp, but for those
+// of interpolation, which there is none of; the share of rounding in a layer's kernels is sampled at two of its depths.
+#include "solver/direct_sum.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "solver/level_rows.h"
+#include "solver/sum_rules.h"
+#include "solver/tables.h"
+
+namespace zirvo::solver {
+
+namespace {
+
+constexpr double PairRounding = 4 * UnitRounding;  // of a sum of four products, times a Bessel function
+
+}  // namespace
+
+double FieldCost(const LayerTable& layers, bool vertical, bool horizontal) {
+    const double cases = (vertical ? 1 : 0) + (horizontal ? 1 : 0);
+    const double cost = static_cast<double>(layers.M2.size()) * (8 + 8 * cases) + 50;
+    return layers.Contrast > PreciseContrast ? PreciseCost * cost : 1.5 * cost;
+}
+
+double PairCost(bool vertical, bool horizontal) {
+    return 1.5 + (vertical ? 0.8 : 0) + (horizontal ? 1.2 : 0);
+}
+
+DirectSum::DirectSum(const Work& work, const DepthChunk& chunk, const LoadGroup& group, const std::vector<Pair>& pairs,
+                     double budget, DirectScratch& scratch)
+    : work_(work),
+      chunk_(chunk),
+      group_(group),
+      pairs_(pairs),
+      budget_(budget),
+      precise_(work.Layers.Contrast > PreciseContrast),
+      scratch_(scratch),
+      rows_(pairs.size()),
+      errors_(pairs.size()) {
+    for (const PointDepth& depth : chunk.Depths) {
+        depths_.push_back(KernelDepthOf(work.Layers, depth.Layer, depth.Z));
+    }
+    scratch_.Sums.resize(pairs.size());
+}
+
+void DirectSum::Run() {
+    const double radius = group_.Radius;
+    std::vector<RadiusItem> items;
+    double ze = HUGE_VAL;
+    for (const Pair& pair : pairs_) {
+        items.push_back({pair.Position.R, pair.Position.R, std::fabs(pair.Gap), 0});
+        const auto depth = static_cast<std::size_t>(chunk_.Points[pair.Point].Depth);
+        ze = std::min(ze, chunk_.Sources[depth].Effective);
+    }
+    LevelCosts costs;
+    costs.Mild = !work_.Layers.Slips && work_.Layers.Contrast <= MildContrast;
+    costs.PerNode = FieldCost(work_.Layers, group_.Vertical, group_.Horizontal);
+    costs.PerNodeAndColumn = PairCost(group_.Vertical, group_.Horizontal);
+    const auto levels = SplitIntoLevels(items, {&radius, 1}, ze, work_.Layers.LowScale, costs);
+    for (const RadiusLevel& level : levels) {
+        const double most = std::clamp(budget_ / static_cast<double>(levels.size()) /
+                                           (costs.PerNode + costs.PerNodeAndColumn * static_cast<double>(items.size())),
+                                       FewestNodes, MostNodes);
+        std::vector<std::size_t> pairs = level.Items;
+        for (int refinement = 0; !pairs.empty(); ++refinement) {
+            nodes_ = static_cast<long>(most);
+            Sum(pairs, level.Range, refinement);
+            const bool last = refinement >= MostRefinements || 2 * static_cast<double>(nodes_) > most;
+            pairs.erase(std::remove_if(pairs.begin(), pairs.end(), [&](std::size_t pair) { return Finish(pair); }),
+                        pairs.end());
+            if (last) {
+                break;
+            }
+        }
+    }
+}
+
+void DirectSum::Sum(const std::vector<std::size_t>& pairs, const WaveRange& range, int refinement) {
+    range_ = range;
+    rule_ = MakeNodeRule(range, refinement, work_.Layers.Slips);
+    active_ = pairs;
+    for (const std::size_t pair : pairs) {
+        scratch_.Sums[pair] = PairSums{};
+    }
+    deepest_ = static_cast<int>(work_.Layers.M2.size()) - 1;
+    const double expected = NodesBelow(rule_, range.Largest);
+    const long most = nodes_;
+    double lowest = 0;
+    alignas(64) double weight[NodeBlock];
+    for (long first = 0;;) {
+        const int nodes = NodesOfBlock(expected, first, NodeBlock);
+        FillNodes(rule_, first, nodes, xi_, xiLow_, weight);
+        for (int s = 0; s * Segment < nodes; ++s) {
+            const double xi = xi_[std::min((s + 1) * Segment, nodes) - 1];
+            segmentRounding_[s] = PairRounding + UnitRounding * UnknownArgument(rule_, range.Reach, xi);
+            segmentEnvelope_[s] = 0.9 / std::sqrt(lowest);
+            lowest = xi;
+        }
+        PlaceLayers();
+        MakeFactors(nodes, weight);
+        MakeFields(nodes);
+        AddBlock(nodes);
+        first += nodes;
+        nodes_ = first;
+        const double xi = xi_[nodes - 1];
+        if (xi > WindowEnd(rule_) || first >= most) {
+            return;
+        }
+        DropEnded(xi);
+        if (active_.empty()) {
+            return;
+        }
+    }
+}
+
+/// Slots for the layers in which there are pairs.
+void DirectSum::PlaceLayers() {
+    const LayerTable& layers = work_.Layers;
+    slots_.assign(layers.M2.size(), -1);
+    slotLayers_.clear();
+    thinPlaces_.clear();
+    samples_.clear();
+    for (const std::size_t pair : active_) {
+        const KernelDepth& depth = depths_[static_cast<std::size_t>(DepthOf(pair))];
+        int& slot = slots_[static_cast<std::size_t>(depth.Layer)];
+        if (slot < 0) {
+            slot = static_cast<int>(slotLayers_.size());
+            slotLayers_.push_back(depth.Layer);
+            samples_.insert(samples_.end(), SampleDepths, depth);
+            const std::size_t before = thinPlaces_.size();
+            const auto thickness = [&](int layer) { return layers.Thickness[static_cast<std::size_t>(layer)]; };
+            thinPlaces_.push_back(before > 0 && thickness(slotLayers_[before - 1]) == thickness(depth.Layer)
+                                      ? thinPlaces_.back()
+                                      : before);
+        }
+        samples_.back() = depth;
+    }
+    deepestWanted_ = slotLayers_.back();
+}
+
+/// What kernels are weighed with.
+void DirectSum::MakeFactors(int nodes, const double* weight) {
+    alignas(64) double radii[TileWidth];
+    std::fill(std::begin(radii), std::end(radii), group_.Radius);
+    alignas(64) double j1[NodeBlock * TileWidth];
+    double* const bessel[4] = {nullptr, j1, nullptr, nullptr};
+    work_.TheEngine.Bessel(Bessels(), xi_, xiLow_, nodes, radii, 1, bessel);
+    for (int k = 0; k < nodes; ++k) {
+        inverse_[k] = 1 / xi_[k];
+        factor_[k] = weight[k] * group_.Radius * j1[static_cast<std::ptrdiff_t>(k) * TileWidth];
+        size_[k] = weight[k] * group_.Radius * Envelope(xi_[k] * group_.Radius);
+    }
+}
+
+/// Fields of the layers at the block of nodes, and how much of them is rounding.
+void DirectSum::MakeFields(int nodes) {
+    const auto grow = [](auto& room, std::size_t size) {
+        if (room.size() < size) {
+            room.resize(size);
+        }
+    };
+    const std::size_t slots = slotLayers_.size();
+    grow(scratch_.Fields, slots * NodeBlock * FieldNumbers);
+    grow(scratch_.Forms, slots * NodeBlock);
+    grow(scratch_.Thin, slots * ThinNumbers * NodeBlock);
+    grow(scratch_.Doubts, 2 * Segments * slots * Kinds);
+    const Engine& engine = work_.TheEngine;
+    const int before = deepest_;
+    (precise_ ? engine.PreciseFields : engine.Fields)(work_.Layers.View(), group_.Radius, xi_, nodes, slots_.data(),
+                                                      deepestWanted_, group_.Vertical, group_.Horizontal, deepest_,
+                                                      scratch_.Fields.data(), scratch_.Forms.data());
+    for (std::size_t slot = 0; slot < slots; ++slot) {
+        if (thinPlaces_[slot] == slot) {
+            engine.ThinFunctions(work_.Layers.Thickness[static_cast<std::size_t>(slotLayers_[slot])], xi_, nodes,
+                                 scratch_.Thin.data() + slot * ThinNumbers * NodeBlock);
+        }
+    }
+    SampleRounding(nodes, before);
+}
+
+const double* DirectSum::ThinOf(std::size_t slot, int node) const {
+    return scratch_.Thin.data() + thinPlaces_[slot] * ThinNumbers * NodeBlock + node;
+}
+
+/// Share of rounding in each segment, slot and kind, into the first half of Doubts; then spread into the second.
+void DirectSum::SampleRounding(int nodes, int deepest) {
+    const int segments = (nodes + Segment - 1) / Segment;
+    std::fill(scratch_.Doubts.begin(), scratch_.Doubts.end(), 0.0);
+    if (precise_) {
+        return;
+    }
+    const std::size_t count = samples_.size();
+    if (scratch_.Precise.size() < count * RowCount * NodeBlock) {
+        scratch_.Precise.resize(count * RowCount * NodeBlock);
+    }
+    const double least = LeastRounding + ContrastRounding * work_.Layers.Contrast;
+    alignas(64) double xi[Segments];
+    int node[Segments];
+    for (int s = 0; s < Segments; ++s) {
+        node[s] = std::min(std::min(s, segments - 1) * Segment + Segment / 2, nodes - 1);
+        xi[s] = xi_[node[s]];
+    }
+    const Engine& engine = work_.TheEngine;
+    engine.PreciseKernels(work_.Layers.View(), group_.Radius, xi, Segments, samples_.data(), static_cast<int>(count),
+                          group_.Vertical, group_.Horizontal, deepest, scratch_.Precise.data());
+    alignas(64) double depth[4 * NodeBlock];
+    for (std::size_t sample = 0; sample < count; ++sample) {
+        const std::size_t slot = sample / SampleDepths;
+        const bool last = slotLayers_[slot] + 1 == static_cast<int>(work_.Layers.M2.size());
+        for (int s = 0; s < segments; ++s) {
+            const int from = node[s] / 8 * 8;
+            engine.DepthFunctions(samples_[sample], last, xi_ + from, 8,
+                                  scratch_.Forms.data() + slot * NodeBlock + static_cast<std::size_t>(from),
+                                  ThinOf(slot, from), depth);
+            CompareSample(sample, s, node[s], depth + node[s] % 8, least);
+        }
+    }
+    SpreadDoubts(segments);
+}
+
+/// The rows at one node of one depth, from the fields, against those in two parts.
+/// @param depth  functions of depth there, NodeBlock apart
+void DirectSum::CompareSample(std::size_t sample, int segment, int node, const double* depth, double least) {
+    const std::size_t slot = sample / SampleDepths;
+    const double* numbers = scratch_.Fields.data() + slot * NodeBlock * FieldNumbers +
+                            static_cast<std::size_t>(node / 8 * 8 * FieldNumbers + node % 8);
+    const auto component = [&](int i) {
+        double sum = 0;
+        for (std::ptrdiff_t j = 0; j < 4; ++j) {
+            sum += numbers[(i * 4 + j) * 8] * depth[j * NodeBlock];
+        }
+        return sum;
+    };
+    double row[RowCount];
+    if (group_.Vertical) {
+        row[RowVerticalW] = component(0) * inverse_[node];
+        row[RowVerticalS] = component(1);
+        row[RowVerticalU0] = row[RowVerticalU2] = component(2);
+        row[RowVerticalU1] = row[RowVerticalU0] * inverse_[node];
+        row[RowVerticalT] = component(3);
+    }
+    if (group_.Horizontal) {
+        row[RowHorizontalW] = component(HorizontalFields) * inverse_[node];
+        row[RowHorizontalS] = component(HorizontalFields + 1);
+        row[RowHorizontalU] = component(HorizontalFields + 2);
+        row[RowSum1] = component(HorizontalFields + 3);
+        row[RowSum0] = row[RowSum1] * inverse_[node];
+        row[RowShear0] = component(HorizontalFields + 4);
+        row[RowDifference3] = row[RowHorizontalU] - row[RowSum1];
+        row[RowDifference2] = row[RowDifference3] * inverse_[node];
+        row[RowShear2] = component(HorizontalFields + 5);
+    }
+    double off[Kinds] = {};
+    double largest[Kinds] = {};
+    for (int i = RowsFrom(group_); i < RowsTo(group_); ++i) {
+        const double precise = scratch_.Precise[(sample * RowCount + static_cast<std::size_t>(i)) * NodeBlock +
+                                                static_cast<std::size_t>(segment)];
+        const auto kind = static_cast<std::size_t>(RowKind[i]);
+        off[kind] = std::max(off[kind], std::fabs(row[i] - precise));
+        largest[kind] = std::max(largest[kind], std::fabs(precise));
+    }
+    for (std::size_t kind = 0; kind < Kinds; ++kind) {
+        double& share = scratch_.Doubts[(static_cast<std::size_t>(segment) * slotLayers_.size() + slot) * Kinds + kind];
+        const double here = off[kind] > 0 ? off[kind] / std::max(largest[kind], off[kind]) : 0;
+        share = std::max({share, here, least});
+    }
+}
+
+/// The worst of neighbours, with its safety.
+void DirectSum::SpreadDoubts(int segments) {
+    const std::size_t width = slotLayers_.size() * Kinds;
+    const double* told = scratch_.Doubts.data();
+    double* spread = scratch_.Doubts.data() + Segments * width;
+    for (int s = 0; s < segments; ++s) {
+        for (std::size_t i = 0; i < width; ++i) {
+            const std::size_t at = static_cast<std::size_t>(s) * width + i;
+            double worst = told[at];
+            worst = s > 0 ? std::max(worst, told[at - width]) : worst;
+            worst = s + 1 < segments ? std::max(worst, told[at + width]) : worst;
+            spread[at] = KernelSafety * worst;
+        }
+    }
+}
+
+void DirectSum::AddBlock(int nodes) {
+    for (int first = 0; first < nodes; first += PairNodes) {
+        AddNodes(first, std::min(PairNodes, nodes - first));
+    }
+}
+
+/// Some nodes of the block for all pairs.
+void DirectSum::AddNodes(int first, int nodes) {
+    const Engine& engine = work_.TheEngine;
+    const std::size_t slots = slotLayers_.size();
+    alignas(64) double functions[4 * NodeBlock];
+    PairBlock block;
+    block.Nodes = nodes;
+    block.Xi = xi_ + first;
+    block.XiLow = xiLow_ + first;
+    block.InverseXi = inverse_ + first;
+    block.Factor = factor_ + first;
+    block.Size = size_ + first;
+    block.Depth = functions;
+    block.DoubtStride = static_cast<int>(slots * Kinds);
+    block.SegmentRounding = segmentRounding_ + first / Segment;
+    block.SegmentEnvelope = segmentEnvelope_ + first / Segment;
+    const double* doubts =
+        scratch_.Doubts.data() + (Segments + static_cast<std::size_t>(first / Segment)) * slots * Kinds;
+    int before = -1;
+    for (const std::size_t pair : active_) {
+        const int depth = DepthOf(pair);
+        if (depth != before) {
+            before = depth;
+            const KernelDepth& at = depths_[static_cast<std::size_t>(depth)];
+            const auto slot = static_cast<std::size_t>(slots_[static_cast<std::size_t>(at.Layer)]);
+            const std::size_t place = slot * NodeBlock + static_cast<std::size_t>(first);
+            engine.DepthFunctions(at, at.Layer + 1 == static_cast<int>(work_.Layers.M2.size()), block.Xi, nodes,
+                                  scratch_.Forms.data() + place, ThinOf(slot, first), functions);
+            block.Fields = scratch_.Fields.data() + place * FieldNumbers;
+            block.Doubt = doubts + slot * Kinds;
+        }
+        engine.AddToPair(Bessels(), block, pairs_[pair].Position.R, group_.Vertical, group_.Horizontal,
+                         scratch_.Sums[pair]);
+    }
+}
+
+void DirectSum::DropEnded(double xi) {
+    const auto ended = [&](std::size_t pair) {
+        if (xi * chunk_.Sources[static_cast<std::size_t>(DepthOf(pair))].Effective < EndedPhase) {
+            return false;
+        }
+        const PairSums& sums = scratch_.Sums[pair];
+        for (std::size_t kind = 0; kind < Kinds; ++kind) {
+            if (sums.Tail[kind] > EndedKernel * sums.Peak[kind]) {
+                return false;
+            }
+        }
+        return true;
+    };
+    active_.erase(std::remove_if(active_.begin(), active_.end(), ended), active_.end());
+}
+
+/// Rows and errors of a pair; false if it needs a finer step.
+bool DirectSum::Finish(std::size_t pair) {
+    const PairSums& sums = scratch_.Sums[pair];
+    const auto depth = static_cast<std::size_t>(DepthOf(pair));
+    const double m2 = work_.Layers.M2[static_cast<std::size_t>(chunk_.Depths[depth].Layer)];
+    const double decay = -std::expm1(-rule_.C * rule_.Step * chunk_.Sources[depth].Effective);
+    std::array<double, Kinds> half{}, value{};
+    for (std::size_t row = 0; row < RowCount; ++row) {
+        double even = 0;
+        double odd = 0;
+        for (std::size_t i = 0; i < 8; i += 2) {
+            even += sums.Rows[row][i];
+            odd += sums.Rows[row][i + 1];
+        }
+        rows_[pair][row] = even + odd;
+        const auto kind = static_cast<std::size_t>(RowKind[row]);
+        half[kind] = std::max(half[kind], std::fabs(even - odd));
+        value[kind] = std::max(value[kind], std::fabs(even + odd));
+    }
+    bool good = true;
+    for (std::size_t kind = 0; kind < Kinds; ++kind) {
+        const double unit = (kind % 2 == 1 ? group_.Radius : 1) / m2;
+        const double scale = std::min(unit, sums.Magnitude[kind]);
+        const double rule = scale > 0 ? RuleError(half[kind], scale) : 0;
+        good = good && rule <= std::max(AbsoluteGoal * unit, RelativeGoal * value[kind]);
+        auto& error = kind % 2 == 1 ? errors_[pair].Displacement : errors_[pair].Strain;
+        error[kind / 2] = rule + sums.Tail[kind] / decay + std::sqrt(sums.Kernel2[kind]) + std::sqrt(sums.Sum2[kind]);
+    }
+    return good;
+}
+
+}  // namespace zirvo::solver

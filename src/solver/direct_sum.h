@@ -1,0 +1,93 @@
+// The sums over wavenumbers of single pairs of a load and a point, each at its own distance and depth: for points that
+// share neither places nor depths with others, where a table of radii and depths would hold far more sums than there
+// are pairs. The pairs of one group of loads (one radius) share the fields of the layers.
+#pragma once
+#include <array>
+#include <cstddef>
+#include <vector>
+
+#include "solver/depth_plan.h"
+#include "solver/engine.h"
+#include "solver/level_sum.h"
+#include "solver/radius_plan.h"
+#include "solver/work.h"
+
+namespace zirvo::solver {
+
+/// One load of a group at one point.
+struct Pair {
+    std::size_t Point = 0;  ///< of the chunk's
+    std::size_t Load = 0;   ///< of the group's
+    PolarPosition Position;
+    double Gap = 0;  ///< distance outside the edge of the load [cm]
+};
+
+/// Room that is kept from sum to sum.
+struct DirectScratch {
+    std::vector<double> Fields, Thin, Precise, Doubts;
+    std::vector<unsigned char> Forms;
+    std::vector<PairSums> Sums;
+};
+
+/// About what a node costs for a group, and for each of its pairs [ns].
+double FieldCost(const LayerTable& layers, bool vertical, bool horizontal);
+double PairCost(bool vertical, bool horizontal);
+
+class DirectSum {
+public:
+    /// @param chunk  its points by depth; @param pairs  by point
+    /// @param budget  about how many nanoseconds it may take; what is cut off shows in the errors
+    DirectSum(const Work& work, const DepthChunk& chunk, const LoadGroup& group, const std::vector<Pair>& pairs,
+              double budget, DirectScratch& scratch);
+
+    void Run();
+
+    const std::array<double, RowCount>& Rows(std::size_t pair) const { return rows_[pair]; }
+    const SumErrors& Errors(std::size_t pair) const { return errors_[pair]; }
+
+private:
+    static constexpr int Segments = NodeBlock / Segment;
+    static constexpr int SampleDepths = 2;  // of a layer
+
+    void Sum(const std::vector<std::size_t>& pairs, const WaveRange& range, int refinement);
+    void PlaceLayers();
+    void MakeFactors(int nodes, const double* weight);
+    void MakeFields(int nodes);
+    void SampleRounding(int nodes, int deepest);
+    void CompareSample(std::size_t sample, int segment, int node, const double* depth, double least);
+    void SpreadDoubts(int segments);
+    void AddBlock(int nodes);
+    void AddNodes(int first, int nodes);
+    void DropEnded(double xi);
+    bool Finish(std::size_t pair);
+    int DepthOf(std::size_t pair) const { return chunk_.Points[pairs_[pair].Point].Depth; }
+    const double* ThinOf(std::size_t slot, int node) const;
+
+    const Work& work_;
+    const DepthChunk& chunk_;
+    const LoadGroup& group_;
+    const std::vector<Pair>& pairs_;
+    double budget_;
+    bool precise_;
+    DirectScratch& scratch_;
+    std::vector<KernelDepth> depths_;  // of the chunk
+    std::vector<std::array<double, RowCount>> rows_;
+    std::vector<SumErrors> errors_;
+
+    // of the pass at hand
+    NodeRule rule_;
+    WaveRange range_;
+    int deepest_ = 0;
+    long nodes_ = 0;
+    std::vector<std::size_t> active_;      // pairs whose sums go on, by depth
+    std::vector<int> slots_;               // of each layer, or -1
+    std::vector<int> slotLayers_;          // layer of each slot
+    std::vector<std::size_t> thinPlaces_;  // of each slot: layers of one thickness share them
+    std::vector<KernelDepth> samples_;     // SampleDepths of each slot
+    int deepestWanted_ = 0;
+    alignas(64) double xi_[NodeBlock] = {}, xiLow_[NodeBlock] = {}, inverse_[NodeBlock] = {};
+    alignas(64) double factor_[NodeBlock] = {}, size_[NodeBlock] = {};
+    double segmentRounding_[Segments] = {}, segmentEnvelope_[Segments] = {};
+};
+
+}  // namespace zirvo::solver

@@ -1,0 +1,254 @@
+// Sums for single pairs of a load and a point, each at a depth and a distance of its own: the four functions of depth
+// that the fields of layers (engine_fields.inl) are multiplied by, and the sums over nodes, Bessel functions included.
+//
+// A thin layer's field lies in the span of ch y, y sh y, sh y and t(y) = (y ch y - sh y) / 2, y = xi (z - middle). The
+// functions that are 1 at one of y = -Y1, -Y2, Y2, Y1 (Y1 = q / 2, Y2 = q / 4) and 0 at the others are
+//   (E1 - O1) / 2, (E2 - O2) / 2, (E2 + O2) / 2, (E1 + O1) / 2,
+//   E1 = (ch y Y2 sh Y2 - y sh y ch Y2) / D, E2 = (y sh y ch Y1 - ch y Y1 sh Y1) / D,
+//     D = ch Y1 Y2 sh Y2 - Y1 sh Y1 ch Y2,
+//   O1 = (sh y t(Y2) - t(y) sh Y2) / F, O2 = (t(y) sh Y1 - sh y t(Y1)) / F, F = sh Y1 t(Y2) - t(Y1) sh Y2,
+// which lose nothing as q goes to 0: they go to cubic polynomials.
+
+void ThinFunctions(double thickness, const double* xi, int nodes, double* out) {
+    for (int node = 0; node < nodes; node += ZIRVO_LANES) {
+        const Vec q = Load(xi + node) * thickness;
+        if (!(q[ZIRVO_LANES - 1] <= ThinLimit)) {
+            return;
+        }
+        const Vec outer = 0.5 * q, inner = 0.25 * q;
+        const Hyperbolic f1 = HyperbolicOf(outer), f2 = HyperbolicOf(inner);
+        const Vec s1 = outer * f1.Sinh, s2 = inner * f2.Sinh;
+        const Vec even = 1.0 / (f1.Cosh * s2 - s1 * f2.Cosh);
+        const Vec odd = 1.0 / (f1.Sinh * f2.Third - f1.Third * f2.Sinh);
+        const Vec numbers[ThinNumbers] = {s2 * even,      f2.Cosh * even, s1 * even,      f1.Cosh * even,
+                                          f2.Third * odd, f2.Sinh * odd,  f1.Third * odd, f1.Sinh * odd};
+        for (int i = 0; i < ThinNumbers; ++i) {
+            Store(out + i * NodeBlock + node, numbers[i]);
+        }
+    }
+}
+
+inline void ThinDepth(const KernelDepth& depth, Vec x, const double* thin, double* out) {
+    if (depth.FromTop == 0 || depth.FromBottom == 0) {
+        for (int j = 0; j < 4; ++j) {
+            Store(out + j * NodeBlock, All(j == (depth.FromTop == 0 ? 0 : 3) ? 1 : 0));
+        }
+        return;
+    }
+    const Vec y = x * (0.5 * (depth.FromTop - depth.FromBottom));
+    const Hyperbolic f = HyperbolicOf(y);
+    const Vec even = y * f.Sinh;
+    Vec n[ThinNumbers];
+    for (int i = 0; i < ThinNumbers; ++i) {
+        n[i] = Load(thin + i * NodeBlock);
+    }
+    const Vec e1 = n[0] * f.Cosh - n[1] * even, e2 = n[3] * even - n[2] * f.Cosh;
+    const Vec o1 = n[4] * f.Sinh - n[5] * f.Third, o2 = n[7] * f.Third - n[6] * f.Sinh;
+    Store(out, 0.5 * (e1 - o1));
+    Store(out + NodeBlock, 0.5 * (e2 - o2));
+    Store(out + 2 * NodeBlock, 0.5 * (e2 + o2));
+    Store(out + 3 * NodeBlock, 0.5 * (e1 + o1));
+}
+
+void DepthFunctions(const KernelDepth& depth, bool lastLayer, const double* xi, int nodes, const unsigned char* forms,
+                    const double* thin, double* out) {
+    for (int node = 0; node < nodes; node += ZIRVO_LANES) {
+        const Vec x = Load(xi + node);
+        if (forms[node] == FormThin) {
+            ThinDepth(depth, x, thin + node, out + node);
+            continue;
+        }
+        Vec f[4] = {All(0), All(0), All(0), All(0)};
+        if (forms[node] == FormThick) {
+            const Vec zeta = x * depth.FromTop;
+            f[0] = ExpMinus(zeta);
+            f[1] = zeta * f[0];
+            if (!lastLayer) {
+                const Vec eta = x * depth.FromBottom;
+                f[2] = ExpMinus(eta);
+                f[3] = eta * f[2];
+            }
+        }
+        for (int j = 0; j < 4; ++j) {
+            Store(out + j * NodeBlock + node, f[j]);
+        }
+    }
+}
+
+constexpr double TinyArgument = 0.125;
+
+/// J0..J3 of arguments up to TinyArgument: Taylor's series round 0.
+inline void TinyBessel(const BesselTable& table, Vec x, Vec out[4]) {
+    const Vec y = x * x;
+    const double(*c)[4] = table.Taylor[0];
+    for (int n = 0; n < 4; ++n) {
+        const int first = n % 2;
+        Vec sum = All(c[first + 8][n]);
+        for (int k = first + 6; k >= first; k -= 2) {
+            sum = sum * y + c[k][n];
+        }
+        out[n] = first == 1 ? sum * x : sum;
+    }
+}
+
+/// J0..J3 at (xi + xiLow) r of eight ascending nodes.
+inline void BesselOfEight(const BesselTable& table, const double* xi, const double* xiLow, double r, double out[4][8]) {
+    double* const halves[2][4] = {{out[0], out[1], out[2], out[3]}, {out[0] + 4, out[1] + 4, out[2] + 4, out[3] + 4}};
+    if (xi[7] * r <= BesselTable::Limit) {
+        SmallOfNodes(table, xi, xiLow, r, halves[0]);
+        SmallOfNodes(table, xi + 4, xiLow + 4, r, halves[1]);
+        return;
+    }
+    alignas(64) double small[4][8] = {};
+    int few = 0;
+    while (xi[few] * r <= BesselTable::Limit) {
+        ++few;
+    }
+    if (few > 0) {
+        double inside[8];
+        for (int i = 0; i < 8; ++i) {
+            inside[i] = i < few ? xi[i] : 0;
+        }
+        double* const low[4] = {small[0], small[1], small[2], small[3]};
+        double* const high[4] = {small[0] + 4, small[1] + 4, small[2] + 4, small[3] + 4};
+        SmallOfNodes(table, inside, xiLow, r, low);
+        SmallOfNodes(table, inside + 4, xiLow + 4, r, high);
+    }
+    for (int i = 0; i < 8; i += ZIRVO_LANES) {
+        const Vec node = Load(xi + i);
+        const Vec x = node * r;
+        const Vec rest = RestOfProduct(node, All(r), x) + Load(xiLow + i) * r;
+        Vec j[4];
+        AsymptoticBessel(table, Choose(x < BesselTable::Limit, All(BesselTable::Limit), x), rest, j);
+        for (int n = 0; n < 4; ++n) {
+            Store(out[n] + i, j[n]);
+        }
+    }
+    for (int n = 0; n < 4; ++n) {
+        for (int i = 0; i < few; ++i) {
+            out[n][i] = small[n][i];
+        }
+    }
+}
+
+/// What a component is: four coefficients times the functions of depth.
+inline Vec ComponentAt(const double* fields, int component, const Vec depth[4]) {
+    const double* c = fields + component * 4 * 8;
+    return (Load(c) * depth[0] + Load(c + 8) * depth[1]) + (Load(c + 16) * depth[2] + Load(c + 24) * depth[3]);
+}
+
+/// One vector of nodes; j: Bessel functions times the factor.
+template <bool VERTICAL, bool HORIZONTAL>
+inline void AddVector(const double* fields, const Vec depth[4], const Vec j[4], Vec inverseXi, Vec rows[RowCount]) {
+    const Vec j0 = j[0] * inverseXi, j1 = j[1] * inverseXi, j2 = j[2] * inverseXi;
+    if (VERTICAL) {
+        const Vec u = ComponentAt(fields, 2, depth);
+        rows[RowVerticalW] += ComponentAt(fields, 0, depth) * j0;
+        rows[RowVerticalS] += ComponentAt(fields, 1, depth) * j[0];
+        rows[RowVerticalU0] += u * j[0];
+        rows[RowVerticalU1] += u * j1;
+        rows[RowVerticalT] += ComponentAt(fields, 3, depth) * j[1];
+        rows[RowVerticalU2] += u * j[2];
+    }
+    if (HORIZONTAL) {
+        const Vec u = ComponentAt(fields, HorizontalFields + 2, depth);
+        const Vec sum = ComponentAt(fields, HorizontalFields + 3, depth);
+        const Vec difference = u - sum;
+        rows[RowHorizontalW] += ComponentAt(fields, HorizontalFields, depth) * j1;
+        rows[RowHorizontalS] += ComponentAt(fields, HorizontalFields + 1, depth) * j[1];
+        rows[RowHorizontalU] += u * j[1];
+        rows[RowSum1] += sum * j[1];
+        rows[RowSum0] += sum * j0;
+        rows[RowShear0] += ComponentAt(fields, HorizontalFields + 4, depth) * j[0];
+        rows[RowDifference2] += difference * j2;
+        rows[RowShear2] += ComponentAt(fields, HorizontalFields + 5, depth) * j[2];
+        rows[RowDifference3] += difference * j[3];
+    }
+}
+
+/// Sizes of the kinds from one vector of nodes.
+template <int FIRST, int LAST>
+inline void AddSizes(const double* fields, const Vec depth[4], Vec size, Vec inverseXi, Vec sizes[Kinds]) {
+    const Vec weights[4] = {Absolute(depth[0]) * size, Absolute(depth[1]) * size, Absolute(depth[2]) * size,
+                            Absolute(depth[3]) * size};
+    for (int kind = FIRST; kind < LAST; ++kind) {
+        const Vec all = ComponentAt(fields, FieldComponents + kind, weights);
+        sizes[kind] += kind % 2 == 1 ? all * inverseXi : all;
+    }
+}
+
+template <bool VERTICAL, bool HORIZONTAL>
+inline void AddPairNodes(const BesselTable& table, const PairBlock& block, double r, PairSums& sums) {
+    constexpr int First = VERTICAL ? 0 : 2, Last = HORIZONTAL ? 4 : 2;
+    constexpr int FirstRow = VERTICAL ? 0 : VerticalRows, LastRow = HORIZONTAL ? RowCount : VerticalRows;
+    Vec rows[RowCount];
+    for (int row = FirstRow; row < LastRow; ++row) {
+        rows[row] = Load(sums.Rows[row]);
+    }
+    const Vec root = Sqrt(All(r));
+    for (int from = 0; from < block.Nodes; from += Segment) {
+        Vec sizes[Kinds] = {All(0), All(0), All(0), All(0)};
+        const int to = from + Segment < block.Nodes ? from + Segment : block.Nodes;
+        for (int node = from; node < to; node += 8) {
+            alignas(64) double bessel[4][8];
+            const bool tiny = block.Xi[node + 7] * r <= TinyArgument;
+            if (!tiny) {
+                BesselOfEight(table, block.Xi + node, block.XiLow + node, r, bessel);
+            }
+            Vec last[Kinds] = {All(0), All(0), All(0), All(0)};
+            for (int part = 0; part < 8; part += ZIRVO_LANES) {
+                const int place = node + part;
+                const double* fields = block.Fields + node * FieldNumbers + part;
+                Vec j[4];
+                if (tiny) {
+                    TinyBessel(table, Load(block.Xi + place) * r, j);
+                } else {
+                    for (int n = 0; n < 4; ++n) {
+                        j[n] = Load(bessel[n] + part);
+                    }
+                }
+                const Vec factor = Load(block.Factor + place), inverseXi = Load(block.InverseXi + place);
+                Vec depth[4];
+                for (int n = 0; n < 4; ++n) {
+                    j[n] *= factor;
+                    depth[n] = Load(block.Depth + n * NodeBlock + place);
+                }
+                AddVector<VERTICAL, HORIZONTAL>(fields, depth, j, inverseXi, rows);
+                AddSizes<First, Last>(fields, depth, Load(block.Size + place), inverseXi, last);
+            }
+            for (int kind = First; kind < Last; ++kind) {
+                sizes[kind] += last[kind];
+                if (node + 8 == block.Nodes) {
+                    sums.Tail[kind] = SumOf(last[kind]) * (1.0 / TailNodes);
+                }
+            }
+        }
+        const int segment = from / Segment;
+        double envelope = block.SegmentEnvelope[segment] / root[0];
+        envelope = envelope < 1 ? envelope : 1;
+        for (int kind = First; kind < Last; ++kind) {
+            const double size = SumOf(sizes[kind]);
+            const double kernel = block.Doubt[segment * block.DoubtStride + kind] * size * envelope;
+            const double rounding = block.SegmentRounding[segment] * size * envelope;
+            sums.Magnitude[kind] += size;
+            sums.Kernel2[kind] += kernel * kernel;
+            sums.Sum2[kind] += rounding * rounding;
+            const double mean = size * (1.0 / Segment);
+            sums.Peak[kind] = mean > sums.Peak[kind] ? mean : sums.Peak[kind];
+        }
+    }
+    for (int row = FirstRow; row < LastRow; ++row) {
+        Store(sums.Rows[row], rows[row]);
+    }
+}
+
+void AddToPair(const BesselTable& table, const PairBlock& block, double r, bool vertical, bool horizontal,
+               PairSums& sums) {
+    if (vertical && horizontal) {
+        AddPairNodes<true, true>(table, block, r, sums);
+    } else if (vertical) {
+        AddPairNodes<true, false>(table, block, r, sums);
+    } else {
+        AddPairNodes<false, true>(table, block, r, sums);
+    }
+}

@@ -1,0 +1,65 @@
+// One load at one point, see pair_rows.h.
+#include "solver/pair_rows.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "solver/half_space.h"
+
+namespace zirvo::solver {
+
+namespace {
+
+/// How many times its rounding a place (R, depth) shows in the sums.
+double SharpnessAt(const Work& work, const PointDepth& depth, double r, double gap) {
+    const auto& thickness = work.Layers.Thickness;
+    if (thickness.size() == 1) {
+        return 0;  // the gap is known to the last digit
+    }
+    const auto layer = static_cast<std::size_t>(depth.Layer);
+    const double ze = layer == 0 ? 2 * thickness[0] - depth.Z : depth.Z;
+    const double inDepth = depth.Source < 0 && layer + 1 < thickness.size() ? depth.Z / thickness[layer] : 1;
+    return r / std::sqrt(gap * gap + ze * ze) + inDepth;
+}
+
+}  // namespace
+
+void AddHalfSpace(const Work& work, const PointDepth& depth, const GroupLoad& load, double radius, double gap,
+                  double* rows, SumErrors& errors) {
+    if (depth.Layer != 0) {
+        return;
+    }
+    const double m2 = work.Layers.M2[0];
+    const auto own =
+        HalfSpaceRows(work.TheEngine, m2, work.Layers.Nu[0], radius, gap, depth.Z, load.Pressure != 0, load.Shear != 0);
+    for (std::size_t row = 0; row < RowCount; ++row) {
+        rows[row] += own[row];
+    }
+    const HalfSpaceRounding rounding = HalfSpaceRoundingAt(radius, gap, depth.Z);
+    for (std::size_t k = 0; k < 2; ++k) {
+        errors.Strain[k] += rounding.Strain / m2;
+        errors.Displacement[k] += rounding.Displacement * radius / m2;
+    }
+}
+
+void AddToPoint(const Work& work, const PointDepth& depth, const GroupLoad& load, const PolarPosition& position,
+                double radius, double gap, double* rows, const SumErrors& errors, PointSums& sums) {
+    if (position.R == 0) {
+        // On the axis all Bessel functions but J0 vanish: no rounding noise in place of a zero.
+        for (std::size_t row = 0; row < RowCount; ++row) {
+            rows[row] = RowOrder[row] == 0 ? rows[row] : 0;
+        }
+    }
+    AddRows(load, position, rows, sums);
+    sums.Sharpness = std::max(sums.Sharpness, SharpnessAt(work, depth, position.R, gap));
+    const double p = std::fabs(load.Pressure);
+    const double h = std::fabs(load.Shear);
+    // Values of a shear load are sums of two rows.
+    sums.StrainError += p * errors.Strain[0] + 2 * h * errors.Strain[1];
+    sums.DisplacementError += p * errors.Displacement[0] + 2 * h * errors.Displacement[1];
+    if (depth.Z == 0) {
+        AddSurfaceTraction(load, radius, gap, sums);
+    }
+}
+
+}  // namespace zirvo::solver

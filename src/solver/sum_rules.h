@@ -1,0 +1,53 @@
+// What bounds the errors of sums over wavenumbers, and when a sum has ended: shared by the sums of levels and those of
+// single pairs. docs/theory.md says why.
+#pragma once
+#include <algorithm>
+#include <cmath>
+
+#include "solver/wavenumbers.h"
+
+namespace zirvo::solver {
+
+// Errors that need no finer step and no narrower cells: a point that wants more is done again.
+inline constexpr double AbsoluteGoal = 1e-14;  // in units of the load
+inline constexpr double RelativeGoal = 2e-11;  // or as a share of the value
+inline constexpr double UnitRounding = 1.1e-16;
+inline constexpr double RuleSafety = 2;
+
+inline constexpr double PreciseContrast = 1000;  // of the moduli, beyond which plain kernels lose too much too suddenly
+inline constexpr double MildContrast = 300;  // of bonded layers whose kernels have no poles near the real wavenumbers
+inline constexpr double MostNodes = 3e6;     // of one level
+inline constexpr double FewestNodes = 2e4;   // that it may have whatever the budget says
+inline constexpr double PreciseCost = 15;    // of kernels in two parts over plain ones
+
+inline constexpr double EndedKernel = 1e-15;  // share of its peak below which a kernel has ended
+inline constexpr double EndedPhase = 40;      // and xi * ze above which it may
+inline constexpr int ExtraNodes = 64;         // block beyond the expected end
+inline constexpr int MostRefinements = 2;
+inline constexpr double LeastRounding = 2e-16;     // share of a kernel that a sample is not believed below
+inline constexpr double ContrastRounding = 6e-18;  // more of it for the ratio of the moduli
+inline constexpr double KernelSafety = 2;          // of a sampled difference
+
+/// What a rule is off when its half is off by `half`.
+inline double RuleError(double half, double scale) {
+    const double share = half / scale;
+    return half * std::min(RuleSafety * share / std::sqrt(std::sqrt(std::min(share, 1.0))), 1 + share);
+}
+
+/// Size of J1(x) without its oscillation.
+inline double Envelope(double x) {
+    return std::min(0.5 * x, 0.8 / std::sqrt(x));
+}
+
+/// Arguments xi r whose rounding is not known: those of the nodes below C (wavenumbers.h).
+inline double UnknownArgument(const NodeRule& rule, double reach, double xi) {
+    return std::min(xi * reach, 3 * rule.C * reach * std::exp(-xi / rule.C));
+}
+
+/// Nodes of the block that begins at `first`, at most `most`: fewer where the sum is expected to end.
+inline int NodesOfBlock(double expected, long first, int most) {
+    const double left = std::max(expected - static_cast<double>(first), static_cast<double>(ExtraNodes));
+    return left >= most ? most : (static_cast<int>(left) + 15) / 16 * 16;
+}
+
+}  // namespace zirvo::solver
