@@ -147,8 +147,12 @@ void ChunkWork::Run() {
         AddPlace(first, last);
         first = last;
     }
-    if (!table_.empty() && !careful_) {
-        DoAgain();
+    if (!table_.empty()) {
+        if (careful_) {
+            DoJointly();
+        } else {
+            DoAgain();
+        }
     }
 }
 

@@ -42,6 +42,8 @@ private:
     void MakeTable();
     void RunParts(const DepthChunk& whole, bool careful) const;
     void DoAgain() const;
+    void DoJointly() const;
+    void JoinPlace(std::size_t first, std::size_t last, double& budget) const;
     void Keep(std::size_t point, const PointResult& result) const;
     void AddPlace(std::size_t first, std::size_t last);
     void AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t sum,

@@ -203,7 +203,7 @@ void DirectSum::SampleRounding(int nodes, int deepest) {
     }
     const Engine& engine = work_.TheEngine;
     engine.PreciseKernels(work_.Layers.View(), group_.Radius, xi, Segments, samples_.data(), static_cast<int>(count),
-                          group_.Vertical, group_.Horizontal, deepest, scratch_.Precise.data());
+                          group_.Vertical, group_.Horizontal, deepest, scratch_.Precise.data(), nullptr);
     alignas(64) double depth[4 * NodeBlock];
     for (std::size_t sample = 0; sample < count; ++sample) {
         const std::size_t slot = sample / SampleDepths;

@@ -158,10 +158,10 @@ struct Engine {
                     int depthCount, bool vertical, bool horizontal, int& deepest, double* out);
 
     /// The same in numbers of two parts, rounded to a double at the end: for pavements whose kernels lose digits, and
-    /// to tell how many.
+    /// to tell how many. What rounding takes goes to `low`, of the same size, where that is not null.
     void (*PreciseKernels)(const LayeredSystem& system, double radius, const double* xi, int nodes,
                            const KernelDepth* depths, int depthCount, bool vertical, bool horizontal, int& deepest,
-                           double* out);
+                           double* out, double* low);
 
     /// Fields of the layers that have a slot (slots[layer] >= 0, up to layer deepestWanted) at a block of wavenumbers:
     /// out[((slot * NodeBlock / 8 + node / 8) * FieldNumbers + number) * 8 + node % 8], forms[slot * NodeBlock + node].

@@ -25,7 +25,7 @@ namespace {
 
 // In a file of its own (engine_precise.inl), compiled without contraction.
 void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
-                    int depthCount, bool vertical, bool horizontal, int& deepest, double* out);
+                    int depthCount, bool vertical, bool horizontal, int& deepest, double* out, double* low);
 
 void PreciseFields(const LayeredSystem& system, double radius, const double* xi, int nodes, const int* slots,
                    int deepestWanted, bool vertical, bool horizontal, int& deepest, double* out, unsigned char* forms);

@@ -137,27 +137,27 @@ inline FieldValues ThickFieldAt(const LayerField& a, Constant nu, Number xi, con
     return f;
 }
 
-inline void StoreVertical(const FieldValues& f, Number inverseXi, double* out) {
-    Store(out + RowVerticalW * NodeBlock, Rounded(f.W * inverseXi));
-    Store(out + RowVerticalS * NodeBlock, Rounded(f.S));
-    Store(out + RowVerticalU0 * NodeBlock, Rounded(f.U));
-    Store(out + RowVerticalU1 * NodeBlock, Rounded(f.U * inverseXi));
-    Store(out + RowVerticalT * NodeBlock, Rounded(f.T));
-    Store(out + RowVerticalU2 * NodeBlock, Rounded(f.U));
+inline void StoreVertical(const FieldValues& f, Number inverseXi, RowPlace out) {
+    Keep(out + RowVerticalW * NodeBlock, f.W * inverseXi);
+    Keep(out + RowVerticalS * NodeBlock, f.S);
+    Keep(out + RowVerticalU0 * NodeBlock, f.U);
+    Keep(out + RowVerticalU1 * NodeBlock, f.U * inverseXi);
+    Keep(out + RowVerticalT * NodeBlock, f.T);
+    Keep(out + RowVerticalU2 * NodeBlock, f.U);
 }
 
-inline void StoreHorizontal(const FieldValues& f, Number inverseXi, double* out) {
+inline void StoreHorizontal(const FieldValues& f, Number inverseXi, RowPlace out) {
     const Number sum = (f.U + f.V) * 0.5;
     const Number difference = (f.U - f.V) * 0.5;
-    Store(out + RowHorizontalW * NodeBlock, Rounded(f.W * inverseXi));
-    Store(out + RowHorizontalS * NodeBlock, Rounded(f.S));
-    Store(out + RowHorizontalU * NodeBlock, Rounded(f.U));
-    Store(out + RowSum1 * NodeBlock, Rounded(sum));
-    Store(out + RowSum0 * NodeBlock, Rounded(sum * inverseXi));
-    Store(out + RowShear0 * NodeBlock, Rounded((f.T + f.Q) * 0.5));
-    Store(out + RowDifference2 * NodeBlock, Rounded(difference * inverseXi));
-    Store(out + RowShear2 * NodeBlock, Rounded((f.T - f.Q) * 0.5));
-    Store(out + RowDifference3 * NodeBlock, Rounded(difference));
+    Keep(out + RowHorizontalW * NodeBlock, f.W * inverseXi);
+    Keep(out + RowHorizontalS * NodeBlock, f.S);
+    Keep(out + RowHorizontalU * NodeBlock, f.U);
+    Keep(out + RowSum1 * NodeBlock, sum);
+    Keep(out + RowSum0 * NodeBlock, sum * inverseXi);
+    Keep(out + RowShear0 * NodeBlock, (f.T + f.Q) * 0.5);
+    Keep(out + RowDifference2 * NodeBlock, difference * inverseXi);
+    Keep(out + RowShear2 * NodeBlock, (f.T - f.Q) * 0.5);
+    Keep(out + RowDifference3 * NodeBlock, difference);
 }
 
 /// A layer on the way down, as those see it who take its field.
@@ -187,14 +187,14 @@ struct DepthTaker {
     const KernelDepth* Depths;
     int Count;
     Number InverseXi;
-    double* Out;
+    RowPlace Out;
     int Next = 0;
 
     bool More() const { return Next < Count; }
     void Take(const LayerHere& here) {
         for (; Next < Count && Depths[Next].Layer == here.Layer; ++Next) {
             const FieldValues f = FieldIn(here, Depths[Next]);
-            double* row = Out + Next * RowCount * NodeBlock;
+            const RowPlace row = Out + Next * RowCount * NodeBlock;
             if (here.Horizontal) {
                 StoreHorizontal(f, InverseXi, row);
             } else {
@@ -208,7 +208,7 @@ struct DepthTaker {
         const int end = horizontal ? RowCount : VerticalRows;
         for (; Next < Count; ++Next) {
             for (int r = first; r < end; ++r) {
-                Store(Out + (Next * RowCount + r) * NodeBlock, All(0.0));
+                Keep(Out + (Next * RowCount + r) * NodeBlock, NumberOf(0.0));
             }
         }
     }
@@ -307,7 +307,7 @@ inline void Upwards(const LayeredSystem& system, double radius, Number xi, int b
 }
 
 void Kernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
-             int depthCount, bool vertical, bool horizontal, int& deepest, double* out) {
+             int depthCount, bool vertical, bool horizontal, int& deepest, RowPlace out) {
     LayerState states[MostLayers];
     for (int node = 0; node < nodes; node += ZIRVO_LANES) {
         const Number x = NumberAt(xi + node);

@@ -22,6 +22,11 @@ inline Vec Size(Number x) {
 inline Number NumberAt(const double* p) {
     return Load(p);
 }
+/// Where kernels go.
+using RowPlace = double*;
+inline void Keep(RowPlace to, Number x) {
+    Store(to, x);
+}
 // The layers with these numbers.
 #include "solver/engine_layers.inl"
 

@@ -28,6 +28,20 @@ inline Constant ConstantOf(double high, double low) {
 inline Number NumberAt(const double* p) {
     return {Load(p), All(0.0)};
 }
+/// Where kernels go; what they lose to rounding may be wanted too.
+struct RowPlace {
+    double* High;
+    double* Low;
+};
+inline RowPlace operator+(RowPlace place, int n) {
+    return {place.High + n, place.Low != nullptr ? place.Low + n : nullptr};
+}
+inline void Keep(RowPlace to, Number x) {
+    Store(to.High, x.High);
+    if (to.Low != nullptr) {
+        Store(to.Low, x.Low);
+    }
+}
 inline double LastLane(Number x) {
     return x.High[ZIRVO_LANES - 1];
 }
@@ -61,11 +75,11 @@ inline Hyperbolic HyperbolicOf(Number q) {
 }  // namespace
 
 void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
-                    int depthCount, bool vertical, bool horizontal, int& deepest, double* out);
+                    int depthCount, bool vertical, bool horizontal, int& deepest, double* out, double* low);
 
 void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
-                    int depthCount, bool vertical, bool horizontal, int& deepest, double* out) {
-    Kernels(system, radius, xi, nodes, depths, depthCount, vertical, horizontal, deepest, out);
+                    int depthCount, bool vertical, bool horizontal, int& deepest, double* out, double* low) {
+    Kernels(system, radius, xi, nodes, depths, depthCount, vertical, horizontal, deepest, RowPlace{out, low});
 }
 
 void PreciseFields(const LayeredSystem& system, double radius, const double* xi, int nodes, const int* slots,

@@ -38,6 +38,7 @@ LevelSum::LevelSum(const LevelWork& work, const RadiusLevel& level, const SumCar
       level_(level),
       care_(care),
       sources_(static_cast<int>(work.Chunk.Sources.size())),
+      depths_(KernelDepthsOf(work.Layers, work.Chunk.Sources)),
       scratch_(ScratchOfThread()),
       bessel_(scratch_.Bessel),
       loadBessel_(scratch_.LoadBessel),
@@ -45,9 +46,6 @@ LevelSum::LevelSum(const LevelWork& work, const RadiusLevel& level, const SumCar
       weighted_(scratch_.Weighted),
       precise_(scratch_.Precise),
       rounding_(scratch_.Rounding) {
-    for (const SourceDepth& source : work.Chunk.Sources) {
-        depths_.push_back(KernelDepthOf(work.Layers, source.Layer, source.Z));
-    }
     PlaceColumns();
 }
 
@@ -162,10 +160,14 @@ void LevelSum::Sum(int refinement) {
 
 /// Kernels of the block at hand; `sum` keeps what goes from block to block.
 void LevelSum::MakeKernels(double radius, bool vertical, bool horizontal, int nodes, GroupSum& sum) {
-    const auto make = care_.Precise ? work_.TheEngine.PreciseKernels : work_.TheEngine.Kernels;
     const int before = sum.Deepest;
-    make(work_.Layers.View(), radius, xi_, nodes, depths_.data(), sources_, vertical, horizontal, sum.Deepest,
-         raw_.data());
+    if (care_.Precise) {
+        work_.TheEngine.PreciseKernels(work_.Layers.View(), radius, xi_, nodes, depths_.data(), sources_, vertical,
+                                       horizontal, sum.Deepest, raw_.data(), nullptr);
+    } else {
+        work_.TheEngine.Kernels(work_.Layers.View(), radius, xi_, nodes, depths_.data(), sources_, vertical, horizontal,
+                                sum.Deepest, raw_.data());
+    }
     const auto segments = static_cast<std::size_t>((nodes + Segment - 1) / Segment);
     const auto width = static_cast<std::size_t>(sources_) * static_cast<std::size_t>(Kinds);
     const std::size_t firstSegment = segmentXi_.size() - segments;
@@ -202,7 +204,7 @@ void LevelSum::SampleRounding(double radius, bool vertical, bool horizontal, int
         xi[s] = xi_[node[s]];
     }
     work_.TheEngine.PreciseKernels(work_.Layers.View(), radius, xi, Segments, depths_.data(), sources_, vertical,
-                                   horizontal, deepest, precise_.data());
+                                   horizontal, deepest, precise_.data(), nullptr);
     for (int d = 0; d < sources_; ++d) {
         for (int s = 0; s < segments; ++s) {
             double off[Kinds] = {};

@@ -42,8 +42,8 @@ void AddHalfSpace(const Work& work, const PointDepth& depth, const GroupLoad& lo
     }
 }
 
-void AddToPoint(const Work& work, const PointDepth& depth, const GroupLoad& load, const PolarPosition& position,
-                double radius, double gap, double* rows, const SumErrors& errors, PointSums& sums) {
+void AddLoad(const GroupLoad& load, const PolarPosition& position, double radius, double gap, double z, double* rows,
+             const SumErrors& errors, PointSums& sums) {
     if (position.R == 0) {
         // On the axis all Bessel functions but J0 vanish: no rounding noise in place of a zero.
         for (std::size_t row = 0; row < RowCount; ++row) {
@@ -51,15 +51,20 @@ void AddToPoint(const Work& work, const PointDepth& depth, const GroupLoad& load
         }
     }
     AddRows(load, position, rows, sums);
-    sums.Sharpness = std::max(sums.Sharpness, SharpnessAt(work, depth, position.R, gap));
     const double p = std::fabs(load.Pressure);
     const double h = std::fabs(load.Shear);
     // Values of a shear load are sums of two rows.
     sums.StrainError += p * errors.Strain[0] + 2 * h * errors.Strain[1];
     sums.DisplacementError += p * errors.Displacement[0] + 2 * h * errors.Displacement[1];
-    if (depth.Z == 0) {
+    if (z == 0) {
         AddSurfaceTraction(load, radius, gap, sums);
     }
+}
+
+void AddToPoint(const Work& work, const PointDepth& depth, const GroupLoad& load, const PolarPosition& position,
+                double radius, double gap, double* rows, const SumErrors& errors, PointSums& sums) {
+    AddLoad(load, position, radius, gap, depth.Z, rows, errors, sums);
+    sums.Sharpness = std::max(sums.Sharpness, SharpnessAt(work, depth, position.R, gap));
 }
 
 }  // namespace zirvo::solver

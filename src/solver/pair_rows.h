@@ -12,8 +12,12 @@ namespace zirvo::solver {
 void AddHalfSpace(const Work& work, const PointDepth& depth, const GroupLoad& load, double radius, double gap,
                   double* rows, SumErrors& errors);
 
-/// Adds one load's rows to a point.
+/// Adds one load's rows and their errors to a point of depth z.
 /// @param rows  changed on the axis, where most of them vanish
+void AddLoad(const GroupLoad& load, const PolarPosition& position, double radius, double gap, double z, double* rows,
+             const SumErrors& errors, PointSums& sums);
+
+/// The same, and how sharply the rows see the rounding of the point's place.
 void AddToPoint(const Work& work, const PointDepth& depth, const GroupLoad& load, const PolarPosition& position,
                 double radius, double gap, double* rows, const SumErrors& errors, PointSums& sums);
 

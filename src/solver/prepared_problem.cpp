@@ -79,6 +79,15 @@ KernelDepth KernelDepthOf(const LayerTable& layers, int layer, double z) {
     return depth;
 }
 
+std::vector<KernelDepth> KernelDepthsOf(const LayerTable& layers, const std::vector<SourceDepth>& sources) {
+    std::vector<KernelDepth> depths;
+    depths.reserve(sources.size());
+    for (const SourceDepth& source : sources) {
+        depths.push_back(KernelDepthOf(layers, source.Layer, source.Z));
+    }
+    return depths;
+}
+
 namespace {
 
 constexpr double PiValue = 3.14159265358979323846;

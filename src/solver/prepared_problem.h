@@ -2,6 +2,7 @@
 #pragma once
 #include <vector>
 
+#include "solver/depth_plan.h"
 #include "solver/engine.h"
 #include "solver/problem.h"
 
@@ -39,8 +40,9 @@ struct LayerTable {
     LayeredSystem View() const;
 };
 
-/// A depth of a layer (0-based) from both ends of the layer.
+/// A depth of a layer (0-based) from both ends of the layer, with what the distances lose to rounding.
 KernelDepth KernelDepthOf(const LayerTable& layers, int layer, double z);
+std::vector<KernelDepth> KernelDepthsOf(const LayerTable& layers, const std::vector<SourceDepth>& sources);
 
 /// Area of a circle [cm2].
 double CircleArea(double radius);

@@ -43,6 +43,8 @@ double WidestCell(double low, std::span<const double> edges, double ze, double s
     return narrow;
 }
 
+}  // namespace
+
 WaveRange RangeOf(double reach, double gap, double ze, double thickness, bool mild) {
     WaveRange range;
     range.Reach = reach;
@@ -55,8 +57,6 @@ WaveRange RangeOf(double reach, double gap, double ze, double thickness, bool mi
     }
     return range;
 }
-
-}  // namespace
 
 std::vector<RadiusItem> MakeCells(double low, double high, std::span<const double> edges, double ze, double share) {
     std::vector<RadiusItem> cells;

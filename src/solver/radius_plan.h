@@ -35,6 +35,11 @@ struct LevelCosts {
     bool Mild = false;            ///< see WaveRange
 };
 
+/// What the nodes of a level must reach.
+/// @param reach  largest radius plus largest load radius; @param gap  distance of all radii from all load edges; @param
+/// ze  smallest effective depth; @param thickness  LowScale of the layers, all in cm; @param mild  see WaveRange
+WaveRange RangeOf(double reach, double gap, double ze, double thickness, bool mild);
+
 /// Width of a cell over the distance of the singularities, to begin with: interpolation good to 3E-13. Slip brings them
 /// nearer than the depth tells.
 inline constexpr double CellShare = 0.6;
