@@ -64,8 +64,7 @@ double PromiseOf(Family family) {
 }
 
 bool Broken(const GroupError& e, double promise) {
-    const bool told = promise >= PromiseOf(Family::Extreme) && e.Bound > promise;
-    return !(e.Ratio() <= 1) || !(e.Error <= promise || told);
+    return !(e.Ratio() <= 1) || !(e.Error <= promise);
 }
 
 void Tally::Add(const std::vector<GroupError>& errors, double promise) {
@@ -76,7 +75,6 @@ void Tally::Add(const std::vector<GroupError>& errors, double promise) {
         values_ += Sizes[e.Group];
         errors_.push_back(static_cast<float>(e.Error));
         bounds_.push_back(static_cast<float>(e.Bound));
-        // A bound above the promise tells the truth about an error above it: the promise is broken, not the bound.
         beyond_ += e.Error <= promise ? 0 : 1;
         broken_ += Broken(e, promise) ? 1 : 0;
         below_ += e.Ratio() <= 1 ? 0 : 1;

@@ -30,9 +30,7 @@ std::vector<GroupError> Measure(const solver::Problem& problem, std::span<const 
 /// What is allowed: the promise of the family.
 double PromiseOf(Family family);
 
-/// True where a bound is below its error, or an error above the promise. Of pavements beyond the difficult ones an
-/// error that its bound tells of does not count: where loads cancel that stand on layers 1E6 and more apart, doubles
-/// hold no more, and the report names the point.
+/// True where a bound is below its error, or an error above the promise.
 bool Broken(const GroupError& e, double promise);
 
 class Tally {
