@@ -29,7 +29,7 @@ ExitCode PrintCatalogue(Console& console) {
         number(gear.Pressure, " MPa\n    ");
         out.append(gear.Source).append("\n");
     }
-    return console.Output(out);
+    return console.Output(out.append("\n").append(design::GearCaution).append("\n"));
 }
 
 SurfaceLoad RowOf(const solver::Load& load) {

@@ -24,7 +24,7 @@ ExitCode PrintFunctions(Console& console) {
             .append(function.Kind == design::LifeKind::Fatigue ? ": fatigue\n    " : ": rutting\n    ");
         out.append(function.Source).append("\n");
     }
-    return console.Output(out);
+    return console.Output(out.append("\n").append(design::FunctionCaution).append("\n"));
 }
 
 class LivesWork {

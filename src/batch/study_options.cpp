@@ -55,9 +55,29 @@ std::string JudgeChartSize(const std::string& text) {
     return SizeOf(text).first > 0 ? "" : text + " is no size in pixels like 800x560, each side from 100 to 8000";
 }
 
+constexpr const char* StudyFile = R"(A study file:
+  base = "road.eva"                  # the pavement, beside the study
+  units = 3
+  [[vary]]                           # once for each parameter: "layer N modulus|poisson|thickness|slip",
+  what = "layer 1 thickness"         # "load N|all vertical|radius|x|y|horizontal|angle", "loads total"
+  from = 10                          # or values = [10, 20]
+  to = 30
+  step = 2                           # or count = 11
+  [[keep]]
+  value = "EPSx"                     # U to GAMzx, as "zirvo-batch solve" names them
+  point = 2                          # or points = [2, 5] and over = "largest", "smallest", "largest size"
+  [[keep]]
+  name = "fatigue"
+  life = "ai-fatigue"                # see "zirvo-batch lives --list"; or "fatigue=K1/K2/K3", "rutting=K1/K2"
+  point = 2                          # c = 1, or voids = 5 and binder = 11, for the mix
+In place of values a sample: rows = 2000 and seed = 1 at the top, and under [[vary]] distribution = "uniform" (from, to),
+"triangular" (from, mode, to), "normal" or "lognormal" (mean, deviation, and lower, upper if wanted). In place of [[vary]]
+a table at the top: table = "rows.csv", whose headings are parameters.)";
+
 }  // namespace
 
 void StudyOptions::AddTo(CLI::App& command) {
+    command.footer(StudyFile);
     command.add_option("STUDY", file_, "Study file (.toml): a pavement, what varies, what is kept")
         ->required()
         ->type_name("");

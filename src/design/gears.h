@@ -44,6 +44,11 @@ struct StandardGear {
 
 const std::vector<StandardGear>& GearCatalogue();
 
+/// What to tell with the catalogue.
+inline constexpr const char* GearCaution =
+    "Hold these numbers against the document that is named before you sign a design. Any of them gives way to --load, "
+    "--pressure, --radius, --spacing, --axle-spacing and --track; --file takes wheels of your own.";
+
 /// The gear of that name, or nothing.
 const StandardGear* FindGear(std::string_view name);
 

@@ -44,6 +44,8 @@ std::string NamesOfAll() {
 
 const std::vector<TransferFunction>& TransferFunctions() {
     using enum LifeKind;
+    // Those of the Japanese design guide for asphalt pavements are left to the user: we are not certain of their
+    // coefficients.
     static const std::vector<TransferFunction> functions{
         // 18.4 brings the laboratory's life to one fifth of the road's area cracked. In MPa: 1.135E-3 e^-3.291
         // E^-0.854.

@@ -36,6 +36,16 @@ struct TransferFunction {
 
 const std::vector<TransferFunction>& TransferFunctions();
 
+/// What to tell with the functions.
+inline constexpr const char* FunctionCaution =
+    "Hold these coefficients against the document that is named before you sign a design. The functions of the "
+    "Japanese "
+    "design guide for asphalt pavements are not here, since their coefficients could not be given with certainty. "
+    "Those "
+    "and any others are given by coefficients: fatigue=K1/K2/K3 is K1 C e^-K2 E^-K3 with E in MPa, rutting=K1/K2 is "
+    "K1 e^-K2, with e as a plain number (200 micro are 2E-4); factors of a guide that multiply a coefficient are "
+    "multiplied in.";
+
 /// The function of a name, or by coefficients: "fatigue=K1/K2/K3" (modulus in MPa) or "rutting=K1/K2"; or why there is
 /// none.
 std::variant<TransferFunction, std::string> TransferFunctionOf(std::string_view text);

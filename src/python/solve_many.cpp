@@ -6,9 +6,9 @@
 #include <condition_variable>
 #include <exception>
 #include <mutex>
-#include <system_error>
 #include <thread>
 
+#include "base/start_threads.h"
 #include "python/problem_arrays.h"
 #include "solver/solve.h"
 
@@ -27,23 +27,11 @@ public:
     Crowd& operator=(const Crowd&) = delete;
 
     std::vector<Solved> Run(unsigned threads, const std::function<void(std::size_t)>& tell) {
-        working_ = threads;
-        for (unsigned i = 0; i < threads; ++i) {
-            try {
-                threads_.emplace_back([this] { Work(); });
-            } catch (const std::system_error&) {
-                const std::lock_guard lock(mutex_);
-                working_ -= threads - i;
-                if (threads_.empty()) {
-                    throw;
-                }
-                break;  // the system gives no more threads: those there are do the work
-            }
-        }
+        threads_ = StartThreads(threads, 1, [this] { Work(); });
         for (bool done = false; !done;) {
             {
                 std::unique_lock lock(mutex_);
-                done = ended_.wait_for(lock, BetweenTells, [this] { return working_ == 0; });
+                done = ended_.wait_for(lock, BetweenTells, [this] { return endedThreads_ == threads_.size(); });
             }
             tell(done_);
         }
@@ -63,7 +51,7 @@ private:
     std::atomic<bool> stop_{false};
     std::mutex mutex_;
     std::condition_variable ended_;
-    unsigned working_ = 0;
+    std::size_t endedThreads_ = 0;
     std::exception_ptr failure_;
     std::vector<std::thread> threads_;
 
@@ -89,7 +77,7 @@ private:
         }
         const std::lock_guard lock(mutex_);
         failure_ = failure ? failure : failure_;
-        --working_;
+        ++endedThreads_;
         ended_.notify_one();
     }
 

@@ -127,6 +127,10 @@ TEST(Lives, TheListNamesEveryFunctionWithItsSource) {
     const Outcome outcome = folder.Batch({"lives", "--list"});
     EXPECT_EQ(outcome.Code, 0);
     EXPECT_NE(outcome.Out.find("ai-rutting: rutting\n    Asphalt Institute, Research Report 82-2"), std::string::npos);
+    EXPECT_NE(
+        outcome.Out.find("\n\nHold these coefficients against the document that is named before you sign a design."),
+        std::string::npos);
+    EXPECT_NE(outcome.Out.find("Japanese design guide"), std::string::npos);
 }
 
 TEST(Lives, WrongUsageAndBadInputAreSaid) {

@@ -60,6 +60,58 @@ TEST(Gears, RadiiAreThoseThatTheSourcesState) {
     EXPECT_NEAR(LoadsOf("lr1132-40")[0].Radius, 15.1, 0.01);
 }
 
+/// Load and circle of each wheel and the middle of the last one. By hand, per wheel:
+///   india-80              20 kN, 0.56 MPa: sqrt(200 / (pi 0.56)) = 10.662 cm, 31 / 2 = 15.5
+///   south-africa-80       20 kN, 0.52 MPa: sqrt(200 / (pi 0.52)) = 11.065 cm, 35 / 2 = 17.5
+///   us-single             20 000 / 4 = 5000 lb = 22.241 kN; sqrt(5000 / (120 pi)) = 3.6418 in = 9.250 cm; X (6 ft +
+///                         12 in) / 2 = 106.68
+///   us-tandem             34 000 / 8 = 4250 lb = 18.905 kN; sqrt(4250 / (120 pi)) = 3.3576 in = 8.528 cm; Y 51.6 in /
+///   2 us-tridem             42 000 / 12 = 3500 lb = 15.569 kN; sqrt(3500 / (120 pi)) = 3.0470 in = 7.739 cm; Y 49.2 in
+///   faa-single-30         0.95 * 30 000 / 2 = 14 250 lb = 63.387 kN; sqrt(14 250 / (75 pi)) = 7.7768 in = 19.753 cm
+///   faa-dual-200          0.95 * 200 000 / 4 = 47 500 lb = 211.291 kN; sqrt(47 500 / (200 pi)) = 8.6948 in = 22.085
+///   cm;
+///                         X 34 in / 2
+///   faa-dual-tandem-400   the same load and circle; X 30 in / 2, Y 55 in / 2
+///   b737-800              0.95 * 174 700 / 4 = 41 491.25 lb = 184.562 kN; sqrt(41 491.25 / (205 pi)) = 8.0265 in =
+///                         20.387 cm; X 34 in / 2
+///   b747-400              0.95 * 875 000 / 16 = 51 953.125 lb = 231.099 kN; sqrt(51 953.125 / (200 pi)) = 9.0932 in =
+///                         23.097 cm; X 44 in / 2, Y 58 in / 2
+TEST(Gears, LoadsCirclesAndPlacesAreTheHandWorkedOnes) {
+    struct Row {
+        const char* Name;
+        std::size_t Wheels;
+        Load Last;
+    };
+    const std::vector<Row> rows{
+        {"india-80", 2, {20, 10.662, 15.5, 0, 0, 0}},
+        {"south-africa-80", 2, {20, 11.065, 17.5, 0, 0, 0}},
+        {"us-single", 4, {22.241, 9.250, 106.68, 0, 0, 0}},
+        {"us-tandem", 8, {18.905, 8.528, 106.68, 65.532, 0, 0}},
+        {"us-tridem", 12, {15.569, 7.739, 106.68, 124.968, 0, 0}},
+        {"faa-single-30", 1, {63.387, 19.753, 0, 0, 0, 0}},
+        {"faa-dual-200", 2, {211.291, 22.085, 43.18, 0, 0, 0}},
+        {"faa-dual-tandem-400", 4, {211.291, 22.085, 38.1, 69.85, 0, 0}},
+        {"b737-800", 2, {184.562, 20.387, 43.18, 0, 0, 0}},
+        {"b747-400", 4, {231.099, 23.097, 55.88, 73.66, 0, 0}},
+    };
+    for (const Row& row : rows) {
+        const std::vector<Load> loads = LoadsOf(row.Name);
+        ASSERT_EQ(loads.size(), row.Wheels) << row.Name;
+        EXPECT_NEAR(loads.front().Vertical, row.Last.Vertical, 0.001) << row.Name;
+        EXPECT_NEAR(loads.back().Vertical, row.Last.Vertical, 0.001) << row.Name;
+        EXPECT_NEAR(loads.back().Radius, row.Last.Radius, 0.001) << row.Name;
+        EXPECT_NEAR(loads.back().X, row.Last.X, 1e-6) << row.Name;
+        EXPECT_NEAR(loads.back().Y, row.Last.Y, 1e-6) << row.Name;
+    }
+}
+
+// Half of the distances that the sources state: 37.5, 31.95, 32 cm.
+TEST(Gears, PairsOfWheelsStandAsFarApartAsTheSourcesState) {
+    EXPECT_EQ(LoadsOf("france-65")[1].X, 18.75);
+    EXPECT_EQ(LoadsOf("china-bzz100")[1].X, 15.975);
+    EXPECT_EQ(LoadsOf("japan-49")[1].X, 16);
+}
+
 // The source puts the wheels at 0, 33, 180 and 213 cm: from the middle -106.5, -73.5, 73.5, 106.5.
 TEST(Gears, AWholeAxleStandsAroundItsMiddle) {
     const std::vector<Load> loads = LoadsOf("austroads-80", {.X = 10, .Y = 5});

@@ -8,7 +8,8 @@ from ._solving import _PLACES
 class Lives:
     """A transfer function: one of Lives.names(), "fatigue=K1/K2/K3" (modulus in MPa) or "rutting=K1/K2".
 
-    c is the mix factor of fatigue, see mix_factor().
+    c is the mix factor of fatigue, see mix_factor(). Hold the coefficients against the document that `source` names before
+    you sign a design. By coefficients: N = K1 C e^-K2 E^-K3 and K1 e^-K2, with e as a plain number, not in micro.
     """
 
     def __init__(self, function, c=1.0):

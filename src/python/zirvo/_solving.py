@@ -101,7 +101,10 @@ def solve_many(pavements, units=3, threads=0, progress=None, errors="raise"):
 
 
 def gears():
-    """The standard axles and aircraft gears: name to (what it is, load in kN, pressure in MPa, source)."""
+    """The standard axles and aircraft gears: name to (what it is, load in kN, pressure in MPa, source).
+
+    Hold the numbers against the source before you sign a design.
+    """
     return _zirvo.gears()
 
 
