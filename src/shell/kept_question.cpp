@@ -15,12 +15,22 @@ std::string_view UnitsText(int units) {
     return units == 0 ? "" : units == 3 ? "kN, MPa, cm" : "kgf, kgf/cm2, cm";
 }
 
+/// The name of a count without the gaps by which it is spread on the screen.
+std::string CountName(Int16 caption, Int16 languageBase) {
+    constexpr std::string_view gap = "　";
+    std::string name(GetMessage(languageBase, caption));
+    for (std::size_t at = name.find(gap); at != std::string::npos; at = name.find(gap)) {
+        name.erase(at, gap.size());
+    }
+    return name;
+}
+
 std::string CountsText(const std::vector<int>& counts, Int16 languageBase) {
     std::string text;
     Int16 caption = FirstCountCaption;
     for (const int count : counts) {
         text.append(text.empty() ? "" : ", ");
-        text.append(GetMessage(languageBase, caption++)).append(" ").append(std::to_string(count));
+        text.append(CountName(caption++, languageBase)).append(" ").append(std::to_string(count));
     }
     return text;
 }

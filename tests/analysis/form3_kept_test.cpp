@@ -438,7 +438,7 @@ TEST(KeptQuestion, TellsWhenWhatAndWhatNoDoes) {
                   "Put them on the screen?\n(No keeps them, and they are offered once more.)");
     EXPECT_EQ(KeptQuestion(Typed(), true, 3, JapaneseBase),
               when +
-                  " のデータが、保存されないまま残っています。\n\n層　数 2, 載　荷　点　数 1, 着　目　点　数 10000\n"
+                  " のデータが、保存されないまま残っています。\n\n層数 2, 載荷点数 1, 着目点数 10000\n"
                   "road.eva\nkN, MPa, cm\n\nこのデータを画面に読み込みますか？\n"
                   "（一度「いいえ」を選んだデータです。もう一度「いいえ」を選ぶと削除されます。）");
 }
