@@ -17,17 +17,6 @@ constexpr int ShortBlock = 64;  // a last block that takes the rounding of the o
 
 }  // namespace
 
-void LevelScratch::Trim() {
-    constexpr std::size_t Most = 1 << 19;  // 4 MB each
-    for (std::vector<double>* room :
-         {&Bessel[0], &Bessel[1], &Bessel[2], &Bessel[3], &LoadBessel, &Raw, &Weighted, &Precise, &Rounding}) {
-        if (room->capacity() > Most) {
-            room->clear();
-            room->shrink_to_fit();
-        }
-    }
-}
-
 LevelScratch& ScratchOfThread() {
     thread_local LevelScratch scratch;
     return scratch;

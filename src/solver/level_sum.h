@@ -45,13 +45,10 @@ struct LevelWork {
 };
 
 /// Room for the blocks of nodes at hand, kept from sum to sum: getting it from the system costs a small pavement more
-/// than filling it. One for each thread.
+/// than filling it. One for each thread, until it ends; some MB for the largest pavements.
 struct LevelScratch {
     std::vector<double> Bessel[4];
     std::vector<double> LoadBessel, Raw, Weighted, Precise, Rounding;
-
-    /// What one block of a large pavement needs is given back.
-    void Trim();
 };
 LevelScratch& ScratchOfThread();
 
