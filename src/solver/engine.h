@@ -1,5 +1,5 @@
 // The inner loops of the solver, built once for each width of vector register and chosen when the program starts.
-// Everything here is plain arrays: the callers (section_sums, half_space) own all memory.
+// Everything here is plain arrays: the callers (level_sum, half_space) own all memory.
 #pragma once
 
 namespace zirvo::solver {

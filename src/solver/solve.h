@@ -1,8 +1,8 @@
 // The solution of a problem. Installed as zirvo/solve.h.
 //
-// Source of the theory: elastic layers by Hankel transforms of the stress functions of one layer, joined by a band
-// system for each wavenumber (Burmister, Journal of Applied Physics 16, 1945), summed over wavenumbers; docs/theory.md
-// has the equations and the bounds of their errors.
+// Source of the theory: elastic layers by Hankel transforms (Burmister, Journal of Applied Physics 16, 1945), for each
+// wavenumber a compliance carried up through the layers and tractions carried down, summed over wavenumbers;
+// docs/theory.md has the equations and the bounds of their errors.
 #pragma once
 #include "solver/problem.h"
 

@@ -30,7 +30,8 @@ struct PointSums {
     double ShearStrain = 0;         ///< GAMxy
     double DisplacementError = 0, StrainError = 0;
     double DisplacementSize = 0, StrainSize = 0;  ///< sums of sizes, whose rounding comes on top
-    /// R over the distance of the field's singularities plus depth over thickness: what a rounded place does to values.
+    /// R over the distance of the field's singularities, plus 1, or depth over thickness where sums are interpolated in
+    /// z: what a rounded place does to values.
     double Sharpness = 0;
     /// At z = 0: the surface traction itself, in the unit of the moduli.
     double SurfaceNormal = 0, SurfaceX = 0, SurfaceY = 0;

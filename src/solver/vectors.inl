@@ -25,7 +25,7 @@ inline Vec PowerOfTwo(Vec shifted) {
     const Bits n = (Bits)shifted - (Bits)All(6755399441055744.0);
     return (Vec)((n + 1023) << 52);
 }
-/// The low two bits of that integer, as a number 0..3 in each lane.
+/// That integer in each lane.
 inline Bits Integer(Vec shifted) {
     return (Bits)shifted - (Bits)All(6755399441055744.0);
 }
