@@ -43,7 +43,7 @@ std::string JudgeGraphicsExtension(const std::string& file) {
 class Parser {
 public:
     Parser();
-    Request Read(std::vector<std::string> arguments, Console& console);
+    Request Read(const std::vector<std::string>& arguments, Console& console);
 
 private:
     CLI::App app_;
@@ -69,6 +69,7 @@ private:
     void AddCommonFlags(CLI::App& app);
     void AddUnits(CLI::App& app);
     void AddLanguage(CLI::App& app, const char* description);
+    std::string ReasonAgainstCommand(const std::vector<std::string>& arguments) const;
     Request MapRequestOf(Console& console) const;
     Request RequestOf(Console& console);
 };
@@ -195,10 +196,27 @@ Request Parser::RequestOf(Console& console) {
     return solveRequest_;
 }
 
-Request Parser::Read(std::vector<std::string> arguments, Console& console) {
-    std::reverse(arguments.begin(), arguments.end());  // the last one first is what the parser asks for
+/// What is wrong with the command where something else stands in its place; empty where nothing does.
+std::string Parser::ReasonAgainstCommand(const std::vector<std::string>& arguments) const {
+    const auto given = std::find_if(arguments.begin(), arguments.end(),
+                                    [](const std::string& text) { return text.empty() || text.front() != '-'; });
+    if (given == arguments.end()) {
+        return "";
+    }
+    std::string names;
+    for (const CLI::App* command : app_.get_subcommands([](const CLI::App*) { return true; })) {
+        if (command->get_name() == *given) {
+            return "";
+        }
+        names.append(names.empty() ? "" : ", ").append(command->get_name());
+    }
+    return *given + " is no command; there are " + names;
+}
+
+Request Parser::Read(const std::vector<std::string>& arguments, Console& console) {
     try {
-        app_.parse(std::move(arguments));
+        // The last one first is what the parser asks for.
+        app_.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     } catch (const CLI::ParseError& answer) {
         std::ostringstream out;
         std::ostringstream messages;
@@ -207,7 +225,8 @@ Request Parser::Read(std::vector<std::string> arguments, Console& console) {
         }
         std::string text = messages.str();
         text.erase(text.find_last_not_of('\n') + 1);
-        console.Complain("", text);
+        const std::string reason = ReasonAgainstCommand(arguments);
+        console.Complain("", reason.empty() ? text : reason);
         return NothingToDo{ExitCode::WrongUsage};
     }
     if (quiet_) {
@@ -218,8 +237,8 @@ Request Parser::Read(std::vector<std::string> arguments, Console& console) {
 
 }  // namespace
 
-Request ReadCommandLine(std::vector<std::string> arguments, Console& console) {
-    return Parser().Read(std::move(arguments), console);
+Request ReadCommandLine(const std::vector<std::string>& arguments, Console& console) {
+    return Parser().Read(arguments, console);
 }
 
 }  // namespace zirvo::batch

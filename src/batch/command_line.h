@@ -48,6 +48,6 @@ using Request = std::variant<NothingToDo, SolveRequest, AnalyzeRequest, MapReque
 /// Reads the command line; tells the console to be quiet where that is asked for, answers --help and --version, and
 /// says what is wrong with a command line that is wrong.
 /// @param arguments  without the program's name
-Request ReadCommandLine(std::vector<std::string> arguments, Console& console);
+Request ReadCommandLine(const std::vector<std::string>& arguments, Console& console);
 
 }  // namespace zirvo::batch

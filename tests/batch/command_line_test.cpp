@@ -16,7 +16,8 @@ struct WrongUsage {
 TEST(CommandLine, WrongUsageEndsWithTwoAndSaysWhatIsWrong) {
     const std::vector<WrongUsage> rows{
         {{}, "subcommand is required"},
-        {{"melt"}, "subcommand is required"},
+        {{"melt"}, "melt is no command; there are solve, analyze, map, check, gear, lives, study\n"},
+        {{"--quiet", "road.eva", "--units", "3"}, "road.eva is no command; there are solve"},
         {{"solve"}, "FILE is required"},
         {{"solve", "road.eva"}, "--units is required"},
         {{"solve", "road.eva", "--units"}, "--units"},
