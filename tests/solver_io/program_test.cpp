@@ -76,6 +76,9 @@ TEST(SolverProgram, TakesNoArgumentsButHelpAndVersion) {
     EXPECT_EQ(ReadBytes("out"), "ZIRVO_SV12 2.3\n");
     EXPECT_EQ(ExitCodeOf(AnalysisCommand + " --help >out"), 0);
     EXPECT_NE(ReadBytes("out").find("usage: "), std::string::npos);
+    EXPECT_EQ(ExitCodeOf(AnalysisCommand + " --help >/dev/full 2>out"), 1);
+    EXPECT_EQ(ReadBytes("out"), "standard output: cannot be written\n");
+    EXPECT_EQ(ExitCodeOf(AnalysisCommand + " --version >&- 2>out"), 1);
     EXPECT_EQ(ExitCodeOf(AnalysisCommand + " Untitled.eva 2>out"), 2);
     EXPECT_NE(ReadBytes("out").find("usage: "), std::string::npos);
 }

@@ -3,11 +3,26 @@
 
 #include <cstring>
 #include <iostream>
+#include <string>
 
 #include "platform/interruption.h"
 #include "text/version_stamp.h"
 
 namespace zirvo::solver {
+
+namespace {
+
+/// A text on standard output; 1 where that cannot be written.
+int Answer(const std::string& text) {
+    std::cout << text << std::flush;
+    if (std::cout) {
+        return 0;
+    }
+    std::cerr << "standard output: cannot be written\n";
+    return 1;
+}
+
+}  // namespace
 
 int ProgramMain(int argumentCount, char** arguments, const ProgramTexts& texts, const std::function<ExitCode()>& run) {
     if (argumentCount <= 1) {
@@ -15,12 +30,10 @@ int ProgramMain(int argumentCount, char** arguments, const ProgramTexts& texts, 
         return static_cast<int>(run());
     }
     if (std::strcmp(arguments[1], "--help") == 0) {
-        std::cout << texts.Usage;
-        return 0;
+        return Answer(texts.Usage);
     }
     if (std::strcmp(arguments[1], "--version") == 0) {
-        std::cout << texts.Name << ' ' << MakeVersionStamp(0) << '\n';
-        return 0;
+        return Answer(std::string(texts.Name) + ' ' + MakeVersionStamp(0) + '\n');
     }
     std::cerr << texts.Usage;
     return static_cast<int>(ExitCode::NoControlFile);
