@@ -6,7 +6,7 @@
 namespace zirvo {
 namespace {
 
-constexpr const char* End = ".tmp";
+constexpr const char* Extension = ".tmp";
 
 std::string FrontOf(long long process) {
     return ".zirvo-" + std::to_string(process) + "-";
@@ -15,13 +15,13 @@ std::string FrontOf(long long process) {
 }  // namespace
 
 std::string TemporaryName(long long process, unsigned number) {
-    return FrontOf(process) + std::to_string(number) + End;
+    return FrontOf(process) + std::to_string(number) + Extension;
 }
 
 void RemoveTemporariesOf(long long process) {
     const std::string front = FrontOf(process);
     for (const std::string& name : NamesIn(".")) {
-        if (name.starts_with(front) && name.ends_with(End)) {
+        if (name.starts_with(front) && name.ends_with(Extension)) {
             RemoveIfThere(name);
         }
     }
