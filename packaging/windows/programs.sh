@@ -5,7 +5,7 @@ put_words "$windows_folder"
 cp build-windows/bin/*.dll build-windows/bin/qt.conf "$windows_folder"
 cp -r build-windows/bin/plugins "$windows_folder"
 cp "$icons/eva.ico" "$icons/ven.ico" "$windows_folder"
-find "$windows_folder" -iname '*.exe' -o -name '*.dll' | xargs x86_64-w64-mingw32-strip
+find "$windows_folder" \( -iname '*.exe' -o -name '*.dll' \) -exec x86_64-w64-mingw32-strip {} +
 
 # Qt is Debian's source, built by a script of ours; the other libraries come with the compiler.
 licences=$windows_folder/licences
