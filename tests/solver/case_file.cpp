@@ -95,7 +95,10 @@ CaseErrors Compare(const CaseFile& file, const Solution& solution) {
                 errors.Where =
                     "point " + std::to_string(p + 1) + " " + ComponentNames[at] + " off " + std::to_string(share);
             }
-            errors.Worst[g] = std::max(errors.Worst[g], share);
+            errors.Worst[g] = share <= errors.Worst[g] ? errors.Worst[g] : share;  // NaN stays
+            // The estimate is a share of the same size, 1E-9 of which is the allowance; below 1E-15 are last digits.
+            const double ofEstimate = share * 1e-9 / (solution.Points[p].Estimates[g] + 1e-15);
+            errors.OverEstimate[g] = ofEstimate <= errors.OverEstimate[g] ? errors.OverEstimate[g] : ofEstimate;
             errors.WorstRelative[g] =
                 std::max(errors.WorstRelative[g], (off - 1e-13 * unit[g]) / std::max(largest, 1e-300));
             errors.WorstEstimate[g] = std::max(errors.WorstEstimate[g], solution.Points[p].Estimates[g]);

@@ -28,6 +28,7 @@ struct CaseErrors {
     std::array<double, 3> Worst{};          ///< over the allowance
     std::array<double, 3> WorstRelative{};  ///< over the largest value of the group, floor taken off
     std::array<double, 3> WorstEstimate{};
+    std::array<double, 3> OverEstimate{};  ///< the largest error over its own point's estimate
     std::string Where;
 };
 

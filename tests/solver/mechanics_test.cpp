@@ -33,8 +33,8 @@ TEST(Mechanics, EveryHorizontalPlaneCarriesTheWholeLoad) {
             problem.Loads = {Wheel()};
             problem.Loads[0].Horizontal = 100;
             const int layer = z <= 15 ? 1 : z <= 45 ? 2 : 3;
-            // r = z tan(t) / ... : r = s / (1 - s), s in 0..1 in 8 panels; the mean of TAUzx over a ring is that of the
-            // values at 0 and 90 degrees, since it varies with twice the angle.
+            // r = 40 u / (1 - u), u in 0..1 in 12 panels; the mean of TAUzx over a ring is that of the values at 0 and
+            // 90 degrees, since it varies with twice the angle.
             std::vector<double> weights;
             using Rule = boost::math::quadrature::gauss<double, 30>;
             constexpr int Panels = 12;

@@ -49,9 +49,11 @@ double Disagreement(const Problem& problem, std::size_t point, const PointResult
         double off = 0;
         for (std::size_t c = First[g]; c < First[g + 1]; ++c) {
             largest = std::max(largest, std::fabs(a.Values[c]));
-            off = std::max(off, std::fabs(a.Values[c] - b.Values[c]));
+            const double difference = std::fabs(a.Values[c] - b.Values[c]);
+            off = difference <= off ? off : difference;  // NaN stays
         }
-        worst = std::max(worst, off / (1e-9 * largest + 1e-13 * unit[g]));
+        const double share = off / (1e-9 * largest + 1e-13 * unit[g]);
+        worst = share <= worst ? worst : share;
     }
     return worst;
 }

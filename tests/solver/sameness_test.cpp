@@ -221,7 +221,6 @@ TEST(Sameness, LoadsSuperpose) {
     EXPECT_LT(Disagreement(problem, 0, all, sum), 0.1);
 }
 
-/// Sums of one chunk by one engine.
 TEST(Sameness, EnginesAgreeToRounding) {
     Problem problem = Gear(0.5);
     problem.Points = {{1, 0, 0, 0}, {1, 0, 0, 15}, {2, 0, 0, 15}, {2, 0, 0, 30}};
