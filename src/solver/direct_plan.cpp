@@ -8,6 +8,7 @@
 
 #include "solver/direct_sum.h"
 #include "solver/radius_plan.h"
+#include "solver/sum_rules.h"
 
 namespace zirvo::solver {
 
@@ -15,6 +16,8 @@ namespace {
 
 constexpr std::size_t WorthPlanning = 2000;  // pairs from which on the question is asked
 constexpr std::size_t MostPoints = 1000;     // of a direct chunk: several for each thread where there is much to do
+constexpr std::size_t MostPrecise = 2000;    // where kernels in two parts are dear
+constexpr double MostNumbers = 1e7;          // of a table: 80 MB for each thread
 constexpr double BandRatio = 1.7;            // of the effective depths in one direct chunk
 constexpr double Nodes = 220;                // of a sum, roughly
 constexpr double TableNodes = 1.5 * Nodes;   // of one of a table, whose radii crowd where sums are long
@@ -72,14 +75,20 @@ double TableCost(const Work& work, const Loads& loads, const DepthChunk& chunk, 
     const double share = work.Layers.Slips ? SlipCellShare : CellShare;
     const auto cells = MakeCells(0, FarthestPair(work, chunk), loads.Edges, ze, share);
     const double column = 8 + 0.06 * rows * sources * groups;
+    // The sums, their differences and their rows side by side.
+    const double numbers = static_cast<double>(cells.size() * ChebyshevCount) * sources * groups * 46;
+    if (numbers > MostNumbers) {
+        return HUGE_VAL;
+    }
     const double ownRadii = static_cast<double>(PlacesOf(chunk)) * loads.Count * (8 + 0.06 * rows * sources);
     const double radii = std::min(static_cast<double>(cells.size() * ChebyshevCount) * column, ownRadii);
     const double interpolation = chunk.Depths.front().Source < 0 ? 80 : 20;
     return TableNodes * (field + radii) + interpolation * loads.Count * static_cast<double>(chunk.Points.size());
 }
 
-/// Points of several chunks as direct ones, by depth, MostPoints at most in each.
-void AddDirect(const std::vector<Candidate>& band, double firstThickness, std::vector<DepthChunk>& direct) {
+/// Points of several chunks as direct ones, by depth, so many at most in each.
+void AddDirect(const std::vector<Candidate>& band, double firstThickness, std::size_t most,
+               std::vector<DepthChunk>& direct) {
     struct Place {
         int Layer;
         double Z;
@@ -96,7 +105,7 @@ void AddDirect(const std::vector<Candidate>& band, double firstThickness, std::v
     std::sort(places.begin(), places.end(), [](const Place& a, const Place& b) {
         return std::tie(a.Layer, a.Z, a.Point.Point) < std::tie(b.Layer, b.Z, b.Point.Point);
     });
-    const std::size_t count = (places.size() + MostPoints - 1) / MostPoints;
+    const std::size_t count = (places.size() + most - 1) / most;
     for (std::size_t i = 0; i < count; ++i) {
         DepthChunk chunk;
         chunk.Direct = true;
@@ -141,6 +150,7 @@ std::vector<DepthChunk> WithDirectChunks(const Work& work, std::vector<DepthChun
     std::stable_sort(candidates.begin(), candidates.end(),
                      [](const Candidate& a, const Candidate& b) { return a.Effective < b.Effective; });
     const double perGroup = 2 * Nodes * FieldCost(work.Layers, loads.Vertical, loads.Horizontal);
+    const std::size_t most = work.Layers.Contrast > PreciseContrast ? MostPrecise : MostPoints;
     std::vector<DepthChunk> direct;
     for (std::size_t i = 0; i < candidates.size();) {
         std::vector<Candidate> band;
@@ -152,11 +162,11 @@ std::vector<DepthChunk> WithDirectChunks(const Work& work, std::vector<DepthChun
             table += candidates[i].Table;
             points += candidates[i].Chunk->Points.size();
         }
-        const double parts = std::ceil(static_cast<double>(points) / static_cast<double>(MostPoints));
+        const double parts = std::ceil(static_cast<double>(points) / static_cast<double>(most));
         const double pairs = perPair * loads.Count * static_cast<double>(points) +
                              parts * perGroup * static_cast<double>(work.Groups.size());
         if (pairs < table) {
-            AddDirect(band, work.Layers.Thickness[0], direct);
+            AddDirect(band, work.Layers.Thickness[0], most, direct);
         } else {
             for (const Candidate& candidate : band) {
                 rest.push_back(std::move(*candidate.Chunk));

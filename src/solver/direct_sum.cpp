@@ -19,8 +19,8 @@ constexpr double PairRounding = 4 * UnitRounding;  // of a sum of four products,
 
 double FieldCost(const LayerTable& layers, bool vertical, bool horizontal) {
     const double cases = (vertical ? 1 : 0) + (horizontal ? 1 : 0);
-    const double cost = static_cast<double>(layers.M2.size()) * (8 + 8 * cases) + 50;
-    return layers.Contrast > PreciseContrast ? PreciseCost * cost : 1.5 * cost;
+    const double cost = static_cast<double>(layers.M2.size()) * (4 + 4 * cases) + 50;
+    return layers.Contrast > PreciseContrast ? 7 * cost : 1.5 * cost;
 }
 
 double PairCost(bool vertical, bool horizontal) {
@@ -28,13 +28,13 @@ double PairCost(bool vertical, bool horizontal) {
 }
 
 DirectSum::DirectSum(const Work& work, const DepthChunk& chunk, const LoadGroup& group, const std::vector<Pair>& pairs,
-                     double budget, DirectScratch& scratch)
+                     const DirectCare& care, DirectScratch& scratch)
     : work_(work),
       chunk_(chunk),
       group_(group),
       pairs_(pairs),
-      budget_(budget),
-      precise_(work.Layers.Contrast > PreciseContrast),
+      care_(care),
+      precise_(care.Careful || work.Layers.Contrast > PreciseContrast),
       scratch_(scratch),
       rows_(pairs.size()),
       errors_(pairs.size()) {
@@ -59,11 +59,11 @@ void DirectSum::Run() {
     costs.PerNodeAndColumn = PairCost(group_.Vertical, group_.Horizontal);
     const auto levels = SplitIntoLevels(items, {&radius, 1}, ze, work_.Layers.LowScale, costs);
     for (const RadiusLevel& level : levels) {
-        const double most = std::clamp(budget_ / static_cast<double>(levels.size()) /
+        const double most = std::clamp(care_.Budget / static_cast<double>(levels.size()) /
                                            (costs.PerNode + costs.PerNodeAndColumn * static_cast<double>(items.size())),
                                        FewestNodes, MostNodes);
         std::vector<std::size_t> pairs = level.Items;
-        for (int refinement = 0; !pairs.empty(); ++refinement) {
+        for (int refinement = care_.Careful ? 1 : 0; !pairs.empty(); ++refinement) {
             nodes_ = static_cast<long>(most);
             Sum(pairs, level.Range, refinement);
             const bool last = refinement >= MostRefinements || 2 * static_cast<double>(nodes_) > most;
@@ -253,16 +253,18 @@ void DirectSum::CompareSample(std::size_t sample, int segment, int node, const d
     }
     double off[Kinds] = {};
     double largest[Kinds] = {};
+    double plain[Kinds] = {};
     for (int i = RowsFrom(group_); i < RowsTo(group_); ++i) {
         const double precise = scratch_.Precise[(sample * RowCount + static_cast<std::size_t>(i)) * NodeBlock +
                                                 static_cast<std::size_t>(segment)];
         const auto kind = static_cast<std::size_t>(RowKind[i]);
         off[kind] = std::max(off[kind], std::fabs(row[i] - precise));
         largest[kind] = std::max(largest[kind], std::fabs(precise));
+        plain[kind] = std::max(plain[kind], std::fabs(row[i]));
     }
     for (std::size_t kind = 0; kind < Kinds; ++kind) {
         double& share = scratch_.Doubts[(static_cast<std::size_t>(segment) * slotLayers_.size() + slot) * Kinds + kind];
-        const double here = off[kind] > 0 ? off[kind] / std::max(largest[kind], off[kind]) : 0;
+        const double here = RoundingShare(off[kind], largest[kind], plain[kind]);
         share = std::max({share, here, least});
     }
 }

@@ -22,6 +22,12 @@ struct Pair {
     double Gap = 0;  ///< distance outside the edge of the load [cm]
 };
 
+/// How much work is put into direct sums.
+struct DirectCare {
+    double Budget = 0;     ///< about how many nanoseconds they may take; what is cut off shows in the errors
+    bool Careful = false;  ///< kernels in two parts, half the step
+};
+
 /// Room that is kept from sum to sum.
 struct DirectScratch {
     std::vector<double> Fields, Thin, Precise, Doubts;
@@ -36,9 +42,8 @@ double PairCost(bool vertical, bool horizontal);
 class DirectSum {
 public:
     /// @param chunk  its points by depth; @param pairs  by point
-    /// @param budget  about how many nanoseconds it may take; what is cut off shows in the errors
     DirectSum(const Work& work, const DepthChunk& chunk, const LoadGroup& group, const std::vector<Pair>& pairs,
-              double budget, DirectScratch& scratch);
+              const DirectCare& care, DirectScratch& scratch);
 
     void Run();
 
@@ -67,7 +72,7 @@ private:
     const DepthChunk& chunk_;
     const LoadGroup& group_;
     const std::vector<Pair>& pairs_;
-    double budget_;
+    DirectCare care_;
     bool precise_;
     DirectScratch& scratch_;
     std::vector<KernelDepth> depths_;  // of the chunk

@@ -38,7 +38,7 @@ void DirectWork::Run() {
         for (std::size_t first = 0; first < loads; first += step) {
             const auto pairs = PairsOf(chunk_, group, first, std::min(first + step, loads));
             const double share = static_cast<double>(step) / static_cast<double>(work_.TheProblem.Loads.size());
-            DirectSum direct(work_, chunk_, group, pairs, share * budget_, scratch);
+            DirectSum direct(work_, chunk_, group, pairs, {share * budget_, careful_}, scratch);
             direct.Run();
             for (std::size_t i = 0; i < pairs.size(); ++i) {
                 const Pair& pair = pairs[i];
@@ -55,13 +55,18 @@ void DirectWork::Run() {
     for (std::size_t i = 0; i < chunk_.Points.size(); ++i) {
         const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[i].Depth)];
         const auto layer = static_cast<std::size_t>(depth.Layer);
-        work_.Results[chunk_.Points[i].Point] = ComposeResult(sums[i], work_.Layers.M2[layer], work_.Layers.Nu[layer],
-                                                              depth.Z == 0 && layer == 0, work_.Scale);
+        const PointResult result = ComposeResult(sums[i], work_.Layers.M2[layer], work_.Layers.Nu[layer],
+                                                 depth.Z == 0 && layer == 0, work_.Scale);
+        PointResult& kept = work_.Results[chunk_.Points[i].Point];
+        if (!careful_ || WorstEstimate(result) <= WorstEstimate(kept)) {
+            kept = result;
+        }
     }
     DoAgain();
 }
 
-/// The points whose bounds are not good enough, with more care, depth by depth.
+/// The points whose bounds are not good enough, with more care; what still is not, and is little, on tables, which hold
+/// each depth by itself.
 void DirectWork::DoAgain() const {
     std::vector<bool> wanted;
     bool any = false;
@@ -72,9 +77,20 @@ void DirectWork::DoAgain() const {
     if (!any) {
         return;
     }
-    const auto parts = WithoutNodes(work_.TheProblem, PartOf(chunk_, wanted), MostSources);
-    for (const DepthChunk& part : parts) {
-        ChunkWork(work_, part, CarefulBudgetShare * budget_ / static_cast<double>(parts.size()), true).Run();
+    DepthChunk part = PartOf(chunk_, wanted);
+    if (!careful_) {
+        part.Direct = true;
+        for (std::size_t depth = 0; depth < part.Depths.size(); ++depth) {
+            const PointDepth& at = part.Depths[depth];
+            part.Depths[depth].Source = static_cast<int>(depth);
+            part.Sources.push_back(
+                {at.Layer, at.Z, EffectiveDepth(at.Layer, at.Z, work_.TheProblem.Layers[0].Thickness)});
+        }
+        DirectWork(work_, part, CarefulBudgetShare * budget_, true).Run();
+    } else if (part.Depths.size() <= MostSources) {
+        for (const DepthChunk& alone : WithoutNodes(work_.TheProblem, part, MostSources)) {
+            ChunkWork(work_, alone, budget_, true).Run();
+        }
     }
 }
 

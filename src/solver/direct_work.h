@@ -7,8 +7,9 @@ namespace zirvo::solver {
 
 class DirectWork {
 public:
-    DirectWork(const Work& work, const DepthChunk& chunk, double budget)
-        : work_(work), chunk_(chunk), budget_(budget) {}
+    /// @param careful  with kernels in two parts and finer nodes, for points that were not good enough
+    DirectWork(const Work& work, const DepthChunk& chunk, double budget, bool careful = false)
+        : work_(work), chunk_(chunk), budget_(budget), careful_(careful) {}
 
     void Run();
 
@@ -18,6 +19,7 @@ private:
     const Work& work_;
     const DepthChunk& chunk_;
     double budget_;
+    bool careful_;
 };
 
 }  // namespace zirvo::solver

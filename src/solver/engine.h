@@ -113,7 +113,8 @@ struct WeighMeasures {
 inline constexpr int HorizontalFields = 4;
 inline constexpr int FieldComponents = 10;
 inline constexpr int FieldNumbers = (FieldComponents + Kinds) * 4;
-/// How a layer's coefficients are meant at a node: not reached by the field, modes, or values at four depths.
+/// How a layer's coefficients are meant at a node: not reached by the field, modes, or values and slopes at
+/// both ends.
 enum Form : unsigned char { FormNone, FormThick, FormThin };
 /// Nodes that pairs are summed over at a time: their fields stay in the nearest cache.
 inline constexpr int PairNodes = 64;

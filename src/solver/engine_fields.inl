@@ -1,8 +1,9 @@
 // The fields of whole layers as few numbers, for sums at depths that are all different: each component is a sum of four
 // coefficients times four functions of the depth (engine_pairs.inl), and the coefficients do not hang on the depth.
 //   thick, and the last layer: the modes exp(-zeta), zeta exp(-zeta), exp(-eta), eta exp(-eta).
-//   thin, where modes cancel: the field at the top, at 1/4 and 3/4 of the thickness and at the bottom, which tell all
-//     of it, since it has four degrees of freedom.
+//   thin, where modes cancel: the field at the top and its derivative there, the derivative at the bottom and the field
+//     there, which tell all of it, since each component has four degrees of freedom. Derivatives are by zeta and come
+//     from the equations.
 // Notation as in engine_layers.inl.
 
 /// Takes coefficients of the layers that have a slot, for the vector of nodes at Node of its block.
@@ -34,8 +35,12 @@ struct FieldTaker {
             Forms[slot * NodeBlock + Node + i] = here.Thin ? FormThin : FormThick;
         }
         FieldValues f[4];
-        for (int j = 0; j < 4; ++j) {
-            f[j] = here.Thin ? AtQuarter(here, j) : OfMode(here, j);
+        if (here.Thin) {
+            AtEnds(here, f);
+        } else {
+            for (int j = 0; j < 4; ++j) {
+                f[j] = OfMode(here, j);
+            }
         }
         Number w[4], s[4], u[4], t[4], half[4], more[4], less[4];
         for (int j = 0; j < 4; ++j) {
@@ -89,15 +94,29 @@ struct FieldTaker {
         }
     }
 
-    /// The field of a thin layer at its top, at 1/4, 3/4 and at its bottom.
-    FieldValues AtQuarter(const LayerHere& here, int j) const {
-        constexpr double Shares[4] = {0, 0.25, 0.75, 1};
+    /// Derivatives of a field by zeta: u' = 2 T - w, w' = (k2 S + nu u) / (1 - nu), T' = (u - nu S) / (1 - nu), S' = T,
+    /// v' = 2 Q, Q' = v / 2, tractions over m2.
+    static FieldValues Derivative(Constant nu, const FieldValues& f) {
+        const Constant d = 1.0 / (1.0 - nu);
+        return {
+            2.0 * f.T - f.W, ((1.0 - 2.0 * nu) * d) * f.S + (nu * d) * f.U, d * f.U - (nu * d) * f.S, f.T, 2.0 * f.Q,
+            0.5 * f.V};
+    }
+
+    /// A thin layer's field and its derivative at the top, its derivative and field at the bottom.
+    void AtEnds(const LayerHere& here, FieldValues f[4]) const {
+        f[0] = here.ThinOne.Top;
+        f[3] = here.ThinOne.Bottom;
         const double h = System.Thickness[here.Layer];
-        KernelDepth depth;
-        depth.Layer = here.Layer;
-        depth.FromTop = Shares[j] * h;
-        depth.FromBottom = Shares[3 - j] * h;
-        return FieldIn(here, depth);
+        if (!here.ThinOne.TopIsBetter) {
+            LedUp(here.State->Sums, here.Nu, here.Xi * ConstantOf(h, 0), f[3], f[0]);
+        }
+        if (here.Layer == 0) {
+            WithoutHalfSpace(here, NumberOf(0.0), f[0]);
+            WithoutHalfSpace(here, here.Xi * ConstantOf(h, 0), f[3]);
+        }
+        f[1] = Derivative(here.Nu, f[0]);
+        f[2] = Derivative(here.Nu, f[3]);
     }
 
     /// What stands with one of the modes.

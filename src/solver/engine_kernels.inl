@@ -65,6 +65,16 @@ inline void LedThrough(const Hyperbolic& h, Constant nu, Number q, const FieldVa
     bottom.W = (nb + n) * top.U + (a - m) * top.W + m * top.T + (b * ((1.0 - 2.0 * nu) * d) - n) * top.S;
 }
 
+/// Displacements at its top from the field at its bottom.
+inline void LedUp(const Hyperbolic& h, Constant nu, Number q, const FieldValues& bottom, FieldValues& top) {
+    const Constant d = 1.0 / (1.0 - nu);
+    const Number a = h.Cosh, b = h.Sinh;
+    const Number m = q * b * (0.5 * d), n = h.Third * d;
+    const Number nb = b * (nu * d);
+    top.U = (a + m) * bottom.U + (b + n) * bottom.W - (2.0 * b + n) * bottom.T - m * bottom.S;
+    top.W = (a - m) * bottom.W - (nb + n) * bottom.U + m * bottom.T - (b * ((1.0 - 2.0 * nu) * d) - n) * bottom.S;
+}
+
 /// Displacements at the top of a thin layer come from above by continuity or from its own compliance, at its bottom
 /// from its top or from the compliance below, whichever has lost less: below a stiff layer that of a soft film, or of a
 /// spring, turns the rounding of the tractions into displacements out of all proportion.
@@ -166,18 +176,23 @@ struct LayerHere {
     bool Thin, Last, Horizontal;
     Constant Nu, M2;
     Number Xi;
+    const LayerState* State;  // none of the last
     const LayerField& Thick;
     const ThinField& ThinOne;
 };
+
+/// Takes layer 1's own half-space out of its field at zeta.
+inline void WithoutHalfSpace(const LayerHere& here, Number zeta, FieldValues& f) {
+    const double t = here.Horizontal ? -1.0 : 0.0, s = here.Horizontal ? 0.0 : -1.0;
+    SubtractHalfSpace(here.Nu, zeta, s / here.M2, (t + s) / here.M2, -2 * t / here.M2, f);
+}
 
 /// The field at a depth of the layer; in layer 1 without its own half-space's.
 inline FieldValues FieldIn(const LayerHere& here, const KernelDepth& depth) {
     FieldValues f = here.Thin ? ThinFieldAt(here.ThinOne, here.Nu, here.Xi, depth)
                               : ThickFieldAt(here.Thick, here.Nu, here.Xi, depth, here.Last);
     if (here.Thin && here.Layer == 0) {
-        const double t = here.Horizontal ? -1.0 : 0.0, s = here.Horizontal ? 0.0 : -1.0;
-        SubtractHalfSpace(here.Nu, here.Xi * ConstantOf(depth.FromTop, depth.FromTopLow), s / here.M2,
-                          (t + s) / here.M2, -2 * t / here.M2, f);
+        WithoutHalfSpace(here, here.Xi * ConstantOf(depth.FromTop, depth.FromTopLow), f);
     }
     return f;
 }
@@ -257,7 +272,7 @@ inline int Downwards(const LayeredSystem& system, double radius, const LayerStat
                 TakeOutHalfSpace(states[0], q, t0 / m2, s0 / m2, q0 / m2, field);
             }
         }
-        taker.Take({layer, thin, last, horizontal, nu, m2, xi, field, thinField});
+        taker.Take({layer, thin, last, horizontal, nu, m2, xi, last ? nullptr : states + layer, field, thinField});
         if (last) {
             break;
         }
@@ -278,7 +293,7 @@ inline int Downwards(const LayeredSystem& system, double radius, const LayerStat
 inline void Upwards(const LayeredSystem& system, double radius, Number xi, int bottom, LayerState* states) {
     Compliance c = HalfSpaceCompliance(ConstantOf(system.Nu[bottom], 0));
     Constant m2Below = ConstantOf(system.M2[bottom], system.M2Low[bottom]);
-    Propagator propagator;
+    Propagator propagator{};
     for (int i = bottom - 1; i >= 0; --i) {
         LayerState& s = states[i];
         const Constant m2 = ConstantOf(system.M2[i], system.M2Low[i]);

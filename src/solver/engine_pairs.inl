@@ -1,13 +1,13 @@
 // Sums for single pairs of a load and a point, each at a depth and a distance of its own: the four functions of depth
 // that the fields of layers (engine_fields.inl) are multiplied by, and the sums over nodes, Bessel functions included.
 //
-// A thin layer's field lies in the span of ch y, y sh y, sh y and t(y) = (y ch y - sh y) / 2, y = xi (z - middle). The
-// functions that are 1 at one of y = -Y1, -Y2, Y2, Y1 (Y1 = q / 2, Y2 = q / 4) and 0 at the others are
-//   (E1 - O1) / 2, (E2 - O2) / 2, (E2 + O2) / 2, (E1 + O1) / 2,
-//   E1 = (ch y Y2 sh Y2 - y sh y ch Y2) / D, E2 = (y sh y ch Y1 - ch y Y1 sh Y1) / D,
-//     D = ch Y1 Y2 sh Y2 - Y1 sh Y1 ch Y2,
-//   O1 = (sh y t(Y2) - t(y) sh Y2) / F, O2 = (t(y) sh Y1 - sh y t(Y1)) / F, F = sh Y1 t(Y2) - t(Y1) sh Y2,
-// which lose nothing as q goes to 0: they go to cubic polynomials.
+// A thin layer's field lies in the span of ch y, y sh y, sh y and t(y) = (y ch y - sh y) / 2, y = xi (z - middle). With
+// Y = q / 2 at the bottom, the even functions that have the value 1 and no slope there, or no value and the slope 1,
+// are
+//   E = ((sh Y + Y ch Y) ch y - sh Y y sh y) / D, E' = (ch Y y sh y - Y sh Y ch y) / D, D = sh Y ch Y + Y,
+// and the odd ones
+//   O = (Y sh Y / 2 sh y - ch Y t(y)) / F, O' = (sh Y t(y) - t(Y) sh y) / F, F = Y sh^2 Y / 2 - t(Y) ch Y,
+// which lose nothing as q goes to 0, where they are cubic polynomials.
 
 void ThinFunctions(double thickness, const double* xi, int nodes, double* out) {
     for (int node = 0; node < nodes; node += ZIRVO_LANES) {
@@ -15,13 +15,19 @@ void ThinFunctions(double thickness, const double* xi, int nodes, double* out) {
         if (!(q[ZIRVO_LANES - 1] <= ThinLimit)) {
             return;
         }
-        const Vec outer = 0.5 * q, inner = 0.25 * q;
-        const Hyperbolic f1 = HyperbolicOf(outer), f2 = HyperbolicOf(inner);
-        const Vec s1 = outer * f1.Sinh, s2 = inner * f2.Sinh;
-        const Vec even = 1.0 / (f1.Cosh * s2 - s1 * f2.Cosh);
-        const Vec odd = 1.0 / (f1.Sinh * f2.Third - f1.Third * f2.Sinh);
-        const Vec numbers[ThinNumbers] = {s2 * even,      f2.Cosh * even, s1 * even,      f1.Cosh * even,
-                                          f2.Third * odd, f2.Sinh * odd,  f1.Third * odd, f1.Sinh * odd};
+        const Vec y = 0.5 * q;
+        const Hyperbolic f = HyperbolicOf(y);
+        const Vec ys = y * f.Sinh;
+        const Vec even = 1.0 / (f.Sinh * f.Cosh + y);
+        const Vec odd = 1.0 / (0.5 * ys * f.Sinh - f.Third * f.Cosh);
+        const Vec numbers[ThinNumbers] = {(f.Sinh + y * f.Cosh) * even,
+                                          f.Sinh * even,
+                                          f.Cosh * even,
+                                          ys * even,
+                                          0.5 * ys * odd,
+                                          f.Cosh * odd,
+                                          f.Sinh * odd,
+                                          f.Third * odd};
         for (int i = 0; i < ThinNumbers; ++i) {
             Store(out + i * NodeBlock + node, numbers[i]);
         }
@@ -42,12 +48,12 @@ inline void ThinDepth(const KernelDepth& depth, Vec x, const double* thin, doubl
     for (int i = 0; i < ThinNumbers; ++i) {
         n[i] = Load(thin + i * NodeBlock);
     }
-    const Vec e1 = n[0] * f.Cosh - n[1] * even, e2 = n[3] * even - n[2] * f.Cosh;
-    const Vec o1 = n[4] * f.Sinh - n[5] * f.Third, o2 = n[7] * f.Third - n[6] * f.Sinh;
-    Store(out, 0.5 * (e1 - o1));
-    Store(out + NodeBlock, 0.5 * (e2 - o2));
-    Store(out + 2 * NodeBlock, 0.5 * (e2 + o2));
-    Store(out + 3 * NodeBlock, 0.5 * (e1 + o1));
+    const Vec value = n[0] * f.Cosh - n[1] * even, slope = n[2] * even - n[3] * f.Cosh;
+    const Vec oddValue = n[4] * f.Sinh - n[5] * f.Third, oddSlope = n[6] * f.Third - n[7] * f.Sinh;
+    Store(out, 0.5 * (value - oddValue));
+    Store(out + NodeBlock, 0.5 * (oddSlope - slope));
+    Store(out + 2 * NodeBlock, 0.5 * (oddSlope + slope));
+    Store(out + 3 * NodeBlock, 0.5 * (value + oddValue));
 }
 
 void DepthFunctions(const KernelDepth& depth, bool lastLayer, const double* xi, int nodes, const unsigned char* forms,

@@ -198,16 +198,19 @@ void LevelSum::SampleRounding(double radius, bool vertical, bool horizontal, int
         for (int s = 0; s < segments; ++s) {
             double off[Kinds] = {};
             double largest[Kinds] = {};
+            double plain[Kinds] = {};
             for (int row = vertical ? 0 : VerticalRows; row < (horizontal ? static_cast<int>(RowCount) : VerticalRows);
                  ++row) {
                 const auto place = static_cast<std::size_t>(d * RowCount + row) * NodeBlock;
                 const double precise = precise_[place + static_cast<std::size_t>(s)];
                 const auto kind = static_cast<std::size_t>(RowKind[row]);
-                off[kind] = std::max(off[kind], std::fabs(raw_[place + static_cast<std::size_t>(node[s])] - precise));
+                const double raw = raw_[place + static_cast<std::size_t>(node[s])];
+                off[kind] = std::max(off[kind], std::fabs(raw - precise));
                 largest[kind] = std::max(largest[kind], std::fabs(precise));
+                plain[kind] = std::max(plain[kind], std::fabs(raw));
             }
             for (std::size_t kind = 0; kind < Kinds; ++kind) {
-                const double share = off[kind] > 0 ? off[kind] / std::max(largest[kind], off[kind]) : 0;
+                const double share = RoundingShare(off[kind], largest[kind], plain[kind]);
                 rounding_[static_cast<std::size_t>((s * sources_ + d) * Kinds) + kind] = std::max(share, least);
             }
         }

@@ -32,11 +32,11 @@ inline TwoVec ExactSum(Vec a, Vec b) {
 inline TwoVec operator-(TwoVec a) {
     return {-a.High, -a.Low};
 }
+// Sums, products and quotients are good to a few units of the 31st digit of the larger operand, as what they are made
+// of is: nothing is spent on the digits that a difference loses.
 inline TwoVec operator+(TwoVec a, TwoVec b) {
     const TwoVec s = ExactSum(a.High, b.High);
-    const TwoVec t = ExactSum(a.Low, b.Low);
-    const TwoVec u = QuickSum(s.High, s.Low + t.High);
-    return QuickSum(u.High, u.Low + t.Low);
+    return QuickSum(s.High, s.Low + (a.Low + b.Low));
 }
 inline TwoVec operator-(TwoVec a, TwoVec b) {
     return a + -b;
@@ -46,29 +46,34 @@ inline TwoVec operator*(TwoVec a, TwoVec b) {
     return QuickSum(p, RestOfProduct(a.High, b.High, p) + (a.High * b.Low + a.Low * b.High));
 }
 inline TwoVec operator/(TwoVec a, TwoVec b) {
-    const Vec first = a.High / b.High;
-    const TwoVec rest = a - b * TwoVec{first, All(0.0)};
-    const Vec second = rest.High / b.High;
-    const TwoVec last = rest - b * TwoVec{second, All(0.0)};
-    return QuickSum(first, second) + TwoVec{last.High / b.High, All(0.0)};
+    const Vec inverse = 1.0 / b.High;
+    const Vec first = a.High * inverse;
+    const Vec p = first * b.High;
+    const Vec rest = (((a.High - p) - RestOfProduct(first, b.High, p)) + a.Low) - first * b.Low;
+    return QuickSum(first, rest * inverse);
 }
 inline TwoVec operator+(TwoVec a, double b) {
-    return a + Exactly(b);
+    const TwoVec s = ExactSum(a.High, All(b));
+    return QuickSum(s.High, s.Low + a.Low);
 }
 inline TwoVec operator+(double a, TwoVec b) {
-    return Exactly(a) + b;
+    return b + a;
 }
 inline TwoVec operator-(TwoVec a, double b) {
-    return a + Exactly(-b);
+    return a + -b;
 }
 inline TwoVec operator-(double a, TwoVec b) {
-    return Exactly(a) - b;
+    return -b + a;
 }
 inline TwoVec operator*(TwoVec a, double b) {
-    return a * Exactly(b);
+    const Vec p = a.High * b;
+    return QuickSum(p, RestOfProduct(a.High, All(b), p) + a.Low * b);
 }
 inline TwoVec operator*(double a, TwoVec b) {
-    return Exactly(a) * b;
+    return b * a;
+}
+inline TwoVec operator/(TwoVec a, double b) {
+    return a / Exactly(b);
 }
 inline TwoVec operator/(double a, TwoVec b) {
     return Exactly(a) / b;

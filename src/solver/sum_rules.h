@@ -30,6 +30,9 @@ inline constexpr double KernelSafety = 2;          // of a sampled difference
 
 /// What a rule is off when its half is off by `half`.
 inline double RuleError(double half, double scale) {
+    if (half == 0) {
+        return 0;  // no share of nothing
+    }
     const double share = half / scale;
     return half * std::min(RuleSafety * share / std::sqrt(std::sqrt(std::min(share, 1.0))), 1 + share);
 }
@@ -37,6 +40,13 @@ inline double RuleError(double half, double scale) {
 /// Size of J1(x) without its oscillation.
 inline double Envelope(double x) {
     return std::min(0.5 * x, 0.8 / std::sqrt(x));
+}
+
+/// Share of a kernel that is rounding, from the sizes of a plain one, of one in two parts and of their difference.
+/// Where one of both has left the layer out as not reached (engine_kernels.inl), they tell nothing: so little is there
+/// that it must not be taken for the rounding of neighbours that are a million times as large.
+inline double RoundingShare(double off, double precise, double plain) {
+    return off > 0 && precise > 0 && plain > 0 ? off / std::max(precise, off) : 0;
 }
 
 /// Arguments xi r whose rounding is not known: those of the nodes below C (wavenumbers.h).

@@ -199,7 +199,7 @@ PointResult ComposeResult(const PointSums& sums, double m2, double nu, bool surf
         constexpr double PlaceRounding = 2.2e-16;
         return bound > 0
                    ? Least + PlaceRounding * sharpness + bound / std::max(allowance, std::numeric_limits<double>::min())
-                   : 0;
+                   : (bound == 0 ? 0 : std::numeric_limits<double>::infinity());  // no number is no bound
     };
     result.Estimates = {
         share(displacementError, largest(U, W) + Floor * scale.Pressure * scale.Radius / modulus),
