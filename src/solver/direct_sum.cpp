@@ -280,7 +280,7 @@ void DirectSum::SpreadDoubts(int segments) {
             double worst = told[at];
             worst = s > 0 ? std::max(worst, told[at - width]) : worst;
             worst = s + 1 < segments ? std::max(worst, told[at + width]) : worst;
-            spread[at] = KernelSafety * worst;
+            spread[at] = PairKernelSafety * worst;
         }
     }
 }

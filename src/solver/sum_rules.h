@@ -26,7 +26,8 @@ inline constexpr int ExtraNodes = 64;         // block beyond the expected end
 inline constexpr int MostRefinements = 2;
 inline constexpr double LeastRounding = 2e-16;     // share of a kernel that a sample is not believed below
 inline constexpr double ContrastRounding = 6e-18;  // more of it for the ratio of the moduli
-inline constexpr double KernelSafety = 2;          // of a sampled difference
+inline constexpr double KernelSafety = 1;      // of a sampled difference: within a segment errors are added unsigned
+inline constexpr double PairKernelSafety = 2;  // and of one that stands for a whole layer's depths
 
 /// What a rule is off when its half is off by `half`.
 inline double RuleError(double half, double scale) {
