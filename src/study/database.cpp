@@ -9,13 +9,14 @@
 
 namespace zirvo::study {
 
-Database::Database(const std::string& path, Mode mode) : path_(path) {
+Database::Database(const std::string& path, Mode mode, const std::string& told)
+    : path_(path), told_(told.empty() ? path : told) {
     const int access = mode == Mode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
     const int flags = access | SQLITE_OPEN_NOMUTEX;  // each is used by one thread
     if (sqlite3_open_v2(path.c_str(), &handle_, flags, nullptr) != SQLITE_OK) {
         const std::string reason = handle_ != nullptr ? sqlite3_errmsg(handle_) : "there is not enough memory";
         sqlite3_close(handle_);
-        throw FileError{path, 0, "cannot be opened: " + reason};
+        throw FileError{told_, 0, "cannot be opened: " + reason};
     }
 }
 
@@ -37,16 +38,16 @@ void Database::Fail() const {
         case SQLITE_FULL:
         case SQLITE_IOERR:
             throw FileError{
-                path_, 0,
+                told_, 0,
                 "cannot be written: " + reason + "; what was done is kept: make room and start the study again"};
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
-            throw FileError{path_, 0, "another run of this study works on it"};
+            throw FileError{told_, 0, "another run of this study works on it"};
         case SQLITE_NOTADB:
         case SQLITE_CORRUPT:
-            throw FileError{path_, 0, "is no results file: " + reason + "; move it away or choose --output"};
+            throw FileError{told_, 0, "is no results file: " + reason + "; move it away or choose --output"};
         default:
-            throw FileError{path_, 0, reason};
+            throw FileError{told_, 0, reason};
     }
 }
 

@@ -19,7 +19,8 @@ class Database {
 public:
     enum class Mode { ReadOnly, ReadWrite };
 
-    Database(const std::string& path, Mode mode);
+    /// @param told  the file's name in messages, where it is another one than the user knows
+    Database(const std::string& path, Mode mode, const std::string& told = "");
     ~Database();
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
@@ -34,6 +35,7 @@ public:
 
 private:
     std::string path_;
+    std::string told_;
     sqlite3* handle_ = nullptr;
 };
 

@@ -46,7 +46,7 @@ ResultsDatabase::ResultsDatabase(const Study& study, const std::string& target, 
     : file_(target), numbers_(NumbersOfRow(study)) {
     {
         const NotInterrupted untilItIsThere;
-        database_.emplace(file_.Path(), Database::Mode::ReadWrite);
+        database_.emplace(file_.Path(), Database::Mode::ReadWrite, target);
     }
     // One transaction, so that the file's own counters are the same too; nothing to go back to is needed.
     database_->Execute("PRAGMA journal_mode=OFF; BEGIN");

@@ -24,7 +24,7 @@ namespace {
 
 using Clock = RowWorkers::Clock;
 
-constexpr std::size_t MostUncommitted = 1U << 23U;           // bytes
+constexpr std::size_t MostUncommitted = 1U << 23U;  // bytes
 constexpr auto FirstCommit = std::chrono::milliseconds(100);
 constexpr auto BetweenCommits = std::chrono::milliseconds(250);
 constexpr auto BetweenTells = std::chrono::milliseconds(250);
@@ -131,14 +131,16 @@ private:
                 progress_.Done += block.Range.Count();
             }
             const Clock::time_point now = Clock::now();
+            progress_.RowsPerSecond = static_cast<double>(progress_.Done - earlier) / SecondsOf(now - start);
+            progress_.SecondsLeft =
+                static_cast<double>(progress_.Rows - progress_.Done) / std::max(progress_.RowsPerSecond, 1e-9);
             if (now >= commit || memory_.Waiting() > MostUncommitted) {
-                memory_.Commit();
+                if (progress_.SecondsLeft > SecondsOf(FirstCommit)) {  // else the results are there as soon
+                    memory_.Commit();
+                }
                 commit = Clock::now() + BetweenCommits;
             }
             if (now >= tell) {
-                progress_.RowsPerSecond = static_cast<double>(progress_.Done - earlier) / SecondsOf(now - start);
-                progress_.SecondsLeft =
-                    static_cast<double>(progress_.Rows - progress_.Done) / std::max(progress_.RowsPerSecond, 1e-9);
                 Tell();
                 tell = now + BetweenTells;
             }

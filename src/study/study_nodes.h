@@ -54,7 +54,7 @@ protected:
         try {
             return toml::parse(bytes);
         } catch (const toml::parse_error& failure) {
-            Fail(failure.source().begin.line, std::string(failure.description()));
+            Fail(failure.source().begin.line, std::string(failure.description()) + " (texts stand in quotes)");
         }
     }
 
