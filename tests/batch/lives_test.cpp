@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "batch/film.h"
 #include "batch/work_folder.h"
 
 namespace zirvo::test {
@@ -103,12 +104,6 @@ TEST(Lives, APointInCompressionIsStoodForEver) {
     const Outcome outcome = folder.Batch({"lives", "road.eva", "--units", "3", "--life", "ai-fatigue:1"});
     EXPECT_EQ(Row(outcome.Out, 1)[9], "inf");
 }
-
-// A film of 0.1 mm at the edge of a load of 1 km, which asks for more wavenumbers than there is time for; the second
-// point, at its middle, lies 0.05 mm below the film.
-constexpr const char* Film =
-    "h\nf.bre\nf.san\n\nh\n2 1 2\n\nh\nh\n5000 0.35 0.01 0\n50 0.4\n\nh\nh\n490000 100000 0 0 0 0\n\nh\nh\n"
-    "2 99999.99 0 0.01\n1 0 0 0.015\n";
 
 TEST(Lives, OfStrainsThatNobodyKnowsAreToldSo) {
     const WorkFolder folder;

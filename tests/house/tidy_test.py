@@ -183,6 +183,16 @@ def check_memory(root):
     expect("units with other flags", units_looked_at(root), "1")
 
 
+def check_clash(root):
+    """Two files with a name in common do not stand together; what is wrong in one of them is found all the same."""
+    for name in ("first", "middle", "third"):
+        body = "static int Twice() {\n    return 2;\n}\nint %s(int one) {\n    return Twice();\n}\n" % name
+        (root / "src/house" / f"{name}.cpp").write_text(body.replace("int one", "") if name == "third" else body,
+                                                        encoding="utf-8")
+    expect("findings of files with a name in common", findings(run(["scripts/tidy"], root).stdout, root),
+           {(f"src/house/{name}.cpp", 4, "misc-unused-parameters") for name in ("first", "middle")})
+
+
 def main():
     if shutil.which("clang-tidy") is None and not os.environ.get("ZIRVO_CI"):
         print("No clang-tidy: not tried")
@@ -192,6 +202,7 @@ def main():
         make_tree(root)
         found = check_findings(root)
         check_memory(root)
+        check_clash(root)
     print(f"{found} findings, those of the files alone")
     return 0
 
