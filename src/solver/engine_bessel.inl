@@ -150,6 +150,22 @@ inline void AsymptoticBessel(const BesselTable& table, Vec x, Vec rest, Vec out[
     out[3] = 4.0 * inverse * out[2] - out[1];
 }
 
+constexpr double TinyArgument = 0.125;
+
+/// J0..J3 of arguments up to TinyArgument: Taylor's series round 0.
+inline void TinyBessel(const BesselTable& table, Vec x, Vec out[4]) {
+    const Vec y = x * x;
+    const double(*c)[4] = table.Taylor[0];
+    for (int n = 0; n < 4; ++n) {
+        const int first = n % 2;
+        Vec sum = All(c[first + 8][n]);
+        for (int k = first + 6; k >= first; k -= 2) {
+            sum = sum * y + c[k][n];
+        }
+        out[n] = first == 1 ? sum * x : sum;
+    }
+}
+
 /// One node for one tile, all arguments at most Limit; `lanes` of the radii differ, the others are like the last.
 inline void SmallBessel(const BesselTable& table, double xi, double xiLow, const double* r, int lanes,
                         double* const out[4]) {
@@ -188,25 +204,43 @@ inline void LargeBessel(const BesselTable& table, double xi, double xiLow, const
 
 /// The same with arguments on both sides of Limit.
 inline void MixedBessel(const BesselTable& table, double xi, double xiLow, const double* r, double* const out[4]) {
-    double inside[TileWidth];
-    bool any[TileWidth / 4] = {};
-    alignas(64) double small[4][TileWidth];
-    for (int i = 0; i < TileWidth; ++i) {
-        const bool is = xi * r[i] <= BesselTable::Limit;
-        inside[i] = is ? r[i] : 0;
-        any[i / 4] = any[i / 4] || is;
+    alignas(64) double inside[TileWidth];
+    alignas(64) double small[4][TileWidth] = {};
+    for (int i = 0; i < TileWidth; i += ZIRVO_LANES) {
+        const Vec radius = Load(r + i);
+        Store(inside + i, Choose(All(BesselTable::Limit) < radius * xi, All(0), radius));
     }
-    double* const rows[4] = {small[0], small[1], small[2], small[3]};
     for (int i = 0; i < TileWidth; i += 4) {
-        if (any[i / 4]) {
-            double* const half[4] = {rows[0] + i, rows[1] + i, rows[2] + i, rows[3] + i};
+        if (xi * r[i] <= BesselTable::Limit || xi * r[i + 1] <= BesselTable::Limit ||
+            xi * r[i + 2] <= BesselTable::Limit || xi * r[i + 3] <= BesselTable::Limit) {
+            double* const half[4] = {small[0] + i, small[1] + i, small[2] + i, small[3] + i};
             SmallOfFour(table, xi, xiLow, inside + i, half);
         }
     }
-    LargeBessel(table, xi, xiLow, r, out);
-    for (int n = 0; n < 4; ++n) {
-        for (int i = 0; i < TileWidth && out[n] != nullptr; ++i) {
-            out[n][i] = xi * r[i] <= BesselTable::Limit ? small[n][i] : out[n][i];
+    for (int i = 0; i < TileWidth; i += ZIRVO_LANES) {
+        const Vec radius = Load(r + i);
+        const Vec x = radius * xi;
+        const Vec rest = RestOfProduct(radius, All(xi), x) + radius * xiLow;
+        const Bits beyond = All(BesselTable::Limit) < x;
+        Vec j[4];
+        AsymptoticBessel(table, Choose(beyond, x, All(BesselTable::Limit)), rest, j);
+        for (int n = 0; n < 4; ++n) {
+            if (out[n] != nullptr) {
+                Store(out[n] + i, Choose(beyond, j[n], Load(small[n] + i)));
+            }
+        }
+    }
+}
+
+/// The same, all arguments at most TinyArgument.
+inline void TinyOfTile(const BesselTable& table, double xi, const double* r, double* const out[4]) {
+    for (int i = 0; i < TileWidth; i += ZIRVO_LANES) {
+        Vec j[4];
+        TinyBessel(table, Load(r + i) * xi, j);
+        for (int n = 0; n < 4; ++n) {
+            if (out[n] != nullptr) {
+                Store(out[n] + i, j[n]);
+            }
         }
     }
 }
@@ -228,7 +262,9 @@ void Bessel(const BesselTable& table, const double* xi, const double* xiLow, int
             const int place = (tile * NodeBlock + node) * TileWidth;
             double* const to[4] = {out[0] ? out[0] + place : nullptr, out[1] ? out[1] + place : nullptr,
                                    out[2] ? out[2] + place : nullptr, out[3] ? out[3] + place : nullptr};
-            if (xi[node] * largest <= BesselTable::Limit) {
+            if (xi[node] * largest <= TinyArgument) {
+                TinyOfTile(table, xi[node], r, to);
+            } else if (xi[node] * largest <= BesselTable::Limit) {
                 SmallBessel(table, xi[node], xiLow[node], r, lanes, to);
             } else if (xi[node] * smallest > BesselTable::Limit) {
                 LargeBessel(table, xi[node], xiLow[node], r, to);

@@ -81,22 +81,6 @@ void DepthFunctions(const KernelDepth& depth, bool lastLayer, const double* xi, 
     }
 }
 
-constexpr double TinyArgument = 0.125;
-
-/// J0..J3 of arguments up to TinyArgument: Taylor's series round 0.
-inline void TinyBessel(const BesselTable& table, Vec x, Vec out[4]) {
-    const Vec y = x * x;
-    const double(*c)[4] = table.Taylor[0];
-    for (int n = 0; n < 4; ++n) {
-        const int first = n % 2;
-        Vec sum = All(c[first + 8][n]);
-        for (int k = first + 6; k >= first; k -= 2) {
-            sum = sum * y + c[k][n];
-        }
-        out[n] = first == 1 ? sum * x : sum;
-    }
-}
-
 /// J0..J3 at (xi + xiLow) r of eight ascending nodes.
 inline void BesselOfEight(const BesselTable& table, const double* xi, const double* xiLow, double r, double out[4][8]) {
     double* const halves[2][4] = {{out[0], out[1], out[2], out[3]}, {out[0] + 4, out[1] + 4, out[2] + 4, out[3] + 4}};
