@@ -33,6 +33,9 @@ void WheelStudy(benchmark::State& state) {
 void Gear(benchmark::State& state) {
     Run(state, zirvo::bench::GearWork(), 1);
 }
+void GearOnThreads(benchmark::State& state) {
+    Run(state, zirvo::bench::GearWork(), static_cast<int>(state.range(0)));
+}
 void Limit(benchmark::State& state) {
     Run(state, zirvo::bench::LimitWork(), static_cast<int>(state.range(0)));
 }
@@ -63,6 +66,7 @@ BENCHMARK(DualWheels)->Unit(benchmark::kMillisecond);
 BENCHMARK(SmallStudy)->Unit(benchmark::kMicrosecond);
 BENCHMARK(WheelStudy)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Gear)->Unit(benchmark::kMillisecond);
+BENCHMARK(GearOnThreads)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(Limit)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(HarshLimit)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
 BENCHMARK(Scattered)->Unit(benchmark::kMillisecond);

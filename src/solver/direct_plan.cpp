@@ -19,6 +19,7 @@ constexpr std::size_t MostPoints = 1000;     // of a direct chunk: several for e
 constexpr std::size_t MostPrecise = 2000;    // where kernels in two parts are dear
 constexpr double MostNumbers = 1e7;          // of a table: 80 MB for each thread
 constexpr double BandRatio = 1.7;            // of the effective depths in one direct chunk
+constexpr double ClearlyLess = 0.4;          // of costs this rough
 constexpr double Nodes = 220;                // of a sum, roughly
 constexpr double TableNodes = 1.5 * Nodes;   // of one of a table, whose radii crowd where sums are long
 
@@ -165,7 +166,7 @@ std::vector<DepthChunk> WithDirectChunks(const Work& work, std::vector<DepthChun
         const double parts = std::ceil(static_cast<double>(points) / static_cast<double>(most));
         const double pairs = perPair * loads.Count * static_cast<double>(points) +
                              parts * perGroup * static_cast<double>(work.Groups.size());
-        if (pairs < table) {
+        if (pairs < ClearlyLess * table) {
             AddDirect(band, work.Layers.Thickness[0], most, direct);
         } else {
             for (const Candidate& candidate : band) {
