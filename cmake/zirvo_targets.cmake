@@ -94,10 +94,14 @@ function(zirvo_test name)
   else()
     target_precompile_headers(${name} REUSE_FROM zirvo_precompiled)
   endif()
+  set(drive)
+  if(CMAKE_CROSSCOMPILING)
+    set(drive Z:)  # as wine calls this machine's root
+  endif()
   target_compile_definitions(${name} PRIVATE
-    ZIRVO_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
-    ZIRVO_SAMPLES="${CMAKE_SOURCE_DIR}/samples"
-    ZIRVO_BIN="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+    ZIRVO_TEST_DATA="${drive}${CMAKE_SOURCE_DIR}/tests/data"
+    ZIRVO_SAMPLES="${drive}${CMAKE_SOURCE_DIR}/samples"
+    ZIRVO_BIN="${drive}${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
   if(CMAKE_CROSSCOMPILING)
     zirvo_add_windows_tests(${name})

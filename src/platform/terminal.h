@@ -1,4 +1,4 @@
-// The command line and the terminal of a program without windows. Caller: zirvo-batch.
+// The command line and the terminal of a program without windows. Callers: zirvo-batch, the solver programs.
 #pragma once
 #include <string>
 #include <vector>

@@ -28,8 +28,10 @@ protected:
     /// A program that wrote this and ended without a word, as a killed one does.
     void Crashed(const std::string& mark, int age = 0) {
         const std::set<fs::path> before = AllFiles();
-        KeptFolder program(Folder);
-        ASSERT_TRUE(program.Write(SomeScreen(mark)));
+        {
+            KeptFolder program(Folder);
+            ASSERT_TRUE(program.Write(SomeScreen(mark)));
+        }
         for (const fs::path& file : AllFiles()) {
             if (!before.contains(file)) {
                 fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::hours(age));

@@ -61,13 +61,15 @@ TEST_F(KeptStores, TheSameDataAreNotWrittenAgain) {
     KeptStore store(Folder);
     store.Keep(Snapshot("1"), nullptr);
     store.Wait();
-    std::filesystem::remove_all(Folder);
+    for (const auto& program : std::filesystem::directory_iterator(Folder)) {
+        EXPECT_TRUE(std::filesystem::remove(program.path() / "Form3.json"));  // the locked file beside it has to stay
+    }
     store.Keep(Snapshot("1"), nullptr);
     store.Wait();
-    EXPECT_FALSE(Home.Has("kept"));
+    EXPECT_EQ(Files(), 0U);
     store.Keep(Snapshot("2"), nullptr);
     store.Wait();
-    EXPECT_TRUE(Home.Has("kept"));
+    EXPECT_EQ(Files(), 1U);
 }
 
 TEST_F(KeptStores, TheSameDataAfterOthersAreWrittenAgain) {

@@ -1,6 +1,5 @@
 // Analysis input files that are no such files, are cut off, or cannot be read.
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,6 +10,7 @@
 #include "pavement/read_bytes.h"
 #include "pavement/support.h"
 #include "platform/in_child.h"
+#include "platform/peak_memory.h"
 #include "text/catalogue.h"
 
 namespace zirvo {
@@ -54,12 +54,6 @@ public:
 protected:
     int_type underflow() override { throw std::runtime_error("the device is gone"); }
 };
-
-long MemoryPeak() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;  // kB
-}
 
 TEST(BrokenInput, AFileCutAtAnyByteReadsOrFails) {
     const std::string whole = ExampleFile();
@@ -135,7 +129,7 @@ TEST(BrokenInput, NothingAtAllFailsTheRead) {
 }
 
 TEST(BrokenInput, LargeCountsTakeNoMemoryBeforeTheyAreJudged) {
-    const long before = MemoryPeak();
+    const long before = test::PeakMemory();
     for (const char* count : {"32767", "40000", "3000000000", "99999999999999999999"}) {
         for (int place = 0; place < 3; ++place) {
             std::string counts;
@@ -146,25 +140,25 @@ TEST(BrokenInput, LargeCountsTakeNoMemoryBeforeTheyAreJudged) {
                       Error::ReadFailed);
         }
     }
-    EXPECT_LT(MemoryPeak() - before, 64L * 1024);
+    EXPECT_LT(test::PeakMemory() - before, 64L * 1024);
 }
 
 TEST(BrokenInput, AFloodOfBlanksDoesNotEatTheMemory) {
-    const long before = MemoryPeak();
+    const long before = test::PeakMemory();
     EndlessBuffer blanks(' ', std::size_t{256} << 20);
     std::istream stream(&blanks);
     EXPECT_EQ(ReadAnalysisInput(stream).Failure().Error, Error::ReadFailed);
-    EXPECT_LT(MemoryPeak() - before, 64L * 1024);
+    EXPECT_LT(test::PeakMemory() - before, 64L * 1024);
 }
 
 TEST(BrokenInput, AFloodOfLettersDoesNotEatTheMemory) {
-    const long before = MemoryPeak();
+    const long before = test::PeakMemory();
     EndlessBuffer letters('x', std::size_t{256} << 20);
     std::istream stream(&letters);
     const AnalysisInputResult result = ReadAnalysisInput(stream);
     EXPECT_EQ(result.Failure().Error, Error::ReadFailed);
     EXPECT_EQ(FindingText(result.Failure().First), "file: is longer than any field may be");
-    EXPECT_LT(MemoryPeak() - before, 64L * 1024);
+    EXPECT_LT(test::PeakMemory() - before, 64L * 1024);
 }
 
 TEST(BrokenInput, AStreamThatBreaksOffFailsTheReadAndIsNoShorterFile) {

@@ -23,21 +23,21 @@ WorkFolder::~WorkFolder() {
 std::vector<std::string> WorkFolder::Names() const {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(Path())) {
-        names.push_back(entry.path().filename().string());
+        names.push_back(NameOf(entry.path().filename()));
     }
     std::sort(names.begin(), names.end());
     return names;
 }
 
 void PutFile(const std::string& path, std::string_view bytes) {
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    std::ofstream file(Utf8Path(path), std::ios::binary | std::ios::trunc);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     file.close();
     ASSERT_TRUE(file.good()) << path;
 }
 
 std::string GetFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(Utf8Path(path), std::ios::binary);
     EXPECT_TRUE(file.is_open()) << path;
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/utf8_path.h"
+
 namespace zirvo {
 
 /// Made empty, and removed with all that is in it. Other users may enter and write, so that rights of files can be
@@ -32,14 +34,14 @@ public:
 
     /// Writes a file with these bytes, by other means than those under test; gives its path.
     std::string Put(const std::string& name, std::string_view bytes) const {
-        std::ofstream file(Utf8Path(name), std::ios::binary);
+        std::ofstream file(test::Utf8Path(Path(name)), std::ios::binary);
         file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         return Path(name);
     }
 
     /// The bytes of a file; "<missing>" where there is none.
     std::string Get(const std::string& name) const {
-        std::ifstream file(Utf8Path(name), std::ios::binary);
+        std::ifstream file(test::Utf8Path(Path(name)), std::ios::binary);
         if (!file) {
             return "<missing>";
         }
@@ -47,7 +49,7 @@ public:
     }
 
     bool Has(const std::string& name) const {
-        return std::filesystem::exists(std::filesystem::symlink_status(Utf8Path(name)));
+        return std::filesystem::exists(std::filesystem::symlink_status(test::Utf8Path(Path(name))));
     }
 
     /// Number of entries, hidden ones included.
@@ -60,12 +62,6 @@ public:
     }
 
 private:
-    /// Windows would take a plain string for text in the machine's own code page.
-    std::filesystem::path Utf8Path(const std::string& name) const {
-        const std::string path = Path(name);
-        return {std::u8string(path.begin(), path.end())};
-    }
-
     std::string path_;
 };
 

@@ -10,10 +10,10 @@ namespace {
 
 using namespace test;
 
-const std::string AnalysisCommand = std::string("'") + ZIRVO_BIN + "/ZIRVO_SV12.EXE'";
+const std::string AnalysisCommand = ProgramWord("ZIRVO_SV12.EXE");
 
 int ExitCodeOnNullDevice() {
-    return ExitCodeOf(AnalysisCommand + " </dev/null >/dev/null 2>/dev/null");
+    return ExitCodeOf(AnalysisCommand + OnNullDevice);
 }
 
 void PrepareAnalysis(const std::string& input) {

@@ -11,7 +11,7 @@ namespace {
 
 using namespace test;
 
-const std::string SectionCommand = std::string("'") + ZIRVO_BIN + "/ZIRVO_SV22.exe'";
+const std::string SectionCommand = ProgramWord("ZIRVO_SV22.exe");
 
 void PrepareSection(const std::string& point) {
     WriteBytes("Initial_File", Lines({"LANGUAGE PREFERENCE", " 2 ", "", "INPUT/OUTPUT UNITS OF MEASUREMENT", " 3 ", "",
@@ -27,7 +27,7 @@ void PrepareSection(const std::string& point) {
 
 TEST(SectionProgram, WithoutAControlFileTheCodeIsTwo) {
     const OwnFolder folder;
-    EXPECT_EQ(ExitCodeOf(SectionCommand + " </dev/null >/dev/null 2>/dev/null"), 2);
+    EXPECT_EQ(ExitCodeOf(SectionCommand + OnNullDevice), 2);
     EXPECT_TRUE(std::filesystem::is_empty("."));
 }
 
@@ -37,7 +37,7 @@ TEST(SectionProgram, WithoutAControlFileTheCodeIsTwo) {
 TEST(SectionProgram, AHalfSpaceHasTheHandComputedValues) {
     const OwnFolder folder;
     PrepareSection("    1               0            0            0");
-    EXPECT_EQ(ExitCodeOf(SectionCommand + " </dev/null >/dev/null 2>/dev/null"), 0);
+    EXPECT_EQ(ExitCodeOf(SectionCommand + OnNullDevice), 0);
     // Title, empty, units, empty, heading, one layer, and four more.
     std::istringstream row(SplitLines(ReadBytes("ZIRVO_SV.BRE")).at(10));
     std::vector<double> numbers;

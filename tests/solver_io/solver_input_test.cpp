@@ -2,17 +2,18 @@
 #include "solver/io/solver_input.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <sstream>
 #include <streambuf>
 
+#include "platform/peak_memory.h"
 #include "solver_io/support.h"
 
 namespace zirvo::solver {
 namespace {
 
 using namespace test;
+using zirvo::test::PeakMemory;
 
 TEST(ReadSolverInput, TheExampleIsReadAsItWasTyped) {
     const SolverInput input = Accepted(Example());
@@ -192,13 +193,6 @@ private:
 };
 
 constexpr std::size_t ManyBlanks = std::size_t{64} << 20;
-
-/// The most memory that this process has held so far [kB].
-long PeakMemory() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
-}
 
 TEST(ReadSolverInput, SixtyFourMegabytesOfBlanksInARowOrAHeadingTakeNoMemory) {
     // Before a number of a layer, in a heading, before the first number of a row.

@@ -1,12 +1,17 @@
 #include "solver_io/support.h"
 
-#include <sys/wait.h>
-
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <sstream>
 #include <stdexcept>
+
+#include "platform/utf8_path.h"
+
+#ifndef _WIN32
+#include <sys/wait.h>
+#endif
 
 namespace zirvo::solver::test {
 
@@ -113,41 +118,51 @@ ReportData HandMadeData(Language language, UnitSystem units) {
 }
 
 OwnFolder::OwnFolder() : before_(std::filesystem::current_path()) {
-    std::string pattern = (std::filesystem::temp_directory_path() / "zirvo_solver_io_XXXXXX").string();
-    path_ = mkdtemp(pattern.data());
-    std::filesystem::permissions(path_, std::filesystem::perms::all);
-    std::filesystem::current_path(path_);
+    std::filesystem::current_path(Path());
 }
 
 OwnFolder::~OwnFolder() {
     std::filesystem::current_path(before_);
     std::error_code ignored;
-    std::filesystem::permissions(path_, std::filesystem::perms::all, ignored);
-    std::filesystem::remove_all(path_, ignored);
+    std::filesystem::permissions(Path(), std::filesystem::perms::all, ignored);
 }
 
-void WriteBytes(const std::filesystem::path& path, std::string_view bytes) {
-    std::ofstream file(path, std::ios::binary);
+void WriteBytes(const std::string& path, std::string_view bytes) {
+    std::ofstream file(zirvo::test::Utf8Path(path), std::ios::binary);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
-std::string ReadBytes(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
+std::string ReadBytes(const std::string& path) {
+    std::ifstream file(zirvo::test::Utf8Path(path), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 void ExpectGolden(const std::string& name, const std::string& bytes) {
-    const std::filesystem::path golden = std::filesystem::path(ZIRVO_TEST_DATA) / "reports" / name;
+    const std::string golden = ZIRVO_TEST_DATA "/reports/" + name;
     const bool same = ReadBytes(golden) == bytes;
     EXPECT_TRUE(same) << golden << " differs: read the .new beside it";
     if (!same) {
-        WriteBytes(golden.string() + ".new", bytes);
+        WriteBytes(golden + ".new", bytes);
     }
+}
+
+std::string ProgramWord(const std::string& name) {
+    std::string path = std::string(ZIRVO_BIN) + "/" + name;
+#ifdef _WIN32
+    std::replace(path.begin(), path.end(), '/', '\\');
+    return path;
+#else
+    return "'" + path + "'";
+#endif
 }
 
 int ExitCodeOf(const std::string& command) {
     const int status = std::system(command.c_str());
+#ifdef _WIN32
+    return status;
+#else
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+#endif
 }
 
 }  // namespace zirvo::solver::test

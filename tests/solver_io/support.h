@@ -10,6 +10,7 @@
 #include <variant>
 #include <vector>
 
+#include "platform/temporary_folder.h"
 #include "solver/io/reports.h"
 #include "solver/io/solver_input.h"
 
@@ -44,27 +45,35 @@ std::string RefusedInEnglish(const std::string& text);
 ReportData HandMadeData(Language language, UnitSystem units);
 
 /// A new folder that is the current one while the object lives, and is removed with all in it.
-class OwnFolder {
+class OwnFolder : private TemporaryFolder {
 public:
     OwnFolder();
     ~OwnFolder();
     OwnFolder(const OwnFolder&) = delete;
     OwnFolder& operator=(const OwnFolder&) = delete;
 
-    const std::filesystem::path& Path() const { return path_; }
+    using TemporaryFolder::Path;
 
 private:
-    std::filesystem::path path_;
     std::filesystem::path before_;
 };
 
-void WriteBytes(const std::filesystem::path& path, std::string_view bytes);
-std::string ReadBytes(const std::filesystem::path& path);
+void WriteBytes(const std::string& path, std::string_view bytes);
+std::string ReadBytes(const std::string& path);
 
 /// Compares with tests/data/reports/NAME; a difference is written beside it as NAME.new.
 void ExpectGolden(const std::string& name, const std::string& bytes);
 
-/// The exit code of a line of the shell; -1 if a signal ended it.
+/// The word by which the system's interpreter of commands starts a program of the build.
+std::string ProgramWord(const std::string& name);
+
+#ifdef _WIN32
+inline const std::string OnNullDevice = " <NUL >NUL 2>NUL";
+#else
+inline const std::string OnNullDevice = " </dev/null >/dev/null 2>/dev/null";
+#endif
+
+/// The exit code of a line for the system's interpreter of commands; -1 if a signal ended it.
 int ExitCodeOf(const std::string& command);
 
 inline constexpr std::array Languages{Language::Japanese, Language::English};

@@ -6,6 +6,7 @@
 #include "missing_call.h"
 
 using id_t = unsigned;
+using uid_t = unsigned;
 inline pid_t fork() {
     zirvo::test::MissingCall("fork");
 }
@@ -17,6 +18,9 @@ inline int setgid(id_t) {
 }
 inline int setuid(id_t) {
     zirvo::test::MissingCall("setuid");
+}
+inline int seteuid(uid_t) {
+    zirvo::test::MissingCall("seteuid");
 }
 inline int symlink(const char*, const char*) {
     zirvo::test::MissingCall("symlink");

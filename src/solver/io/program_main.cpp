@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/interruption.h"
+#include "platform/terminal.h"
 #include "text/version_stamp.h"
 
 namespace zirvo::solver {
@@ -25,6 +26,7 @@ int Answer(const std::string& text) {
 }  // namespace
 
 int ProgramMain(int argumentCount, char** arguments, const ProgramTexts& texts, const std::function<ExitCode()>& run) {
+    const PlainStreams streams;
     if (argumentCount <= 1) {
         EndCleanlyWhenInterrupted();
         return static_cast<int>(run());

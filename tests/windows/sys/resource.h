@@ -11,6 +11,9 @@ struct rlimit {
 };
 inline constexpr int RLIMIT_FSIZE = 1;
 inline constexpr int SIGXFSZ = 25;
+inline int getrlimit(int, rlimit*) {
+    zirvo::test::MissingCall("getrlimit");
+}
 inline int setrlimit(int, const rlimit*) {
     zirvo::test::MissingCall("setrlimit");
 }
