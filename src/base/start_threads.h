@@ -1,5 +1,4 @@
 // Threads that all do the same work. Callers: the rows of a study, many pavements from Python.
-// solution.
 #pragma once
 #include <cstddef>
 #include <thread>
