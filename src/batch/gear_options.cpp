@@ -86,6 +86,9 @@ std::string GearOptions::Contradiction() const {
     if (into_.empty() != output_.empty()) {
         return "--into and --output go together";
     }
+    if (into_.empty() && language_ == "ja") {
+        return "--language: only a file (--into) has headings";
+    }
     if (!into_.empty() && HasExtension(into_, ".ven") != HasExtension(output_, ".ven")) {
         return "--output: " + output_ + " is of another kind than " + into_;
     }

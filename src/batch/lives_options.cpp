@@ -103,6 +103,9 @@ std::string LivesOptions::Contradiction() const {
             return "--voids, --binder: must be above 0 and together at most 100";
         }
     }
+    if (keep_ == "pressure" && axleFile_.empty()) {
+        return "--keep: only an axle of a table (--axles) has another load";
+    }
     for (const std::string& input : {file_, axleFile_}) {
         if (!csvFile_.empty() && !input.empty() && solver::IsSameFile(csvFile_, input)) {
             return "--csv: " + input + " is the input, and would be lost";

@@ -83,6 +83,7 @@ TEST(Gear, WrongUsageIsSaidAndWritesNothing) {
         {{"gear", "ms1-80", "--units", "3", "--load", "1", "--pressure", "1", "--radius", "1"}, "two of them decide"},
         {{"gear", "ms1-80", "--units", "3", "--at", "5"}, "5 is no place"},
         {{"gear", "ms1-80", "--units", "3", "--into", "road.eva"}, "--into and --output go together"},
+        {{"gear", "ms1-80", "--units", "3", "--language", "ja"}, "--language: only a file (--into) has headings"},
         {{"gear", "ms1-80", "--units", "3", "--into", "road.eva", "-o", "other.ven"}, "of another kind"},
         {{"gear", "ms1-80", "--units", "3", "--into", "road.eva", "-o", "./road.eva"}, "would be lost"},
         {{"gear", "ms1-80", "--units", "3", "--into", "road.txt", "-o", "b.eva"}, "road.txt is neither"},
