@@ -123,7 +123,13 @@ std::string ReasonAgainstChart(const study::Study& study, const PlotRequest& plo
 
 ExitCode DrawStudyChart(const study::Study& study, const std::string& memory, const PlotRequest& plot,
                         Console& console) {
-    const ChartRows rows = RowsOf(memory, plot);
+    ChartRows rows;
+    try {
+        rows = RowsOf(memory, plot);
+    } catch (const study::FileError& error) {
+        console.Complain("", error.Text());
+        return ExitCode::BadInput;
+    }
     Chart chart;
     chart.LogX = plot.LogX;
     chart.LogY = plot.LogY;

@@ -1,4 +1,5 @@
-// Paths as text: joining and splitting. The same on every platform but for the separators.
+// Paths as text: joining and splitting, the same on every platform but for the separators. Files that are at hand as a
+// whole.
 #include "platform/files.h"
 
 namespace zirvo {
@@ -57,6 +58,12 @@ std::string FolderOf(std::string_view path) {
         folder.remove_suffix(1);
     }
     return std::string(folder);
+}
+
+void WriteWholeFile(const std::string& path, std::string_view bytes, Flush flush) {
+    WholeFile file(path);
+    file.Write(bytes);
+    file.PutInPlace(flush);
 }
 
 }  // namespace zirvo

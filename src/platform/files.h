@@ -3,6 +3,7 @@
 // found, 57 device error.
 #pragma once
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -36,6 +37,25 @@ enum class Flush { ToDisk, ToSystem };
 /// not write, or a folder, is fault 75 before anything is written. The permissions of an existing target are kept.
 /// On failure no temporary file is left behind.
 void WriteWholeFile(const std::string& path, std::string_view bytes, Flush flush = Flush::ToDisk);
+
+/// The same for what is too long to be held: written piece by piece, and never in place if PutInPlace is not called.
+class WholeFile {
+public:
+    /// @param temporary  name of the temporary file; the next one of that name takes its place, so that what killed
+    ///                   programs leave does not pile up. For a caller who keeps others away meanwhile; each write has
+    ///                   a name of its own if it is empty
+    explicit WholeFile(const std::string& path, const std::string& temporary = {});
+    ~WholeFile();
+    WholeFile(const WholeFile&) = delete;
+    WholeFile& operator=(const WholeFile&) = delete;
+
+    void Write(std::string_view bytes);
+    void PutInPlace(Flush flush);
+
+private:
+    class Work;
+    std::unique_ptr<Work> work_;
+};
 
 /// Renames a file. Fault 53 if `from` is missing, 58 if `to` exists (it is never replaced).
 void RenameFile(const std::string& from, const std::string& to);

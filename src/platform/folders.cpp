@@ -74,7 +74,9 @@ std::vector<std::string> NamesIn(const std::string& folder) {
 bool MoveOver(const std::string& from, const std::string& to) {
     return Succeeds([&] {
         std::error_code error;
-        fs::rename(PathOf(from), PathOf(to), error);
+        do {
+            fs::rename(PathOf(from), PathOf(to), error);
+        } while (error == std::errc::interrupted);
         return !error;
     });
 }
@@ -82,7 +84,9 @@ bool MoveOver(const std::string& from, const std::string& to) {
 bool RemoveIfThere(const std::string& path) {
     return Succeeds([&] {
         std::error_code error;
-        fs::remove(PathOf(path), error);
+        do {
+            fs::remove(PathOf(path), error);
+        } while (error == std::errc::interrupted);
         return !error;
     });
 }

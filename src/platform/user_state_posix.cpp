@@ -96,7 +96,7 @@ std::unique_ptr<FileLock> FileLock::OfFile(const std::string& path) {
 }
 
 /// Opened for reading, since the file may have been left by another user; not closed in a child, so that a solver whose
-/// starter is killed holds the lock until it has ended.
+/// starter is killed holds the lock until it has ended. Where the drive knows no locks the file goes again.
 std::unique_ptr<FileLock> FileLock::OfAnyFile(const std::string& path, bool& held) {
     held = false;
     for (int tries = 0; tries < MostTries; ++tries) {

@@ -17,6 +17,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
+#include <optional>
 
 #include "base/runtime_fault.h"
 #include "platform/fault_subject.h"
@@ -66,23 +67,14 @@ int WriteAll(int file, std::string_view bytes) {
 class TemporaryFile {
 public:
     /// @param target  whose name a fault shall tell, since the user knows no other
-    explicit TemporaryFile(const std::string& target) : target_(target) {
-        static std::atomic<unsigned> counter = 0;
+    /// @param name    a fixed one, or empty
+    TemporaryFile(const std::string& target, const std::string& name) : target_(target) {
         const NotInterrupted untilItIsNoted;
-        for (int attempt = 0; attempt < MostAttempts; ++attempt) {
-            path_ = JoinPath(FolderOf(target), TemporaryName(getpid(), ++counter));
-            const int number =
-                Uninterrupted([&] { return open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666); });
-            if (number >= 0) {
-                file_.Reset(number);
-                lies_ = true;
-                return;
-            }
-            if (errno != EEXIST) {
-                break;
-            }
+        file_.Reset(name.empty() ? OpenNew() : OpenFixed(name));
+        if (!file_.IsOpen()) {
+            RaiseSystemFault(errno == ENOENT ? ENOTDIR : errno, target_);
         }
-        RaiseSystemFault(errno == ENOENT ? ENOTDIR : errno, target_);
+        lies_ = true;
     }
     ~TemporaryFile() {
         const NotInterrupted untilItIsGone;
@@ -101,10 +93,13 @@ public:
         }
     }
 
-    void Write(std::string_view bytes, Flush flush) {
+    void Write(std::string_view bytes) {
         if (const int error = WriteAll(file_.Number(), bytes); error != 0) {
             RaiseSystemFault(error, target_);
         }
+    }
+
+    void PutInPlace(Flush flush) {
         if (flush == Flush::ToDisk && Uninterrupted([&] { return fsync(file_.Number()); }) != 0 && errno != EINVAL &&
             errno != ENOTSUP) {
             RaiseSystemFault(errno, target_);
@@ -112,9 +107,6 @@ public:
         if (!file_.Close()) {
             RaiseSystemFault(errno, target_);
         }
-    }
-
-    void PutInPlace() {
         const NotInterrupted untilItIsThere;
         if (Uninterrupted([&] { return rename(path_.c_str(), target_.c_str()); }) != 0) {
             RaiseSystemFault(errno == ENOENT ? ENOTDIR : errno, target_);  // the folder is gone, and the file with it
@@ -123,6 +115,29 @@ public:
     }
 
 private:
+    int Open(int flags) const {
+        return Uninterrupted([&] { return open(path_.c_str(), flags | O_WRONLY | O_CREAT | O_CLOEXEC, 0666); });
+    }
+
+    /// Under a name that nobody has.
+    int OpenNew() {
+        static std::atomic<unsigned> counter = 0;
+        int number = -1;
+        for (int attempt = 0; attempt < MostAttempts; ++attempt) {
+            path_ = JoinPath(FolderOf(target_), TemporaryName(getpid(), ++counter));
+            number = Open(O_EXCL);
+            if (number >= 0 || errno != EEXIST) {
+                break;
+            }
+        }
+        return number;
+    }
+
+    int OpenFixed(const std::string& name) {
+        path_ = JoinPath(FolderOf(target_), name);
+        return Open(O_TRUNC | O_NOFOLLOW | O_NONBLOCK);
+    }
+
     void Remove() {
         if (lies_) {
             Uninterrupted([&] { return unlink(path_.c_str()); });
@@ -138,52 +153,84 @@ private:
 };
 
 /// A device or pipe: opened without waiting, then written with waiting.
-void WriteStraight(const std::string& path, std::string_view bytes) {
-    Descriptor device(Uninterrupted([&] { return open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK); }));
-    if (!device.IsOpen()) {
+int OpenStraight(const std::string& path) {
+    const int device = Uninterrupted([&] { return open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK); });
+    if (device < 0) {
         RaiseFileFault(fault::PathAccess, path);
     }
-    fcntl(device.Number(), F_SETFL, fcntl(device.Number(), F_GETFL) & ~O_NONBLOCK);
-    if (const int error = WriteAll(device.Number(), bytes); error != 0) {
-        RaiseSystemFault(error, path);
-    }
-    if (!device.Close()) {
-        RaiseSystemFault(errno, path);
-    }
+    fcntl(device, F_SETFL, fcntl(device, F_GETFL) & ~O_NONBLOCK);
+    return device;
 }
 
 }  // namespace
 
-void WriteWholeFile(const std::string& path, std::string_view bytes, Flush flush) {
-    RequireUsablePath(path);
-    if (FileNameOf(path).empty()) {
-        RaiseFileFault(fault::PathAccess, path);
-    }
-    struct stat status {};
-    const bool exists = stat(path.c_str(), &status) == 0;
-    if (exists && S_ISDIR(status.st_mode)) {
-        RaiseFileFault(fault::PathAccess, path);
-    }
-    if (exists && !S_ISREG(status.st_mode)) {
-        WriteStraight(path, bytes);
-        return;
-    }
-    if (!exists && errno != ENOENT) {
-        RaiseSystemFault(errno, path);
-    }
-    const std::string target = FollowLinks(path);
-    if (exists) {
-        const Descriptor probe(Uninterrupted([&] { return open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK); }));
-        if (!probe.IsOpen()) {
+class WholeFile::Work {
+public:
+    Work(const std::string& path, const std::string& temporary) : path_(path) {
+        RequireUsablePath(path);
+        if (FileNameOf(path).empty()) {
             RaiseFileFault(fault::PathAccess, path);
         }
+        struct stat status {};
+        const bool exists = stat(path.c_str(), &status) == 0;
+        if (exists && S_ISDIR(status.st_mode)) {
+            RaiseFileFault(fault::PathAccess, path);
+        }
+        if (exists && !S_ISREG(status.st_mode)) {
+            device_.Reset(OpenStraight(path));
+            return;
+        }
+        if (!exists && errno != ENOENT) {
+            RaiseSystemFault(errno, path);
+        }
+        const std::string target = FollowLinks(path);
+        if (exists) {
+            RequireRightToWrite(target);
+        }
+        file_.emplace(target, temporary);
+        if (exists) {
+            file_->TakeOwnerAndPermissions(status);
+        }
     }
-    TemporaryFile file(target);
-    if (exists) {
-        file.TakeOwnerAndPermissions(status);
+
+    void Write(std::string_view bytes) {
+        if (file_) {
+            file_->Write(bytes);
+        } else if (const int error = WriteAll(device_.Number(), bytes); error != 0) {
+            RaiseSystemFault(error, path_);
+        }
     }
-    file.Write(bytes, flush);
-    file.PutInPlace();
+
+    void PutInPlace(Flush flush) {
+        if (file_) {
+            file_->PutInPlace(flush);
+        } else if (!device_.Close()) {
+            RaiseSystemFault(errno, path_);
+        }
+    }
+
+private:
+    std::string path_;
+    Descriptor device_;
+    std::optional<TemporaryFile> file_;
+
+    void RequireRightToWrite(const std::string& target) const {
+        const Descriptor probe(Uninterrupted([&] { return open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK); }));
+        if (!probe.IsOpen()) {
+            RaiseFileFault(fault::PathAccess, path_);
+        }
+    }
+};
+
+WholeFile::WholeFile(const std::string& path, const std::string& temporary)
+    : work_(std::make_unique<Work>(path, temporary)) {}
+WholeFile::~WholeFile() = default;
+
+void WholeFile::Write(std::string_view bytes) {
+    work_->Write(bytes);
+}
+void WholeFile::PutInPlace(Flush flush) {
+    work_->PutInPlace(flush);
 }
 
 }  // namespace zirvo

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -49,15 +50,17 @@ void WriteAll(HANDLE file, std::string_view bytes, const std::string& path) {
 /// A file that lies under a temporary name until it is put into place, and vanishes if it never is.
 class TemporaryFile {
 public:
-    /// @param name  of the target as the user knows it, for a fault to tell
-    TemporaryFile(const std::wstring& folder, std::string name) : name_(std::move(name)), file_(INVALID_HANDLE_VALUE) {
+    /// @param name   of the target as the user knows it, for a fault to tell
+    /// @param fixed  name of the temporary file, or empty
+    TemporaryFile(const std::wstring& folder, std::string name, const std::string& fixed)
+        : name_(std::move(name)), file_(INVALID_HANDLE_VALUE) {
         static std::atomic<unsigned> counter = 0;
         const NotInterrupted untilItIsNoted;
         for (int attempt = 0; attempt < MostAttempts && !file_.IsOpen(); ++attempt) {
-            path_ = folder + ToWide(TemporaryName(GetCurrentProcessId(), ++counter));
+            path_ = folder + ToWide(fixed.empty() ? TemporaryName(GetCurrentProcessId(), ++counter) : fixed);
             // Others may delete it, since an interruption does while it is open.
-            file_.Reset(CreateFileW(path_.c_str(), GENERIC_WRITE, FILE_SHARE_DELETE, nullptr, CREATE_NEW,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr));
+            file_.Reset(CreateFileW(path_.c_str(), GENERIC_WRITE, FILE_SHARE_DELETE, nullptr,
+                                    fixed.empty() ? CREATE_NEW : CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
             if (!file_.IsOpen() && GetLastError() != ERROR_FILE_EXISTS) {
                 RaiseSystemFault(GetLastError(), name_);
             }
@@ -78,15 +81,13 @@ public:
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
-    void Write(std::string_view bytes, Flush flush) {
-        WriteAll(file_.Get(), bytes, name_);
-        if ((flush == Flush::ToDisk && FlushFileBuffers(file_.Get()) == 0) || !file_.Close()) {
-            RaiseSystemFault(GetLastError(), name_);
-        }
-    }
+    void Write(std::string_view bytes) { WriteAll(file_.Get(), bytes, name_); }
 
     /// @param exists  the target is there: its permissions and attributes go over to the new file.
     void PutInPlaceOf(const std::wstring& target, bool exists, Flush flush) {
+        if ((flush == Flush::ToDisk && FlushFileBuffers(file_.Get()) == 0) || !file_.Close()) {
+            RaiseSystemFault(GetLastError(), name_);
+        }
         const NotInterrupted untilItIsThere;
         lies_ = !((exists && ReplaceFileW(target.c_str(), path_.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
                                           nullptr, nullptr) != 0) ||
@@ -111,29 +112,64 @@ private:
 
 }  // namespace
 
-void WriteWholeFile(const std::string& path, std::string_view bytes, Flush flush) {
-    std::wstring target = ToWide(path);
-    const DWORD attributes = GetFileAttributesW(target.c_str());
-    const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
-    if (FileNameOf(path).empty() || (exists && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)) {
-        RaiseFileFault(fault::PathAccess, path);
-    }
-    if (exists) {
-        OwnedHandle probe(CreateFileW(target.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-        if (!probe.IsOpen()) {
+class WholeFile::Work {
+public:
+    Work(const std::string& path, const std::string& temporary)
+        : path_(path), target_(ToWide(path)), device_(INVALID_HANDLE_VALUE) {
+        const DWORD attributes = GetFileAttributesW(target_.c_str());
+        exists_ = attributes != INVALID_FILE_ATTRIBUTES;
+        if (FileNameOf(path).empty() || (exists_ && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)) {
             RaiseFileFault(fault::PathAccess, path);
         }
-        if (GetFileType(probe.Get()) != FILE_TYPE_DISK) {
-            WriteAll(probe.Get(), bytes, path);
-            return;
+        if (exists_) {
+            device_.Reset(CreateFileW(target_.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+            if (!device_.IsOpen()) {
+                RaiseFileFault(fault::PathAccess, path);
+            }
+            if (GetFileType(device_.Get()) != FILE_TYPE_DISK) {
+                return;
+            }
+            target_ = FinalPath(device_.Get(), target_);
+            device_.Close();
         }
-        target = FinalPath(probe.Get(), target);
+        const std::size_t name = target_.find_last_of(L"/\\:");
+        file_.emplace(name == std::wstring::npos ? std::wstring() : target_.substr(0, name + 1), path, temporary);
     }
-    const std::size_t name = target.find_last_of(L"/\\:");
-    TemporaryFile file(name == std::wstring::npos ? std::wstring() : target.substr(0, name + 1), path);
-    file.Write(bytes, flush);
-    file.PutInPlaceOf(target, exists, flush);
+
+    void Write(std::string_view bytes) {
+        if (file_) {
+            file_->Write(bytes);
+        } else {
+            WriteAll(device_.Get(), bytes, path_);
+        }
+    }
+
+    void PutInPlace(Flush flush) {
+        if (file_) {
+            file_->PutInPlaceOf(target_, exists_, flush);
+        } else {
+            device_.Close();
+        }
+    }
+
+private:
+    std::string path_;
+    std::wstring target_;
+    OwnedHandle device_;
+    bool exists_ = false;
+    std::optional<TemporaryFile> file_;
+};
+
+WholeFile::WholeFile(const std::string& path, const std::string& temporary)
+    : work_(std::make_unique<Work>(path, temporary)) {}
+WholeFile::~WholeFile() = default;
+
+void WholeFile::Write(std::string_view bytes) {
+    work_->Write(bytes);
+}
+void WholeFile::PutInPlace(Flush flush) {
+    work_->PutInPlace(flush);
 }
 
 }  // namespace zirvo

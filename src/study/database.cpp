@@ -3,21 +3,52 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <utility>
+
+#include "platform/folders.h"
 
 namespace zirvo::study {
+namespace {
+
+constexpr const char* AnotherWorks = "another run of this study works on it";
+
+/// Whether a signal has interrupted a call since this was last asked.
+bool& InterruptedOnThisThread() {
+    thread_local bool interrupted = false;
+    return interrupted;
+}
+
+/// SQLite tells of each call that fails as it fails; what it tells behind it has no word of signals any more.
+void HearOfFailure(void* /*nothing*/, int code, const char* /*text*/) {
+    constexpr int kind = 0xFF;
+    if (errno == EINTR && ((code & kind) == SQLITE_IOERR || (code & kind) == SQLITE_CANTOPEN)) {
+        InterruptedOnThisThread() = true;
+    }
+}
+
+void HearOfFailures() {
+    static const int once = sqlite3_config(SQLITE_CONFIG_LOG, HearOfFailure, nullptr);
+    static_cast<void>(once);  // where it cannot be heard of an interrupted call is told like any other
+}
+
+}  // namespace
 
 Database::Database(const std::string& path, Mode mode, const std::string& told)
     : path_(path), told_(told.empty() ? path : told) {
+    HearOfFailures();
     const int access = mode == Mode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
     const int flags = access | SQLITE_OPEN_NOMUTEX;  // each is used by one thread
-    if (sqlite3_open_v2(path.c_str(), &handle_, flags, nullptr) != SQLITE_OK) {
+    if (sqlite3_open_v2(PlainName(path).c_str(), &handle_, flags, nullptr) != SQLITE_OK) {
         const std::string reason = handle_ != nullptr ? sqlite3_errmsg(handle_) : "there is not enough memory";
         sqlite3_close(handle_);
         throw FileError{told_, 0, "cannot be opened: " + reason};
     }
+    const char* const name = sqlite3_db_filename(handle_, "main");
+    real_ = name == nullptr || *name == '\0' ? path_ : name;
 }
 
 Database::~Database() {
@@ -31,9 +62,29 @@ void Database::Close() {
     handle_ = nullptr;
 }
 
+/// What has been written ahead is emptied first, since closing alone tells of no failure; a file in which nothing
+/// stands any more may be left by it, and would be taken for one of whatever comes to lie under the name.
+void Database::CloseWhole() {
+    {
+        Statement emptied(*this, "PRAGMA wal_checkpoint(TRUNCATE)");
+        if (emptied.Step() && emptied.Integer(0) != 0) {
+            throw InterruptedCall{{told_, 0, AnotherWorks}};
+        }
+    }
+    Close();
+    for (const char* beside : {"-wal", "-journal"}) {
+        if (!RemoveIfThere(real_ + beside)) {
+            throw FileError{told_ + beside, 0, "cannot be removed; the results are kept: start the study again"};
+        }
+    }
+}
+
 void Database::Fail() const {
     const int code = sqlite3_errcode(handle_);
     const std::string reason = sqlite3_errmsg(handle_);
+    if (std::exchange(InterruptedOnThisThread(), false) && (code == SQLITE_IOERR || code == SQLITE_CANTOPEN)) {
+        throw InterruptedCall{{told_, 0, reason}};
+    }
     switch (code) {
         case SQLITE_FULL:
         case SQLITE_IOERR:
@@ -42,7 +93,7 @@ void Database::Fail() const {
                 "cannot be written: " + reason + "; what was done is kept: make room and start the study again"};
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
-            throw FileError{told_, 0, "another run of this study works on it"};
+            throw InterruptedCall{{told_, 0, AnotherWorks}};
         case SQLITE_NOTADB:
         case SQLITE_CORRUPT:
             throw FileError{told_, 0, "is no results file: " + reason + "; move it away or choose --output"};
@@ -67,20 +118,27 @@ Statement::~Statement() {
     sqlite3_finalize(handle_);
 }
 
+/// Where there is no memory for it the value would be missing in silence.
+void Statement::Require(int code) const {
+    if (code != SQLITE_OK) {
+        database_.Fail();
+    }
+}
+
 void Statement::Bind(int place, double value) {
-    sqlite3_bind_double(handle_, place, value);  // what is no number is kept as NULL
+    Require(sqlite3_bind_double(handle_, place, value));  // what is no number is kept as NULL
 }
 
 void Statement::Bind(int place, std::int64_t value) {
-    sqlite3_bind_int64(handle_, place, value);
+    Require(sqlite3_bind_int64(handle_, place, value));
 }
 
 void Statement::Bind(int place, const std::string& value) {
-    sqlite3_bind_text(handle_, place, value.c_str(), static_cast<int>(value.size()), SQLITE_TRANSIENT);
+    Require(sqlite3_bind_text(handle_, place, value.c_str(), static_cast<int>(value.size()), SQLITE_TRANSIENT));
 }
 
 void Statement::Bind(int place, const std::vector<double>& values) {
-    sqlite3_bind_blob64(handle_, place, values.data(), values.size() * sizeof(double), SQLITE_STATIC);
+    Require(sqlite3_bind_blob64(handle_, place, values.data(), values.size() * sizeof(double), SQLITE_STATIC));
 }
 
 bool Statement::Step() {
@@ -106,6 +164,9 @@ std::int64_t Statement::Integer(int column) const {
 
 std::string Statement::Text(int column) const {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(handle_, column));
+    if (text == nullptr && sqlite3_errcode(database_.Handle()) == SQLITE_NOMEM) {
+        database_.Fail();
+    }
     return text == nullptr ? "" : text;
 }
 
@@ -113,8 +174,16 @@ void Statement::Numbers(int column, std::vector<double>& values) const {
     const void* bytes = sqlite3_column_blob(handle_, column);
     values.resize(static_cast<std::size_t>(sqlite3_column_bytes(handle_, column)) / sizeof(double));
     if (!values.empty()) {
+        if (bytes == nullptr) {  // no memory for it
+            database_.Fail();
+        }
         std::memcpy(values.data(), bytes, values.size() * sizeof(double));
     }
+}
+
+/// "file:..." would be an address, and ":memory:" no file at all.
+std::string PlainName(const std::string& path) {
+    return path.starts_with('/') ? path : "./" + path;
 }
 
 std::string Quoted(const std::string& name) {

@@ -14,6 +14,26 @@ namespace zirvo::study {
 
 using design::FileError;
 
+/// A call to the system that a signal has interrupted and that SQLite does not make again, or a lock that was refused,
+/// which may be the same: the work is tried again, from what the file holds.
+struct InterruptedCall : FileError {};
+
+/// Does the work, a few times over while it ends in an InterruptedCall. What another run holds is soon told all the
+/// same.
+template <class Work>
+auto AgainIfInterrupted(const Work& work) {
+    constexpr int mostTries = 4;
+    for (int tries = 1;; ++tries) {
+        try {
+            return work();
+        } catch (const InterruptedCall&) {
+            if (tries == mostTries) {
+                throw;
+            }
+        }
+    }
+}
+
 /// One database file. Every failure is thrown as FileError with the file's name.
 class Database {
 public:
@@ -29,13 +49,20 @@ public:
     /// In UTF-8.
     const std::string& Path() const { return path_; }
     sqlite3* Handle() const { return handle_; }
+    /// Throws what the last call has to tell.
     [[noreturn]] void Fail() const;
+    /// The file itself, where the path leads over links.
+    const std::string& RealPath() const { return real_; }
     /// Closes it; what follows is an error.
     void Close();
+    /// Brings all that stands beside the file into it and closes it. Behind it the file is whole by itself, or the
+    /// failure has been told and what stands beside it still belongs to it.
+    void CloseWhole();
 
 private:
     std::string path_;
     std::string told_;
+    std::string real_;
     sqlite3* handle_ = nullptr;
 };
 
@@ -65,7 +92,12 @@ public:
 private:
     const Database& database_;
     sqlite3_stmt* handle_ = nullptr;
+
+    void Require(int code) const;
 };
+
+/// A path as SQLite takes it for nothing but the name of a file.
+std::string PlainName(const std::string& path);
 
 /// A name as SQL has it, in double quotes.
 std::string Quoted(const std::string& name);

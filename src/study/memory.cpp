@@ -25,7 +25,7 @@ Memory::Memory(const Study& study, const std::string& path, RowRange range)
 Memory::~Memory() {
     if (!made_ && !replaced_) {
         const NotInterrupted untilItIsGone;
-        RemoveIfThere(database_.Path());
+        RemoveIfThere(database_.RealPath());
     }
 }
 
@@ -107,11 +107,10 @@ void Memory::EachBad(const std::function<void(const BadRow&)>& take) {
     }
 }
 
-void Memory::ReplaceBy(const std::string& path) {
+void Memory::ReplaceBy(Unfinished& file) {
     database_.Execute("PRAGMA synchronous=OFF");  // nobody reads it again
-    database_.Close();
-    const NotInterrupted untilItIsThere;
-    if (!MoveOver(path, database_.Path())) {
+    database_.CloseWhole();  // what is left written ahead would be taken for a part of the new file
+    if (!file.PutInPlace()) {
         throw FileError{database_.Path(), 0, "cannot be replaced by its finished self"};
     }
     replaced_ = true;

@@ -17,6 +17,7 @@
 
 #include "study/block.h"
 #include "study/database.h"
+#include "study/results.h"
 #include "study/study.h"
 
 namespace zirvo::study {
@@ -37,6 +38,8 @@ public:
     /// True if the file holds the results of the whole range and not what is behind them.
     bool Finished() const { return finished_; }
     const Database& TheDatabase() const { return database_; }
+    /// The file itself, where the path leads over links.
+    const std::string& RealPath() const { return database_.RealPath(); }
 
     /// Gives what earlier runs have made, in the order of the rows; without lines.
     void Earlier(const std::function<void(Block&)>& take) const;
@@ -50,8 +53,11 @@ public:
     /// Gives each bad row, in their order.
     void EachBad(const std::function<void(const BadRow&)>& take);
 
-    /// Closes the file and puts another one in its place.
-    void ReplaceBy(const std::string& path);
+    /// Closes the file and puts another one in its place, which has been made for it.
+    void ReplaceBy(Unfinished& file);
+
+    /// Closes the file as it is, with nothing beside it: it may be carried to another machine.
+    void Close();
 
 private:
     const Study& study_;

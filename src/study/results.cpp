@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "base/runtime_fault.h"
 #include "platform/folders.h"
 #include "study/row_workers.h"
 #include "study/tables.h"
@@ -10,6 +11,9 @@
 namespace zirvo::study {
 namespace {
 
+namespace fs = std::filesystem;
+
+constexpr const char* NewEnd = ".new";
 constexpr std::size_t RowsOfInsertion = 16;
 constexpr std::size_t BytesOfWriting = 1U << 18U;
 constexpr std::size_t RowsOfBlock = 256;
@@ -25,28 +29,57 @@ std::string Heading(const Study& study, bool kept) {
     return line.append(kept ? "\n" : ",reason\n");
 }
 
+/// Failures of a file of lines in the study's own words.
+template <class Act>
+void Told(const std::string& file, const Act& act) {
+    try {
+        act();
+    } catch (const RuntimeFault& caught) {
+        const char* const room = caught.Number() == fault::DiskFull ? "make room and " : "";
+        throw FileError{file, 0,
+                        std::string("cannot be written: ") + caught.what() + "; the results are kept: " + room +
+                            "start the study again"};
+    }
+}
+
 }  // namespace
 
 Unfinished::Unfinished(const std::string& target)
-    : target_(target), path_(target + ".new"), gone_([this] { RemoveIfThere(path_); }) {
-    RemoveIfThere(path_);
+    : target_(target), path_(target + NewEnd), gone_([this] { Remove(); }) {
+    if (!RemoveIfThere(path_)) {
+        throw FileError{path_, 0, "is left over from an earlier run and cannot be removed"};
+    }
 }
 
 Unfinished::~Unfinished() {
     const NotInterrupted untilItIsGone;
-    RemoveIfThere(path_);
+    Remove();
+}
+
+void Unfinished::Remove() {
+    if (lies_) {
+        RemoveIfThere(path_);
+        lies_ = false;
+    }
 }
 
 bool Unfinished::PutInPlace() {
+    const auto pathOf = [](const std::string& name) { return fs::path(std::u8string(name.begin(), name.end())); };
+    std::error_code ignored;
+    const fs::file_status earlier = fs::status(pathOf(target_), ignored);
+    if (fs::exists(earlier)) {
+        fs::permissions(pathOf(path_), earlier.permissions(), ignored);
+    }
     const NotInterrupted untilItIsThere;
-    return MoveOver(path_, target_);
+    lies_ = !MoveOver(path_, target_);
+    return !lies_;
 }
 
-ResultsDatabase::ResultsDatabase(const Study& study, const std::string& target, RowRange range)
+ResultsDatabase::ResultsDatabase(const Study& study, const std::string& target, const std::string& told, RowRange range)
     : file_(target), numbers_(NumbersOfRow(study)) {
     {
         const NotInterrupted untilItIsThere;
-        database_.emplace(file_.Path(), Database::Mode::ReadWrite, target);
+        database_.emplace(file_.Path(), Database::Mode::ReadWrite, told);
     }
     // One transaction, so that the file's own counters are the same too; nothing to go back to is needed.
     database_->Execute("PRAGMA journal_mode=OFF; BEGIN");
@@ -80,20 +113,17 @@ void ResultsDatabase::Add(const BadRow& bad) {
     InsertBad(*insertBad_, bad);
 }
 
-void ResultsDatabase::Finish() {
+Unfinished& ResultsDatabase::Finish() {
     insertMany_.reset();
     insertOne_.reset();
     insertBad_.reset();
     database_->Execute("COMMIT");
     database_->Close();
+    return file_;
 }
 
-LinesFile::LinesFile(const std::string& target) : file_(target) {
-    const NotInterrupted untilItIsThere;
-    stream_.open(std::filesystem::path(std::u8string(file_.Path().begin(), file_.Path().end())), std::ios::binary);
-    if (!stream_) {
-        Fail();
-    }
+LinesFile::LinesFile(const std::string& target) : target_(target) {
+    Told(target_, [&] { file_.emplace(target_, FileNameOf(target_) + NewEnd); });
 }
 
 void LinesFile::Write(const std::string& lines) {
@@ -104,23 +134,13 @@ void LinesFile::Write(const std::string& lines) {
 }
 
 void LinesFile::Flush() {
-    stream_.write(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
+    Told(target_, [&] { file_->Write(buffer_); });
     buffer_.clear();
-    if (!stream_) {
-        Fail();
-    }
 }
 
 void LinesFile::Finish() {
     Flush();
-    stream_.close();
-    if (!stream_ || !file_.PutInPlace()) {
-        Fail();
-    }
-}
-
-void LinesFile::Fail() const {
-    throw FileError{file_.Target(), 0, "cannot be written; what is kept stays: make room and start the study again"};
+    Told(target_, [&] { file_->PutInPlace(zirvo::Flush::ToSystem); });
 }
 
 ResultsTables::ResultsTables(const Study& study, const std::string& name)
@@ -158,8 +178,8 @@ void ResultsTables::Finish() {
     good_.Finish();
     if (bad_) {
         bad_->Finish();
-    } else {
-        RemoveIfThere(badCsv_);
+    } else if (!RemoveIfThere(badCsv_)) {
+        throw FileError{badCsv_, 0, "is of an earlier run, holds rows that are not bad, and cannot be removed"};
     }
 }
 
@@ -184,7 +204,9 @@ void EachGoodRow(const Database& database, const Study& study, const std::functi
     give();
 }
 
-std::vector<std::vector<double>> ReadColumns(const std::string& path, const std::vector<std::string>& names) {
+namespace {
+
+std::vector<std::vector<double>> ColumnsIn(const std::string& path, const std::vector<std::string>& names) {
     const Database database(path, Database::Mode::ReadOnly);
     std::string sql = "SELECT row";
     for (const std::string& name : names) {
@@ -198,6 +220,12 @@ std::vector<std::vector<double>> ReadColumns(const std::string& path, const std:
         }
     }
     return columns;
+}
+
+}  // namespace
+
+std::vector<std::vector<double>> ReadColumns(const std::string& path, const std::vector<std::string>& names) {
+    return AgainIfInterrupted([&] { return ColumnsIn(path, names); });
 }
 
 }  // namespace zirvo::study

@@ -2,12 +2,12 @@
 // runs and put under their names when they are whole. Callers: the run of a study, its chart.
 #pragma once
 #include <cstdint>
-#include <fstream>
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/files.h"
 #include "platform/interruption.h"
 #include "study/block.h"
 #include "study/database.h"
@@ -15,24 +15,27 @@
 
 namespace zirvo::study {
 
-/// A file that lies beside its target, as NAME.new, until it is put in its place, and vanishes if it never is. One that
-/// a killed process left is written anew.
+/// A database that lies beside its target, as NAME.new, until it is put in its place, and vanishes if it never is. One
+/// that a killed process left is written anew.
 class Unfinished {
 public:
+    /// @param target  the file itself, no link to it
     explicit Unfinished(const std::string& target);
     ~Unfinished();
     Unfinished(const Unfinished&) = delete;
     Unfinished& operator=(const Unfinished&) = delete;
 
     const std::string& Path() const { return path_; }
-    const std::string& Target() const { return target_; }
-    /// False where it cannot be done.
+    /// With the rights of the file that was there. False where it cannot be done.
     bool PutInPlace();
 
 private:
     std::string target_;
     std::string path_;
+    bool lies_ = true;
     UndoneIfInterrupted gone_;
+
+    void Remove();
 };
 
 /// The database. Its bytes follow from the rows alone, since it is made in one transaction: tables "study" (see
@@ -40,14 +43,15 @@ private:
 /// number, the parameters and the reason.
 class ResultsDatabase {
 public:
-    ResultsDatabase(const Study& study, const std::string& target, RowRange range);
+    /// @param target  the file that it is made for, no link to it
+    /// @param told    its name in messages
+    ResultsDatabase(const Study& study, const std::string& target, const std::string& told, RowRange range);
 
     void Add(const Block& block);
     /// Behind all good rows.
     void Add(const BadRow& bad);
-    /// Now it is whole, under Path().
-    void Finish();
-    const std::string& Path() const { return file_.Path(); }
+    /// Now it is whole, and can be put in place.
+    Unfinished& Finish();
 
 private:
     Unfinished file_;
@@ -58,7 +62,7 @@ private:
     std::optional<Statement> insertBad_;
 };
 
-/// A file of lines.
+/// A file of lines that stands under its name only when it is whole.
 class LinesFile {
 public:
     explicit LinesFile(const std::string& target);
@@ -67,12 +71,11 @@ public:
     void Finish();
 
 private:
-    Unfinished file_;
-    std::ofstream stream_;
+    std::string target_;
+    std::optional<WholeFile> file_;
     std::string buffer_;
 
     void Flush();
-    [[noreturn]] void Fail() const;
 };
 
 /// NAME.csv and, where there are bad rows, NAME_bad.csv; one of an earlier run goes otherwise. Numbers are the shortest

@@ -8,12 +8,15 @@
 #include <algorithm>
 #include <charconv>
 #include <chrono>
+#include <memory>
 #include <optional>
 #include <set>
 #include <thread>
 
+#include "platform/file_lock.h"
 #include "platform/files.h"
 #include "platform/folders.h"
+#include "platform/interruption.h"
 #include "study/memory.h"
 #include "study/results.h"
 #include "study/row_workers.h"
@@ -38,18 +41,54 @@ std::string MemoryPath(const RunOptions& options, int part, int parts) {
            ".sqlite";
 }
 
+/// One run at a time on the files of a memory, from its opening to the last table: SQLite's own lock ends with its
+/// file, which is replaced in between. Where no lock can be had at all the run goes on without.
+class MemoryLock {
+public:
+    explicit MemoryLock(const std::string& path) {
+        const NotInterrupted untilItIsNoted;
+        bool held = false;
+        lock_ = FileLock::OfAnyFile(path + ".lock", held);
+        if (held) {
+            throw FileError{path, 0, "another run of this study works on it"};
+        }
+    }
+    ~MemoryLock() {
+        const NotInterrupted untilItIsGone;
+        Release();
+    }
+    MemoryLock(const MemoryLock&) = delete;
+    MemoryLock& operator=(const MemoryLock&) = delete;
+
+private:
+    std::unique_ptr<FileLock> lock_;
+    const UndoneIfInterrupted released_{[this] { Release(); }};
+
+    void Release() {
+        if (lock_ != nullptr) {
+            lock_->RemoveFile();
+            lock_.reset();
+        }
+    }
+};
+
+/// One try at a study: a call that a signal has interrupted ends it, and the next one goes on from the memory.
 class StudyRun {
 public:
-    StudyRun(const Study& study, const RunOptions& options)
+    /// @param earlier  rows that were done before the first try, which sets it
+    StudyRun(const Study& study, const RunOptions& options, std::optional<std::uint64_t>& earlier)
         : study_(study),
           options_(options),
           range_(RangeOf(study.Rows, options.Part, options.Parts)),
           path_(MemoryPath(options, options.Part, options.Parts)),
-          memory_(study, path_, range_) {}
+          lock_(path_),
+          memory_(study, path_, range_) {
+        earlier = earlier.value_or(memory_.DoneRows());
+        outcome_ = {range_.Count(), *earlier, 0, path_, ""};
+    }
 
     RunOutcome Run() {
         progress_ = {memory_.DoneRows(), range_.Count()};
-        outcome_ = {range_.Count(), memory_.DoneRows(), 0, path_, ""};
         if (memory_.Finished()) {
             return Told();
         }
@@ -63,7 +102,7 @@ public:
     }
 
     RunOutcome Merge(int parts) {
-        outcome_ = {range_.Count(), range_.Count(), 0, path_, ""};
+        outcome_.Earlier = range_.Count();
         OpenResults();
         for (int part = 1; part <= parts; ++part) {
             InPart(part, parts, [this](const Database& finished) {
@@ -83,6 +122,7 @@ private:
     const RunOptions& options_;
     RowRange range_;
     std::string path_;
+    MemoryLock lock_;
     Memory memory_;
     std::optional<ResultsDatabase> database_;
     std::optional<ResultsTables> tables_;
@@ -93,7 +133,7 @@ private:
         if (options_.Parts <= 0) {
             tables_.emplace(study_, options_.Output);
         }
-        database_.emplace(study_, path_, range_);
+        database_.emplace(study_, memory_.RealPath(), path_, range_);
     }
 
     template <class Rows>
@@ -192,11 +232,11 @@ private:
 
     /// The tables come first: a database that is finished tells that they have been.
     RunOutcome Finished() {
-        database_->Finish();
+        Unfinished& database = database_->Finish();
         if (tables_) {
             FinishTables();
         }
-        memory_.ReplaceBy(database_->Path());
+        memory_.ReplaceBy(database);
         return outcome_;
     }
 
@@ -234,9 +274,9 @@ int PartsInFolder(const RunOptions& options) {
 }
 
 template <class Work>
-std::variant<RunOutcome, FileError> Guarded(Work work) {
+std::variant<RunOutcome, FileError> Guarded(const Work& work) {
     try {
-        return work();
+        return AgainIfInterrupted(work);
     } catch (const FileError& error) {
         return error;
     }
@@ -255,15 +295,17 @@ RowRange RangeOf(std::uint64_t rows, int part, int parts) {
 }
 
 std::variant<RunOutcome, FileError> RunStudy(const Study& study, const RunOptions& options) {
-    return Guarded([&] { return StudyRun(study, options).Run(); });
+    std::optional<std::uint64_t> earlier;
+    return Guarded([&] { return StudyRun(study, options, earlier).Run(); });
 }
 
 std::variant<RunOutcome, FileError> MergeParts(const Study& study, const RunOptions& options) {
+    std::optional<std::uint64_t> earlier;
     return Guarded([&] {
         const int parts = PartsInFolder(options);
         RunOptions whole = options;
         whole.Part = whole.Parts = 0;
-        return StudyRun(study, whole).Merge(parts);
+        return StudyRun(study, whole, earlier).Merge(parts);
     });
 }
 

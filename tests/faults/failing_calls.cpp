@@ -121,6 +121,10 @@ int ErrorOf(const char* call, const std::string& what, int full, int gone) {
         case Trouble::Killed:
             kill(getpid(), SIGKILL);
             break;
+        case Trouble::Stale:
+            return ESTALE;
+        case Trouble::OverQuota:
+            return EDQUOT;
         case Trouble::NoMemory:
             break;
     }
@@ -175,7 +179,7 @@ __attribute__((constructor)) void TakePlanOfEnvironment() {
 }  // namespace
 
 std::string NameOf(Trouble trouble) {
-    constexpr std::array names{"denied", "full", "gone", "interrupted", "no memory", "killed"};
+    constexpr std::array names{"denied", "full", "gone", "interrupted", "no memory", "killed", "stale", "over quota"};
     return names.at(static_cast<std::size_t>(trouble));
 }
 
@@ -233,6 +237,14 @@ int open(const char* path, int flags, ...) {
     return FailOr(ErrorOfPath("open", path, full), -1, [&] { return Watch(real(path, flags, mode), Counts(path)); });
 }
 
+int open64(const char* path, int flags, ...) {
+    va_list more;
+    va_start(more, flags);
+    const mode_t mode = (flags & (O_CREAT | __O_TMPFILE)) != 0 ? va_arg(more, mode_t) : 0;
+    va_end(more);
+    return open(path, flags, mode);
+}
+
 FILE* fopen64(const char* path, const char* mode) {
     ZIRVO_REAL(fopen64);
     return FailOr(ErrorOfPath("open", path, EACCES), static_cast<FILE*>(nullptr), [&] {
@@ -254,9 +266,46 @@ ssize_t write(int file, const void* bytes, size_t count) {
     return FailOr(ErrorOfFile("write", file, ENOSPC), ssize_t{-1}, [&] { return real(file, bytes, count); });
 }
 
+ssize_t pread64(int file, void* bytes, size_t count, off64_t place) {
+    ZIRVO_REAL(pread64);
+    return FailOr(ErrorOfFile("read", file, EIO), ssize_t{-1}, [&] { return real(file, bytes, count, place); });
+}
+
+ssize_t pwrite64(int file, const void* bytes, size_t count, off64_t place) {
+    ZIRVO_REAL(pwrite64);
+    return FailOr(ErrorOfFile("write", file, ENOSPC), ssize_t{-1}, [&] { return real(file, bytes, count, place); });
+}
+
+int ftruncate64(int file, off64_t length) noexcept {
+    ZIRVO_REAL(ftruncate64);
+    return FailOr(ErrorOfFile("truncate", file, EIO), -1, [&] { return real(file, length); });
+}
+
+/// Files that count are not brought to the disk: no test ends the power, and the wait is most of the time of a test.
 int fsync(int file) {
     ZIRVO_REAL(fsync);
-    return FailOr(ErrorOfFile("fsync", file, ENOSPC), -1, [&] { return real(file); });
+    return FailOr(ErrorOfFile("fsync", file, ENOSPC), -1, [&] { return Counts(file) ? 0 : real(file); });
+}
+
+int fdatasync(int file) {
+    ZIRVO_REAL(fdatasync);
+    return FailOr(ErrorOfFile("fsync", file, ENOSPC), -1, [&] { return Counts(file) ? 0 : real(file); });
+}
+
+/// Of all that it does locks alone count.
+int fcntl64(int file, int command, ...) {
+    ZIRVO_REAL(fcntl64);
+    va_list more;
+    va_start(more, command);
+    void* const argument = va_arg(more, void*);
+    va_end(more);
+    const bool locks = command == F_GETLK || command == F_SETLK || command == F_SETLKW;
+    return FailOr(locks ? ErrorOfFile("lock", file, ENOLCK) : 0, -1, [&] { return real(file, command, argument); });
+}
+
+int flock(int file, int command) noexcept {
+    ZIRVO_REAL(flock);
+    return FailOr(ErrorOfFile("lock", file, ENOLCK), -1, [&] { return real(file, command); });
 }
 
 /// Closes it all the same, as the system does.

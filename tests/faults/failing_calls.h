@@ -20,11 +20,16 @@ enum class Trouble {
     Gone,
     Interrupted,
     NoMemory,
-    Killed,  ///< the process ends before the call, as by SIGKILL
+    Killed,     ///< the process ends before the call, as by SIGKILL
+    Stale,      ///< what a folder of the network says that has been taken away
+    OverQuota,  ///< the user has no room left, though the disk has
 };
 
 inline constexpr std::array AllTroubles{Trouble::Denied, Trouble::Full, Trouble::Gone, Trouble::Interrupted,
                                         Trouble::NoMemory};
+
+/// Those of a folder on another machine.
+inline constexpr std::array NetworkTroubles{Trouble::Stale, Trouble::OverQuota};
 
 std::string NameOf(Trouble trouble);
 

@@ -3,11 +3,12 @@
 // When            Before each call to the system that changes a file or starts a program, since between two of them
 // nothing
 //                 changes; and at moments spread over the time that the work takes. So often altogether as
-//                 ZIRVO_KILLS says, 40 times if it says nothing.
+//                 ZIRVO_KILLS says, 20 times if it says nothing.
 // What is checked The input is untouched. Every result is the old one or the new one, whole; a report may be gone, as
 // the
 //                 solver deletes the old ones first, or lie whole in ZIRVO_SV.TMP, unstamped. The next run works,
-//                 whatever has been left: at once, or once ZIRVO_SV.TMP is removed, which it asks for by name.
+//                 whatever has been left: at once, or once ZIRVO_SV.TMP is removed, which it asks for by name. What
+//                 has a memory goes on from it to the bytes of a run that was let be.
 #include <gtest/gtest.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -17,48 +18,43 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
-#include <map>
+#include <iostream>
 #include <thread>
 
 #include "batch/work_folder.h"
 #include "faults/failing_calls.h"
+#include "faults/works.h"
 
 namespace zirvo::test {
 namespace {
 
-using Arguments = std::vector<std::string>;
-using Files = std::map<std::string, std::string>;
 using Clock = std::chrono::steady_clock;
 
-constexpr const char* OldBytes = "old\r\n";
-constexpr const char* Aside = "ZIRVO_SV.TMP";
+constexpr const char* LeftAside = "ZIRVO_SV.TMP";
 constexpr int ExitOfKilled = 128 + SIGKILL;
+constexpr int MoreCallsThanAny = 1024;
 
 int KillsOfEach() {
     const char* const asked = std::getenv("ZIRVO_KILLS");
-    return std::max(asked == nullptr ? 40 : std::atoi(asked), 2);
+    return std::max(asked == nullptr ? 20 : std::atoi(asked), 2);
 }
-
-struct KilledWork {
-    std::string Program;
-    Arguments Line;
-    Files Input;
-    Arguments Results;
-};
 
 class Kill : public testing::Test {
 protected:
     const WorkFolder Folder;
     const WorkFolder Temporary;
     const WorkFolder Logs;
-    Files Whole;
+    WorkFiles Whole;  ///< of the results
+    WorkFiles Final;  ///< of what is there at last
 
     Kill() { prctl(PR_SET_CHILD_SUBREAPER, 1); }
     ~Kill() override { prctl(PR_SET_CHILD_SUBREAPER, 0); }
 
-    static bool IsReport(const std::string& name) { return name.ends_with(".bre") || name.ends_with(".san"); }
+    static bool IsReport(const std::string& name) {
+        return name.ends_with(".bre") || name.ends_with(".san") || name.ends_with(".BRE");
+    }
 
-    void Prepare(const KilledWork& work) const {
+    void Prepare(const Work& work) const {
         WaitForOrphans();
         for (const WorkFolder* folder : {&Folder, &Temporary}) {
             for (const std::string& name : folder->Names()) {
@@ -73,23 +69,33 @@ protected:
         }
     }
 
-    Surroundings Here(const KilledWork& work) const {
-        return {.Program = ZIRVO_BIN "/" + work.Program,
-                .Folder = Folder.Path(),
-                .Variables = {{"TMPDIR", Temporary.Path()}}};
+    /// @param call  before which the program is killed; 0: none
+    Surroundings Here(const Work& work, int call = 0) const {
+        Surroundings surroundings{.Program = ZIRVO_BIN "/" + work.Program, .Folder = Folder.Path()};
+        surroundings.Variables = FailingCallOf(work.ProcessName(), {Folder.Path(), Temporary.Path()}, call,
+                                               Trouble::Killed, Logs.Path("killed"));
+        surroundings.Variables.emplace_back("TMPDIR", Temporary.Path());
+        return surroundings;
     }
 
     /// Before the call of that number. False if there are not so many.
-    bool KillAtCall(const KilledWork& work, int number) const {
-        Surroundings surroundings = Here(work);
-        for (const auto& variable : FailingCallOf(work.Program.substr(0, 15), {Folder.Path(), Temporary.Path()}, number,
-                                                  Trouble::Killed, Logs.Path("killed"))) {
-            surroundings.Variables.push_back(variable);
-        }
-        return RunProcess(work.Line, surroundings).Code == ExitOfKilled;
+    bool KillAtCall(const Work& work, int number) const {
+        return RunProcess(work.Line, Here(work, number)).Code == ExitOfKilled;
     }
 
-    void KillAtMoment(const KilledWork& work, Clock::duration moment) const {
+    /// How many calls the work makes.
+    int CallsOf(const Work& work) const {
+        int fewest = 0;
+        int most = MoreCallsThanAny;
+        while (most - fewest > 1) {
+            const int middle = (fewest + most) / 2;
+            Prepare(work);
+            (KillAtCall(work, middle) ? fewest : most) = middle;
+        }
+        return fewest;
+    }
+
+    void KillAtMoment(const Work& work, Clock::duration moment) const {
         const RunningProcess process(work.Line, Here(work));
         for (const auto then = Clock::now() + moment; Clock::now() < then;) {
             std::this_thread::yield();
@@ -103,17 +109,17 @@ protected:
         }
     }
 
-    void CheckWhatIsLeft(const KilledWork& work) const {
+    void CheckWhatIsLeft(const Work& work) const {
         for (const auto& [name, bytes] : work.Input) {
             EXPECT_EQ(Folder.Get(name), bytes) << name;
         }
         for (const auto& [name, whole] : Whole) {
             EXPECT_TRUE(IsWhole(name, Folder.Get(name))) << name << ":\n" << Folder.Get(name);
         }
-        if (Folder.Has(Aside)) {
+        if (Folder.Has(LeftAside)) {
             EXPECT_TRUE(std::any_of(Whole.begin(), Whole.end(), [&](const auto& result) {
-                return IsReport(result.first) && Folder.Get(Aside) == Unstamped(result.second);
-            })) << Folder.Get(Aside);
+                return IsReport(result.first) && Folder.Get(LeftAside) == Unstamped(result.second);
+            })) << Folder.Get(LeftAside);
         }
     }
 
@@ -125,13 +131,14 @@ protected:
 
     static std::string Unstamped(const std::string& report) { return report.substr(report.find('\n') + 1); }
 
-    void CheckTheNextRun(const KilledWork& work) const {
-        if (Folder.Has(Aside)) {
+    void CheckTheNextRun(const Work& work) const {
+        if (Folder.Has(LeftAside)) {
             const Outcome refused = RunProcess(work.Line, Here(work));
             EXPECT_EQ(refused.Code, 1);
-            EXPECT_NE(refused.Err.find(std::string(Aside) + " is left over from an interrupted run"), std::string::npos)
+            EXPECT_NE(refused.Err.find(std::string(LeftAside) + " is left over from an interrupted run"),
+                      std::string::npos)
                 << refused.Err;
-            std::filesystem::remove(Folder.Path(Aside));
+            std::filesystem::remove(Folder.Path(LeftAside));
         }
         if (work.Input.contains("Initial_File")) {
             Folder.Put("Initial_File", work.Input.at("Initial_File"));
@@ -139,81 +146,136 @@ protected:
         const Outcome outcome = RunProcess(work.Line, Here(work));
         EXPECT_EQ(outcome.Code, 0) << outcome.Err;
         for (const auto& [name, whole] : Whole) {
-            EXPECT_EQ(Folder.Get(name), whole) << name;
+            EXPECT_TRUE(Folder.Get(name) == whole) << name;
+        }
+        if (!work.LineBehind.empty()) {
+            const Outcome behind = RunProcess(work.LineBehind, Here(work));
+            EXPECT_EQ(behind.Code, 0) << behind.Err;
+        }
+        for (const auto& [name, bytes] : Final) {
+            EXPECT_TRUE(Folder.Get(name) == bytes) << name;
         }
         for (const std::string& name : Folder.Names()) {
             const bool temporary = name.starts_with(".zirvo-") && name.ends_with(".tmp");
-            EXPECT_TRUE(temporary || Whole.contains(name) || work.Input.contains(name)) << name;
+            const bool memory = std::find(work.Memories.begin(), work.Memories.end(), name) != work.Memories.end();
+            EXPECT_TRUE(temporary || memory || Whole.contains(name) || Final.contains(name) ||
+                        work.Input.contains(name))
+                << name;
         }
     }
 
-    void Check(const KilledWork& work, const std::string& when) const {
+    void Check(const Work& work, const std::string& when) const {
         const testing::ScopedTrace trace(__FILE__, __LINE__, when);
         WaitForOrphans();
         CheckWhatIsLeft(work);
         CheckTheNextRun(work);
     }
 
-    void KillOverAndOver(const KilledWork& work) {
+    /// The work undisturbed: what it leaves. Gives the time that it takes.
+    Clock::duration RunWhole(const Work& work) {
         Prepare(work);
         const Clock::time_point start = Clock::now();
-        ASSERT_EQ(RunProcess(work.Line, Here(work)).Code, 0);
-        const Clock::duration whole = Clock::now() - start;
+        EXPECT_EQ(RunProcess(work.Line, Here(work)).Code, 0);
+        const Clock::duration time = Clock::now() - start;
         for (const std::string& name : work.Results) {
             Whole[name] = Folder.Get(name);
+            EXPECT_NE(Whole[name], OldBytes) << name;
         }
-        int calls = 0;
-        do {
-            Prepare(work);
-        } while (KillAtCall(work, ++calls));
-        ASSERT_GT(calls, 3) << "hardly a call was seen";
-        const int atCalls = std::min(calls - 1, KillsOfEach() / 2);
+        if (!work.LineBehind.empty()) {
+            EXPECT_EQ(RunProcess(work.LineBehind, Here(work)).Code, 0);
+        }
+        for (const std::string& name : work.FinalFiles) {
+            Final[name] = Folder.Get(name);
+        }
+        return time;
+    }
+
+    void KillOverAndOver(const Work& work) {
+        const Clock::duration time = RunWhole(work);
+        const int calls = CallsOf(work);
+        ASSERT_GT(calls, 1) << "hardly a call was seen";
+        const int atCalls = std::min(calls, KillsOfEach() / 2);
         for (int i = 0; i < atCalls; ++i) {
-            const int call = 1 + i * (calls - 1) / atCalls;
             Prepare(work);
-            EXPECT_TRUE(KillAtCall(work, call));
+            EXPECT_TRUE(KillAtCall(work, 1 + i * calls / atCalls));
             Check(work, "killed before " + Logs.Get("killed"));
         }
         const int atMoments = KillsOfEach() - atCalls;
         for (int i = 0; i < atMoments; ++i) {
             Prepare(work);
-            KillAtMoment(work, whole * i / atMoments);
+            KillAtMoment(work, time * i / atMoments);
             Check(work, "killed at moment " + std::to_string(i) + " of " + std::to_string(atMoments));
         }
+        std::cout << atCalls << " kills before one of " << calls << " calls, " << atMoments << " at moments\n";
     }
 };
 
 TEST_F(Kill, AnalyzeLeavesReportsOldOrNewAndTheNextRunSaysWhatToRemove) {
-    KillOverAndOver({.Program = "zirvo-batch",
-                     .Line = {"analyze", "road.eva", "--units", "3", "--language", "en"},
-                     .Input = {{"road.eva", SampleBytes("road.eva")}},
-                     .Results = {"road.bre", "road.san", "road_bre.csv", "road_san.csv"}});
+    KillOverAndOver(AnalyzeWork());
 }
 
 TEST_F(Kill, SolveLeavesItsRowsOldOrNew) {
-    KillOverAndOver({.Program = "zirvo-batch",
-                     .Line = {"solve", "road.eva", "--units", "3", "--csv", "road.csv"},
-                     .Input = {{"road.eva", SampleBytes("road.eva")}},
-                     .Results = {"road.csv"}});
+    KillOverAndOver(SolveWork());
 }
 
-#ifdef ZIRVO_DRAWS_MAPS
-TEST_F(Kill, MapLeavesItsPictureOldOrNew) {
-    KillOverAndOver({.Program = "zirvo-batch",
-                     .Line = {"map", "road.ven", "--section", "xy", "--position", "0", "--units", "3", "--language",
-                              "en", "--component", "EPSx", "-o", "map.png"},
-                     .Input = {{"road.ven", SampleBytes("road.ven")}},
-                     .Results = {"map.png"}});
+TEST_F(Kill, CheckLeavesTheFileThatItLooksAt) {
+    KillOverAndOver(CheckWork());
+}
+
+TEST_F(Kill, GearLeavesItsFileOldOrNew) {
+    KillOverAndOver(GearWork());
+}
+
+TEST_F(Kill, LivesLeavesItsRowsOldOrNew) {
+    KillOverAndOver(LivesWork());
+}
+
+#ifdef ZIRVO_STUDIES
+TEST_F(Kill, StudyLeavesItsTablesOldOrNewAndGoesOn) {
+    KillOverAndOver(StudyWork());
+}
+
+TEST_F(Kill, APartOfAStudyGoesOn) {
+    KillOverAndOver(PartWork());
+}
+
+TEST_F(Kill, TheJoiningOfPartsLeavesThemAsTheyAreAndGoesOn) {
+    KillOverAndOver(MergeWork());
+}
+
+// Each run goes on from what the one before it has left.
+TEST_F(Kill, AStudyThatIsKilledAgainAndAgainComesToItsEnd) {
+    const Work work = StudyWork();
+    RunWhole(work);
+    Prepare(work);
+    int kills = 0;
+    while (kills < MoreCallsThanAny && KillAtCall(work, 1 + kills * 3)) {
+        ++kills;
+        CheckWhatIsLeft(work);
+    }
+    EXPECT_GT(kills, 10);
+    Check(work, "killed " + std::to_string(kills) + " times");
 }
 #endif
 
-TEST_F(Kill, TheSolverLeavesReportsOldOrNew) {
-    KillOverAndOver(
-        {.Program = "ZIRVO_SV12.EXE",
-         .Line = {},
-         .Input = {{"Initial_File", "LANGUAGE PREFERENCE\r\n 2 \r\n\r\nUNITS\r\n 3 \r\n\r\nINPUT\r\nroad.eva\r\n"},
-                   {"road.eva", SampleBytes("road.eva")}},
-         .Results = {"road.bre", "road.san"}});
+#ifdef ZIRVO_DRAWS_MAPS
+TEST_F(Kill, MapLeavesItsPictureOldOrNew) {
+    KillOverAndOver(MapWork());
+}
+#endif
+
+#ifdef ZIRVO_DRAWS_CHARTS
+TEST_F(Kill, TheChartOfAStudyIsTheOldOneOrTheNewOne) {
+    KillOverAndOver(ChartWork());
+}
+#endif
+
+TEST_F(Kill, TheSolverOfAnAnalysisLeavesReportsOldOrNew) {
+    KillOverAndOver(AnalysisSolverWork());
+}
+
+TEST_F(Kill, TheSolverOfASectionLeavesItsReportOldOrNew) {
+    KillOverAndOver(SectionSolverWork());
 }
 
 }  // namespace

@@ -3,35 +3,25 @@
 // What is checked Every file that was there is the old one or the new one, whole. No temporary is left. Where the work
 //                 was not done the exit status is 1 (2 for a solver without its control file) and standard error names
 //                 the file that it was about; where it is 0 all is as without the failure. A call that was interrupted
-//                 is made again, so that nothing is different at all.
+//                 is made again, so that nothing is different at all. What has a memory goes on from whatever is left
+//                 of it, to the same bytes as without the failure.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <map>
+#include <iostream>
+#include <set>
 #include <sstream>
 
 #include "batch/work_folder.h"
 #include "faults/failing_calls.h"
+#include "faults/works.h"
 
 namespace zirvo::test {
 namespace {
 
-using Arguments = std::vector<std::string>;
-using Files = std::map<std::string, std::string>;
-
-constexpr const char* Old = "old\r\n";
-constexpr int MostCalls = 500;
-
-struct Work {
-    std::string Program;
-    Arguments Line;
-    Files Input;                 ///< stays as it is
-    Arguments Results;           ///< lie there from an earlier run
-    bool SolverReports = false;  ///< the results are a solver's: a failure is said in them
-    bool EveryTrouble = true;    ///< else two of them at each call, other ones at the next
-};
+constexpr int MostCallsOfAWork = 1000;
 
 class ProgramFault : public testing::Test {
 protected:
@@ -48,51 +38,107 @@ protected:
             Folder.Put(name, bytes);
         }
         for (const std::string& name : work.Results) {
-            Folder.Put(name, Old);
+            Folder.Put(name, OldBytes);
         }
     }
 
-    Outcome Run(const Work& work, int number, Trouble trouble) const {
-        Prepare(work);
+    /// @param number  of the call that fails; 0: none
+    Outcome Run(const Work& work, const std::vector<std::string>& line, int number, Trouble trouble) const {
         std::filesystem::remove(Logs.Path("failed"));
         Surroundings surroundings{.Program = ZIRVO_BIN "/" + work.Program, .Folder = Folder.Path()};
-        surroundings.Variables = FailingCallOf(work.Program.substr(0, 15), {Folder.Path(), Temporary.Path()}, number,
-                                               trouble, Logs.Path("failed"));
+        surroundings.Variables =
+            FailingCallOf(work.ProcessName(), {Folder.Path(), Temporary.Path()}, number, trouble, Logs.Path("failed"));
         surroundings.Variables.emplace_back("TMPDIR", Temporary.Path());
         surroundings.Variables.emplace_back("LC_ALL", "C");
-        return RunProcess(work.Line, surroundings);
+        return RunProcess(line, surroundings);
+    }
+
+    /// The bytes that a work without a failure leaves at last.
+    WorkFiles RunWhole(const Work& work) const {
+        Prepare(work);
+        EXPECT_EQ(Run(work, work.Line, 0, Trouble::Denied).Code, 0);
+        WorkFiles whole;
+        for (const std::string& name : work.Results) {
+            whole[name] = Folder.Get(name);
+            EXPECT_NE(whole[name], OldBytes) << name;
+        }
+        if (!work.LineBehind.empty()) {
+            EXPECT_EQ(Run(work, work.LineBehind, 0, Trouble::Denied).Code, 0);
+        }
+        return whole;
     }
 
     /// Each call fails in turn.
     void FailEachCall(const Work& work) const {
-        ASSERT_EQ(Run(work, 0, Trouble::Denied).Code, 0);
-        Files whole;
-        for (const std::string& name : work.Results) {
-            whole[name] = Folder.Get(name);
-            ASSERT_NE(whole[name], Old) << name;
-        }
+        const WorkFiles whole = RunWhole(work);
+        const WorkFiles final = FinalFilesOf(work);
+        ASSERT_FALSE(testing::Test::HasFailure());
+        const bool all = std::getenv("ZIRVO_ALL_FAULTS") != nullptr;
+        const int ways = all ? static_cast<int>(AllTroubles.size()) : work.TroublesOfEach;
+        const int apart = all ? 1 : work.CallsApart;
         int failed = 0;
-        const bool all = work.EveryTrouble || std::getenv("ZIRVO_ALL_FAULTS") != nullptr;
-        for (int number = 1; number < MostCalls; ++number) {
+        int number = 1;
+        for (; number < MostCallsOfAWork; number += apart) {
             const int before = failed;
-            for (std::size_t i = 0; i < AllTroubles.size(); ++i) {
-                if (!all && (static_cast<std::size_t>(number) + i) % AllTroubles.size() > 1) {
-                    continue;
-                }
-                const Outcome outcome = Run(work, number, AllTroubles[i]);
+            for (int way = 0; way < ways; ++way) {
+                const Trouble trouble = AllTroubles[static_cast<std::size_t>(number + way) % AllTroubles.size()];
+                Prepare(work);
+                const Outcome outcome = Run(work, work.Line, number, trouble);
                 if (Logs.Has("failed")) {
                     ++failed;
-                    Judge(work, whole, AllTroubles[i], outcome);
+                    Judge(work, whole, trouble, outcome);
+                    GoOn(work, whole, final);
                 }
             }
             if (failed == before) {
                 break;
             }
         }
-        EXPECT_GT(failed, static_cast<int>(5 * work.Results.size())) << "hardly a call was seen";
+        std::cout << failed << " failures of " << number - apart << " calls\n";
+        EXPECT_GT(failed, ways * static_cast<int>(1 + work.Results.size())) << "hardly a call was seen";
     }
 
-    void Judge(const Work& work, const Files& whole, Trouble trouble, const Outcome& outcome) const {
+    WorkFiles FinalFilesOf(const Work& work) const {
+        WorkFiles files;
+        for (const std::string& name : work.FinalFiles) {
+            files[name] = Folder.Get(name);
+            EXPECT_NE(files[name], "<missing>") << name;
+        }
+        return files;
+    }
+
+    /// The next run of a work with a memory, behind a failure.
+    void GoOn(const Work& work, const WorkFiles& whole, const WorkFiles& final) const {
+        if (work.Memories.empty()) {
+            return;
+        }
+        const testing::ScopedTrace trace(__FILE__, __LINE__, "behind " + Logs.Get("failed"));
+        const Outcome next = Run(work, work.Line, 0, Trouble::Denied);
+        EXPECT_EQ(next.Code, 0) << next.Err;
+        if (!work.LineBehind.empty()) {
+            const Outcome behind = Run(work, work.LineBehind, 0, Trouble::Denied);
+            EXPECT_EQ(behind.Code, 0) << behind.Err;
+        }
+        for (const WorkFiles* files : {&whole, &final}) {
+            for (const auto& [name, bytes] : *files) {
+                EXPECT_TRUE(Folder.Get(name) == bytes) << name;
+            }
+        }
+        EXPECT_EQ(Folder.Names().size(), Known(work).size()) << testing::PrintToString(Folder.Names());
+    }
+
+    /// Names of all that belongs to the work.
+    static std::set<std::string> Known(const Work& work) {
+        std::set<std::string> names(work.Results.begin(), work.Results.end());
+        names.insert(work.Memories.begin(), work.Memories.end());
+        names.insert(work.FinalFiles.begin(), work.FinalFiles.end());
+        for (const auto& [name, bytes] : work.Input) {
+            names.insert(name);
+        }
+        return names;
+    }
+
+    void Judge(const Work& work, const WorkFiles& whole, Trouble trouble, const Outcome& outcome) const {
         const std::string failed = Logs.Get("failed");
         const testing::ScopedTrace trace(
             __FILE__, __LINE__,
@@ -115,7 +161,7 @@ protected:
 
     /// The old file, or what a failure may leave of the new one: nothing that is half.
     static bool IsWhole(const Work& work, const std::string& name, const std::string& found, const std::string& whole) {
-        if (found == Old) {
+        if (found == OldBytes) {
             return true;
         }
         const bool report = name.ends_with(".bre") || name.ends_with(".san") || name.ends_with(".BRE");
@@ -128,17 +174,19 @@ protected:
     }
 
     void ExpectNoTemporary(const Work& work, const std::string& failed) const {
-        Arguments expected = work.Results;
-        for (const auto& [name, bytes] : work.Input) {
-            expected.push_back(name);
-        }
+        const std::set<std::string> expected = Known(work);
+        const auto belongsToAMemory = [&](const std::string& name) {
+            return std::any_of(expected.begin(), expected.end(), [&](const std::string& memory) {
+                return memory.ends_with(".sqlite") && (name == memory + "-wal" || name == memory + "-journal");
+            });
+        };
         for (const std::string& name : Folder.Names()) {
             // One that could not be removed is still there, and so is the control file of a solver that did not start.
             const bool told =
                 failed == "remove " + Folder.Path(name) || (name == "Initial_File" && failed.starts_with("start "));
-            EXPECT_TRUE(told || std::find(expected.begin(), expected.end(), name) != expected.end()) << name;
+            EXPECT_TRUE(told || expected.contains(name) || belongsToAMemory(name)) << name;
         }
-        EXPECT_EQ(Temporary.Names(), Arguments{});
+        EXPECT_EQ(Temporary.Names(), std::vector<std::string>{});
     }
 
     /// Whether the message names the file, folder or program of the call that failed, as the user knows it.
@@ -147,6 +195,7 @@ protected:
         if (failed.find(Temporary.Path()) != std::string::npos) {  // what lay there is gone: the input tells more
             return has(work.Input.begin()->first);
         }
+        const std::set<std::string> known = Known(work);
         std::istringstream words(failed);
         std::string path;
         words >> path;
@@ -159,74 +208,70 @@ protected:
                 (has("Initial_File") || std::any_of(work.Results.begin(), work.Results.end(), has))) {
                 return true;
             }
+            // What lies beside a file for a while bears its name with more behind it; a folder is brought to the disk.
+            const bool folder = path == Folder.Path() && !work.Memories.empty();
+            if (std::any_of(known.begin(), known.end(),
+                            [&](const std::string& file) { return (folder || name.starts_with(file)) && has(file); })) {
+                return true;
+            }
         }
         return false;
     }
 };
 
 TEST_F(ProgramFault, AnalyzeTellsOfEachAndLeavesEveryFileOldOrNew) {
-    FailEachCall({.Program = "zirvo-batch",
-                  .Line = {"analyze", "road.eva", "--units", "3", "--language", "en"},
-                  .Input = {{"road.eva", SampleBytes("road.eva")}},
-                  .Results = {"road.bre", "road.san", "road_bre.csv", "road_san.csv"},
-                  .EveryTrouble = false});
+    FailEachCall(AnalyzeWork());
 }
 
 TEST_F(ProgramFault, SolveTellsOfEachAndLeavesItsRowsOldOrNew) {
-    FailEachCall({.Program = "zirvo-batch",
-                  .Line = {"solve", "road.eva", "--units", "3", "--csv", "road.csv"},
-                  .Input = {{"road.eva", SampleBytes("road.eva")}},
-                  .Results = {"road.csv"}});
+    FailEachCall(SolveWork());
 }
 
 TEST_F(ProgramFault, CheckTellsOfEach) {
-    FailEachCall({.Program = "zirvo-batch",
-                  .Line = {"check", "road.eva"},
-                  .Input = {{"road.eva", SampleBytes("road.eva")}},
-                  .Results = {}});
-    FailEachCall({.Program = "zirvo-batch",
-                  .Line = {"check", "road.ven"},
-                  .Input = {{"road.ven", SampleBytes("road.ven")}},
-                  .Results = {}});
+    FailEachCall(CheckWork());
+    FailEachCall(CheckMapWork());
 }
 
-#ifdef ZIRVO_DRAWS_MAPS
-TEST_F(ProgramFault, MapTellsOfEachAndLeavesItsPictureOldOrNewAndNoFolder) {
-    FailEachCall({.Program = "zirvo-batch",
-                  .Line = {"map", "road.ven", "--section", "xy", "--position", "0", "--units", "3", "--language", "en",
-                           "--component", "EPSx", "-o", "map.png"},
-                  .Input = {{"road.ven", SampleBytes("road.ven")}},
-                  .Results = {"map.png"},
-                  .EveryTrouble = false});
+TEST_F(ProgramFault, GearTellsOfEachAndLeavesItsFileOldOrNew) {
+    FailEachCall(GearWork());
+}
+
+TEST_F(ProgramFault, LivesTellsOfEachAndLeavesItsRowsOldOrNew) {
+    FailEachCall(LivesWork());
+}
+
+#ifdef ZIRVO_STUDIES
+TEST_F(ProgramFault, StudyTellsOfEachLeavesItsTablesOldOrNewAndGoesOn) {
+    FailEachCall(StudyWork());
+}
+
+TEST_F(ProgramFault, APartOfAStudyTellsOfEachAndGoesOn) {
+    FailEachCall(PartWork());
+}
+
+TEST_F(ProgramFault, TheJoiningOfPartsTellsOfEachLeavesThemAsTheyAreAndGoesOn) {
+    FailEachCall(MergeWork());
 }
 #endif
 
-std::string ControlFileOf(const std::string& input) {
-    return "LANGUAGE PREFERENCE\r\n 2 \r\n\r\nUNITS\r\n 3 \r\n\r\nINPUT\r\n" + input + "\r\n";
+#ifdef ZIRVO_DRAWS_MAPS
+TEST_F(ProgramFault, MapTellsOfEachAndLeavesItsPictureOldOrNewAndNoFolder) {
+    FailEachCall(MapWork());
 }
+#endif
+
+#ifdef ZIRVO_DRAWS_CHARTS
+TEST_F(ProgramFault, TheChartOfAStudyIsTheOldOneOrTheNewOne) {
+    FailEachCall(ChartWork());
+}
+#endif
 
 TEST_F(ProgramFault, TheSolverOfAnAnalysisTellsOfEachInItsReportsToo) {
-    FailEachCall({.Program = "ZIRVO_SV12.EXE",
-                  .Line = {},
-                  .Input = {{"Initial_File", ControlFileOf("road.eva")}, {"road.eva", SampleBytes("road.eva")}},
-                  .Results = {"road.bre", "road.san"},
-                  .SolverReports = true});
+    FailEachCall(AnalysisSolverWork());
 }
 
-// By hand: one layer, one load, two points in the narrow columns of a section.
 TEST_F(ProgramFault, TheSolverOfASectionTellsOfEachInItsReportToo) {
-    FailEachCall({.Program = "ZIRVO_SV22.exe",
-                  .Line = {},
-                  .Input = {{"Initial_File", ControlFileOf("ZIRVO_SV.EVA")},
-                            {"ZIRVO_SV.EVA",
-                             "OUTPUT\r\nZIRVO_SV.BRE\r\n\r\nCOUNTS\r\n  1         1          2\r\n\r\n"
-                             "LAYERS\r\nHEADING\r\n              300          0.35\r\n\r\n"
-                             "LOADS\r\nHEADING\r\n        49             15              0              0"
-                             "              0                  0\r\n\r\n"
-                             "POINTS\r\nHEADING\r\n    1               0            0            0\r\n"
-                             "    1               5            0            0\r\n"}},
-                  .Results = {"ZIRVO_SV.BRE"},
-                  .SolverReports = true});
+    FailEachCall(SectionSolverWork());
 }
 
 }  // namespace

@@ -85,6 +85,11 @@ TEST(ScreenFault, SaveDataOverAnOldFileLeavesItOrTheNewOne) {
     FailEachCall<SavedData>([] { return SavedData(); });
 }
 
+// A folder of the network that goes away while it is written to: at whichever call, it is told with the file's name.
+TEST(ScreenFault, SaveDataIntoAFolderThatGoesAwayLeavesTheOldFileOrTheNewOne) {
+    FailEachCall<SavedData>([] { return SavedData(); }, NetworkTroubles);
+}
+
 TEST(ScreenFault, SaveDataThatIsKilledLeavesTheOldFileOrTheNewOne) {
     KillBeforeEachCall<SavedData>([] { return SavedData(); });
 }

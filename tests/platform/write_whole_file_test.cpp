@@ -9,6 +9,7 @@
 #include "base/fault_of.h"
 #include "platform/files.h"
 #include "platform/in_child.h"
+#include "platform/small_disk.h"
 #include "platform/temporary_folder.h"
 
 namespace zirvo {
@@ -148,6 +149,93 @@ TEST(WriteWholeFile, FullDiskLeavesTheOldFileWholeAndNoTemporaryOne) {
     EXPECT_EQ(folder.Entries(), 1U);
     EXPECT_EQ(FaultWithFilesLimitedTo(10000, [&] { WriteWholeFile(a, std::string(10000, 'n')); }), 0);
     EXPECT_EQ(folder.Get("a"), std::string(10000, 'n'));
+}
+
+// A new file takes the place of one name; bytes that are changed where they stand could be left half changed.
+TEST(WriteWholeFile, OfAHardLinkTheOtherNameKeepsTheOldFile) {
+    const TemporaryFolder folder;
+    fs::create_hard_link(folder.Put("a", "old"), folder.Path("b"));
+    WriteWholeFile(folder.Path("b"), "new");
+    EXPECT_EQ(folder.Get("a"), "old");
+    EXPECT_EQ(folder.Get("b"), "new");
+}
+
+TEST(WriteWholeFile, ADiskThatMayOnlyBeReadIsAnAccessError) {
+    const TemporaryFolder folder;
+    const test::SmallDisk disk(folder.Path("disk"), 64);
+    if (!disk.IsThere()) {
+        GTEST_SKIP() << "no disk can be mounted here";
+    }
+    folder.Put("disk/a", "old");
+    ASSERT_EQ(mount(nullptr, folder.Path("disk").c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0);
+    EXPECT_EQ(FaultOf([&] { WriteWholeFile(folder.Path("disk/a"), "new"); }), 75);
+    EXPECT_EQ(FaultOf([&] { WriteWholeFile(folder.Path("disk/b"), "new"); }), 75);
+    EXPECT_EQ(folder.Get("disk/a"), "old");
+}
+
+TEST(WholeFile, IsWrittenPieceByPieceAndStandsUnderItsNameAtLast) {
+    const TemporaryFolder folder;
+    const std::string a = folder.Put("a", "old");
+    WholeFile file(a, "a.part");
+    file.Write("new");
+    file.Write("er");
+    EXPECT_EQ(folder.Get("a"), "old");
+    EXPECT_TRUE(folder.Has("a.part"));
+    file.PutInPlace(Flush::ToSystem);
+    EXPECT_EQ(folder.Get("a"), "newer");
+    EXPECT_EQ(folder.Entries(), 1U);
+}
+
+TEST(WholeFile, ThatIsNotPutInPlaceLeavesTheOldOneAndNothingElse) {
+    const TemporaryFolder folder;
+    const std::string a = folder.Put("a", "old");
+    {
+        WholeFile file(a);
+        file.Write("new");
+        EXPECT_EQ(folder.Entries(), 2U);
+    }
+    EXPECT_EQ(folder.Get("a"), "old");
+    EXPECT_EQ(folder.Entries(), 1U);
+}
+
+TEST(WholeFile, TakesThePlaceOfWhatAKilledProgramLeftUnderItsFixedName) {
+    const TemporaryFolder folder;
+    folder.Put("a.part", "much longer than what comes");
+    WholeFile file(folder.Path("a"), "a.part");
+    file.Write("new");
+    file.PutInPlace(Flush::ToDisk);
+    EXPECT_EQ(folder.Get("a"), "new");
+    EXPECT_EQ(folder.Entries(), 1U);
+}
+
+// A link under that name could lead to any file of the user's.
+TEST(WholeFile, FollowsNoLinkUnderItsFixedName) {
+    const TemporaryFolder folder;
+    folder.Put("precious", "old");
+    fs::create_symlink("precious", folder.Path("a.part"));
+    EXPECT_EQ(FaultOf([&] { WholeFile(folder.Path("a"), "a.part"); }), 75);
+    EXPECT_EQ(folder.Get("precious"), "old");
+}
+
+TEST(WholeFile, AFolderThatGoesAwayWhileItIsWrittenIsPathNotFound) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder.Path("far"));
+    WholeFile file(folder.Path("far/a"));
+    file.Write("new");
+    fs::remove_all(folder.Path("far"));
+    EXPECT_EQ(FaultOf([&] { file.PutInPlace(Flush::ToDisk); }), 76);
+}
+
+TEST(WholeFile, ANameThatBecomesAFolderWhileItIsWrittenIsAnAccessError) {
+    const TemporaryFolder folder;
+    {
+        WholeFile file(folder.Path("a"));
+        file.Write("new");
+        fs::create_directory(folder.Path("a"));
+        EXPECT_EQ(FaultOf([&] { file.PutInPlace(Flush::ToDisk); }), 75);
+    }
+    EXPECT_TRUE(fs::is_directory(folder.Path("a")));
+    EXPECT_EQ(folder.Entries(), 1U);
 }
 
 // As an ordinary user, who may write the devices of the machine but could not put a file in their place: root could, if

@@ -2,7 +2,13 @@
 #include "study/run_study.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <filesystem>
+
+#include "platform/file_lock.h"
+#include "platform/folders.h"
+#include "solver_io/restrictions.h"
 #include "study/memory.h"
 #include "study/results.h"
 #include "study/study_folder.h"
@@ -118,6 +124,114 @@ TEST(RunOfAStudy, ASecondRunOfTheSameStudyIsRefused) {
     const Memory first(study, folder.Path("a.sqlite"), {0, study.Rows});
     EXPECT_EQ(ToldOf(RunStudy(study, {folder.Path("a"), 1}), folder),
               "a.sqlite: another run of this study works on it");
+}
+
+// SQLite's own lock ends with the memory, and the tables are written behind it.
+TEST(RunOfAStudy, ASecondRunIsRefusedUntilTheTablesOfTheFirstAreWritten) {
+    const StudyFolder folder;
+    const Study study = folder.StudyOf(Grid());
+    bool held = false;
+    auto lock = FileLock::OfAnyFile(folder.Path("a.sqlite.lock"), held);
+    ASSERT_NE(lock, nullptr);
+    EXPECT_EQ(ToldOf(RunStudy(study, {folder.Path("a"), 1}), folder),
+              "a.sqlite: another run of this study works on it");
+    EXPECT_FALSE(folder.Has("a.sqlite"));
+    lock.reset();  // as that of a program that was killed, whose file stays
+    EXPECT_EQ(ToldOf(RunStudy(study, {folder.Path("a"), 1}), folder), "passes");
+    EXPECT_FALSE(folder.Has("a.sqlite.lock"));
+}
+
+// A part that was asked for was made, without a byte.
+TEST(RunOfAStudy, APartThatIsMissingIsNotMadeByTheJoining) {
+    const StudyFolder folder;
+    const Study study = folder.StudyOf(Grid());
+    RunAll(study, {folder.Path("p"), 1, 1, 2});
+    EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder),
+              "p.part-2-of-2.sqlite: there is no such file: run this part first");
+    EXPECT_FALSE(folder.Has("p.part-2-of-2.sqlite"));
+}
+
+// It was the file of the whole that the user was told to move away.
+TEST(RunOfAStudy, OfAPartThatIsBrokenOrWorkedOnThePartIsNamed) {
+    const StudyFolder folder;
+    const Study study = folder.StudyOf(Grid());
+    for (const int part : {1, 2}) {
+        RunAll(study, {folder.Path("p"), 1, part, 2});
+    }
+    const std::string whole = folder.Get("p.part-2-of-2.sqlite");
+    folder.Put("p.part-2-of-2.sqlite", std::string(whole.size(), 'x'));
+    EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder).substr(0, 42),
+              "p.part-2-of-2.sqlite: is no results file: ");
+    // The marks stand in the first pages and are read before the rows.
+    ASSERT_GE(whole.size(), 3U * 4096);
+    folder.Put("p.part-2-of-2.sqlite", whole.substr(0, whole.size() - 4096) + std::string(4096, 'x'));
+    EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder).substr(0, 22), "p.part-2-of-2.sqlite: ");
+    folder.Put("p.part-2-of-2.sqlite", whole);
+    {
+        const Memory working(study, folder.Path("p.part-2-of-2.sqlite"), RangeOf(study.Rows, 2, 2));
+        EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder),
+                  "p.part-2-of-2.sqlite: another run of this study works on it");
+    }
+    EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder), "passes");
+}
+
+// What is carried to another machine is one file.
+TEST(RunOfAStudy, APartThatIsDoneIsWholeByItself) {
+    const StudyFolder folder;
+    const Study study = folder.StudyOf(Grid());
+    RunAll(study, {folder.Path("p"), 1, 1, 2});
+    EXPECT_FALSE(folder.Has("p.part-1-of-2.sqlite-wal"));
+    folder.Put("q.part-1-of-2.sqlite", folder.Get("p.part-1-of-2.sqlite"));
+    EXPECT_EQ(RunAll(study, {folder.Path("q"), 1, 1, 2}).Earlier, 75U);
+}
+
+// Results that were links became files beside what they had led to.
+TEST(RunOfAStudy, ResultsThatAreLinksAreFollowedAndKeepTheirRights) {
+    namespace fs = std::filesystem;
+    constexpr fs::perms owner = fs::perms::owner_read | fs::perms::owner_write;
+    const StudyFolder folder;
+    const Study study = folder.StudyOf(Grid());
+    fs::create_directory(folder.Path("far"));
+    for (const char* end : {".csv", ".sqlite"}) {
+        fs::create_symlink(std::string("far/b") + end, folder.Path(std::string("a") + end));
+    }
+    for (int run = 0; run < 2; ++run) {
+        RunAll(study, {folder.Path("a"), 1});
+        for (const std::string end : {".csv", ".sqlite"}) {
+            EXPECT_TRUE(fs::is_symlink(folder.Path("a" + end))) << end;
+            const std::string file = folder.Path("far/b" + end);
+            EXPECT_TRUE(run == 0 || fs::status(file).permissions() == owner) << end;
+            fs::permissions(file, owner);
+        }
+    }
+    EXPECT_EQ(NamesIn(folder.Path("far")), (std::vector<std::string>{"b.csv", "b.sqlite"}));
+}
+
+// A table that was protected was replaced all the same.
+TEST(RunOfAStudy, ATableThatMayNotBeWrittenIsToldAndLeft) {
+    const StudyFolder folder;
+    const Study study = folder.StudyOf(Grid());
+    folder.Put("a.csv", "old");
+    chmod(folder.Path("a.csv").c_str(), 0444);
+    const solver::test::AsOrdinaryUser user;
+    EXPECT_EQ(ToldOf(RunStudy(study, {folder.Path("a"), 1}), folder),
+              "a.csv: cannot be written: Path/File access error; the results are kept: start the study again");
+    EXPECT_EQ(folder.Get("a.csv"), "old");
+    EXPECT_FALSE(folder.Has("a.csv.new"));
+}
+
+// SQLite takes the first for an address.
+TEST(RunOfAStudy, ANameIsNothingButAName) {
+    const StudyFolder folder;
+    const Study study = folder.StudyOf(Grid());
+    const std::string before = std::filesystem::current_path().string();
+    std::filesystem::current_path(folder.Path());
+    for (const std::string name : {"file:a?mode=memory&x=", ":memory:"}) {
+        RunAll(study, {name, 1});
+        EXPECT_GT(folder.Get(name + ".sqlite").size(), 4096U) << name;
+        EXPECT_GT(folder.Get(name + ".csv").size(), 4096U) << name;
+    }
+    std::filesystem::current_path(before);
 }
 
 TEST(RunOfAStudy, BadRowsAreKeptApartAndStopNothing) {

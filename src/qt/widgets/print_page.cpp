@@ -1,17 +1,20 @@
 // Printing, see print_page.h.
 #include "qt/widgets/print_page.h"
 
+#include <QBuffer>
 #include <QDir>
-#include <QFile>
 #include <QFontMetricsF>
 #include <QMessageBox>
 #include <QPageLayout>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrintDialog>
 #include <algorithm>
 #include <cmath>
 #include <memory>
 
+#include "base/runtime_fault.h"
+#include "platform/files.h"
 #include "qt/widgets/dialog_words.h"
 #include "qt/widgets/screen_fonts.h"
 
@@ -38,12 +41,12 @@ double LettersFor(const QStringList& lines, const QFont& font, double pointsWide
 
 class ColumnPages {
 public:
-    ColumnPages(QPrinter& printer, const QStringList& lines, const QFont& font, QString title)
+    ColumnPages(QPagedPaintDevice& printer, const QStringList& lines, const QFont& font, QString title)
         : printer_(printer), lines_(lines), font_(font), title_(std::move(title)) {}
 
     bool Print() {
         const QRectF page = printer_.pageLayout().paintRect(QPageLayout::Point);
-        const double pixelsPerPoint = printer_.resolution() / 72.0;
+        const double pixelsPerPoint = printer_.logicalDpiX() / 72.0;
         font_.setHintingPreference(QFont::PreferNoHinting);
         font_.setPixelSize(
             std::max(1, static_cast<int>(std::floor(LettersFor(lines_, font_, page.width()) * pixelsPerPoint))));
@@ -74,7 +77,7 @@ public:
     }
 
 private:
-    QPrinter& printer_;
+    QPagedPaintDevice& printer_;
     const QStringList& lines_;
     QFont font_;
     QString title_;
@@ -87,35 +90,58 @@ QString DocumentName(QString title) {
     return title + QStringLiteral(".pdf");
 }
 
-/// The file that is printed into; "" for a printer.
-QString PrintedFile(const QPrinter& printer) {
-    return printer.outputFormat() == QPrinter::PdfFormat ? printer.outputFileName() : QString();
-}
-
-/// Whether all has gone out. Of a file that could not be written to its end (a full disk) Qt says nothing; but a whole
-/// one ends as all of its kind do.
-bool HasPrinted(const QPrinter& printer) {
-    const QString name = PrintedFile(printer);
-    if (printer.printerState() == QPrinter::Error || name.isEmpty()) {
-        return printer.printerState() != QPrinter::Error;
-    }
-    constexpr qint64 lastBytes = 16;
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) && file.size() > lastBytes && file.seek(file.size() - lastBytes) &&
-           file.read(lastBytes).contains("%%EOF");
-}
-
-void TellFailure(const QPrinter& printer, QWidget& owner, forms::Language words) {
+/// @param file  that is printed into; "" for a printer
+void TellFailure(const QString& file, QWidget& owner, forms::Language words) {
     QMessageBox box(QMessageBox::Warning, QStringLiteral("ZIRVO"),
                     words == forms::Language::Japanese ? QStringLiteral("印刷できません。")
                                                        : QStringLiteral("This cannot be printed."),
                     QMessageBox::Ok, &owner);
     box.setObjectName(QStringLiteral("PrintFailure"));
     box.setTextFormat(Qt::PlainText);
-    if (const QString name = PrintedFile(printer); !name.isEmpty()) {
-        box.setText(box.text() + QStringLiteral("\n\n") + QDir::toNativeSeparators(name));
+    if (!file.isEmpty()) {
+        box.setText(box.text() + QStringLiteral("\n\n") + QDir::toNativeSeparators(file));
     }
     box.exec();
+}
+
+using PrintOn = std::function<bool(QPagedPaintDevice& printer)>;
+
+/// The pages as the bytes of a PDF, laid out as the printer has it.
+bool PrintIntoBytes(const QPrinter& printer, const PrintOn& print, QByteArray& bytes) {
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter pdf(&buffer);
+    pdf.setResolution(printer.resolution());
+    pdf.setPageLayout(printer.pageLayout());
+    pdf.setPageRanges(printer.pageRanges());
+    pdf.setTitle(printer.docName());
+    pdf.setCreator(printer.creator());
+    return print(pdf);
+}
+
+/// Prints and tells where that fails. The printer itself would empty an old file first, and tell nothing of a disk that
+/// is full: a file is made in memory and put into place as a whole.
+void PrintAndTell(QPrinter& printer, QWidget& owner, forms::Language words, const PrintOn& print) {
+    const QString file = printer.outputFormat() == QPrinter::PdfFormat ? printer.outputFileName() : QString();
+    if (file.isEmpty()) {
+        if (!print(printer) || printer.printerState() == QPrinter::Error) {
+            TellFailure(file, owner, words);
+        }
+        return;
+    }
+    QByteArray bytes;
+    bool done = PrintIntoBytes(printer, print, bytes);
+    if (done) {
+        try {
+            WriteWholeFile(file.toStdString(),
+                           std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+        } catch (const RuntimeFault&) {
+            done = false;
+        }
+    }
+    if (!done) {
+        TellFailure(file, owner, words);
+    }
 }
 
 }  // namespace
@@ -144,8 +170,9 @@ void PrintColumns(const QString& text, const QFont& font, const QString& title, 
     if (LettersFor(lines, font, printer.pageLayout().paintRect(QPageLayout::Point).width()) < ReadableLetters) {
         printer.setPageOrientation(QPageLayout::Landscape);
     }
-    if (choose(printer, owner, words) && !(ColumnPages(printer, lines, font, title).Print() && HasPrinted(printer))) {
-        TellFailure(printer, owner, words);
+    if (choose(printer, owner, words)) {
+        PrintAndTell(printer, owner, words,
+                     [&](QPagedPaintDevice& device) { return ColumnPages(device, lines, font, title).Print(); });
     }
 }
 
@@ -153,10 +180,10 @@ void PrintDocument(const QTextDocument& document, QWidget& owner, forms::Languag
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(DocumentName(document.metaInformation(QTextDocument::DocumentTitle)));
     if (choose(printer, owner, words)) {
-        document.print(&printer);
-        if (!HasPrinted(printer)) {
-            TellFailure(printer, owner, words);
-        }
+        PrintAndTell(printer, owner, words, [&](QPagedPaintDevice& device) {
+            document.print(&device);
+            return true;
+        });
     }
 }
 
