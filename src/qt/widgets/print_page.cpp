@@ -3,6 +3,7 @@
 
 #include <QBuffer>
 #include <QDir>
+#include <QFileDialog>
 #include <QFontMetricsF>
 #include <QMessageBox>
 #include <QPageLayout>
@@ -144,10 +145,29 @@ void PrintAndTell(QPrinter& printer, QWidget& owner, forms::Language words, cons
     }
 }
 
+#ifdef Q_OS_WIN
+/// Windows has no dialog for a machine without a printer, and Qt's does not come up there: the pages go into a file.
+bool AskForFile(QPrinter& printer, QWidget& owner, forms::Language words) {
+    const QString folder = QDir::currentPath();
+    const QString title = words == forms::Language::Japanese
+                              ? QStringLiteral("プリンターがありません: PDF ファイルに印刷")
+                              : QStringLiteral("No printer: print to a PDF file");
+    const QString file = QFileDialog::getSaveFileName(&owner, title, printer.docName(), QStringLiteral("PDF (*.pdf)"));
+    QDir::setCurrent(folder);  // the system's dialog may have moved it
+    printer.setOutputFileName(file);
+    return !file.isEmpty();
+}
+#endif
+
 }  // namespace
 
 bool AskForPrinter(QPrinter& printer, QWidget& owner, forms::Language words) {
     const DialogWords language(words);
+#ifdef Q_OS_WIN
+    if (printer.outputFormat() != QPrinter::NativeFormat) {
+        return AskForFile(printer, owner, words);
+    }
+#endif
     QPrintDialog dialog(&printer, &owner);
     dialog.setObjectName(QStringLiteral("PrintDialog"));
     dialog.setWindowRole(dialog.objectName());

@@ -14,7 +14,7 @@ namespace zirvo::widgets {
 /// test sets up in its place writes a PDF.
 using PrinterChoice = std::function<bool(QPrinter& printer, QWidget& owner, forms::Language words)>;
 
-/// Asks in the dialog of the system.
+/// Asks in the dialog of the system; on Windows without a printer for the name of a PDF file.
 bool AskForPrinter(QPrinter& printer, QWidget& owner, forms::Language words);
 
 /// A text in columns: no line is broken, so the letters are as small as the longest line makes them; lines that would
