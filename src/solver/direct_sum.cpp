@@ -164,7 +164,7 @@ void DirectSum::MakeFields(int nodes) {
     grow(scratch_.Fields, slots * NodeBlock * FieldNumbers);
     grow(scratch_.Forms, slots * NodeBlock);
     grow(scratch_.Thin, slots * ThinNumbers * NodeBlock);
-    grow(scratch_.Doubts, 2 * Segments * slots * Kinds);
+    grow(scratch_.Doubts, slots * 2 * Segments * Kinds);
     const Engine& engine = work_.TheEngine;
     const int before = deepest_;
     (precise_ ? engine.PreciseFields : engine.Fields)(work_.Layers.View(), group_.Radius, xi_, nodes, slots_.data(),
@@ -225,7 +225,7 @@ void DirectSum::CompareSample(std::size_t sample, int segment, int node, const d
     const std::size_t slot = sample / SampleDepths;
     const double* numbers = scratch_.Fields.data() + slot * NodeBlock * FieldNumbers +
                             static_cast<std::size_t>(node / 8 * 8 * FieldNumbers + node % 8);
-    const auto component = [&](int i) {
+    const auto component = [&](std::ptrdiff_t i) {
         double sum = 0;
         for (std::ptrdiff_t j = 0; j < 4; ++j) {
             sum += numbers[(i * 4 + j) * 8] * depth[j * NodeBlock];
