@@ -224,6 +224,7 @@ TEST_F(KilledAct, AnalyzeLeavesReportsAndCopiesOldOrNew) {
 TEST_F(KilledAct, SavePictureLeavesTheOldOneOrTheNewOne) {
     const std::string road = SampleBytesOf("road.ven");
     std::ofstream(Session.WorkFolder() / "road.ven", std::ios::binary) << road;
+    QImage shown;
     KillOverAndOver(
         [&] {
             GoToTheData("road.ven", 2, 1);
@@ -235,6 +236,7 @@ TEST_F(KilledAct, SavePictureLeavesTheOldOneOrTheNewOne) {
             Session.Type("0");
             Session.Key("Return");
             Session.WaitUntilItChanges("Form6", "Picture1", before);
+            shown = Session.Picture("Form6", "Picture1");
             Session.Click("Form6", "Command7");
             Session.WaitForWindow("FileDialog");
             Session.Key("ctrl+a");
@@ -243,7 +245,7 @@ TEST_F(KilledAct, SavePictureLeavesTheOldOneOrTheNewOne) {
         "Return", {".zirvo-"}, {{"map.bmp", "GIF89a, and an old one"}});
     EXPECT_EQ(BytesOf("road.ven"), road);
     const QImage saved(QString::fromStdString((Session.WorkFolder() / "map.bmp").string()));
-    EXPECT_EQ(saved.size(), QSize(529, 540));
+    EXPECT_EQ(saved.size(), shown.size());
 }
 
 }  // namespace
