@@ -108,7 +108,6 @@ void Memory::EachBad(const std::function<void(const BadRow&)>& take) {
 }
 
 void Memory::ReplaceBy(Unfinished& file) {
-    database_.Execute("PRAGMA synchronous=OFF");  // nobody reads it again
     database_.CloseWhole();  // what is left written ahead would be taken for a part of the new file
     if (!file.PutInPlace()) {
         throw FileError{database_.Path(), 0, "cannot be replaced by its finished self"};
