@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+#include <numeric>
 
 #include "solver/pair_rows.h"
 #include "solver/sum_rules.h"
@@ -17,6 +17,22 @@ constexpr double DepthGoal = 1e-15;          // of interpolation in z, in units 
 constexpr double RelativeDepthGoal = 5e-12;  // or as a share of the value
 constexpr double DepthSpread = 2;            // of errors at the nodes in z, by the weights of the interpolation
 constexpr double CarefulShare = 0.1;         // of the budget: what has run out of it once is not mended by care
+constexpr std::size_t PairsOfPart = 1000;    // that one thread takes at a time: some 50 microseconds
+
+/// Where runs of items begin that hold at least PairsOfPart pairs each (the last may hold fewer), and the end.
+/// @param ends  of the items in the points; @param loads  at each point
+std::vector<std::size_t> PartsOf(const std::vector<std::size_t>& ends, std::size_t loads) {
+    std::vector<std::size_t> parts{0};
+    std::size_t from = 0;
+    for (std::size_t i = 0; i < ends.size(); ++i) {
+        if ((ends[i] - from) * loads >= PairsOfPart || i + 1 == ends.size()) {
+            parts.push_back(i + 1);
+            from = ends[i];
+        }
+    }
+    return parts;
+}
+
 }  // namespace
 
 /// The pairs' own radii where they are fewer than the nodes of the cells that would serve them.
@@ -112,7 +128,7 @@ std::size_t ChunkWork::ItemOf(std::size_t group, double r) const {
 }
 
 void ChunkWork::MakeTable() {
-    const TableCare care{budget_, careful_ || work_.Layers.Contrast > PreciseContrast, careful_ ? 1 : 0};
+    const TableCare care{budget_, careful_ || work_.Layers.Contrast > PreciseContrast, careful_ ? 1 : 0, work_.Helpers};
     const double widest = (work_.Layers.Slips ? SlipCellShare : CellShare) * (careful_ ? 0.5 : 1);
     for (double share = widest; table_.empty() || (cells_ && !table_[0].Smooth() && share > NarrowestShare);
          share *= 0.5) {
@@ -125,9 +141,9 @@ void ChunkWork::MakeTable() {
 void ChunkWork::RunParts(const DepthChunk& whole, bool careful) const {
     const auto parts = WithoutNodes(work_.TheProblem, whole, MostSources);
     const double budget = careful && !careful_ ? CarefulShare * budget_ : budget_;
-    for (const DepthChunk& part : parts) {
-        ChunkWork(work_, part, budget / static_cast<double>(parts.size()), careful).Run();
-    }
+    ShareWith(work_.Helpers, parts.size(), [&](std::size_t i) {
+        ChunkWork(work_, parts[i], budget / static_cast<double>(parts.size()), careful).Run();
+    });
 }
 
 void ChunkWork::Run() {
@@ -138,14 +154,10 @@ void ChunkWork::Run() {
             return;
         }
     }
-    for (std::size_t first = 0; first < chunk_.Points.size();) {
-        std::size_t last = first;
-        while (last < chunk_.Points.size() && chunk_.Points[last].X == chunk_.Points[first].X &&
-               chunk_.Points[last].Y == chunk_.Points[first].Y) {
-            ++last;
-        }
-        AddPlace(first, last);
-        first = last;
+    if (ByDepth()) {
+        AddDepths();
+    } else {
+        AddPlaces();
     }
     if (!table_.empty()) {
         if (careful_) {
@@ -205,39 +217,104 @@ bool ChunkWork::GoodInDepth() {
     return good;
 }
 
+/// On nodes in z: true if one interpolation of a group's whole table serves all its pairs of a depth, since they
+/// outnumber the items.
+bool ChunkWork::ByDepth() const {
+    if (table_.empty() || chunk_.Depths.front().Source >= 0) {
+        return false;
+    }
+    const std::size_t items = table_[0].Items().size();
+    return std::any_of(work_.Groups.begin(), work_.Groups.end(), [&](const LoadGroup& group) {
+        return group.Loads.size() * chunk_.Points.size() > items * chunk_.Depths.size();
+    });
+}
+
+void ChunkWork::AddPlaces() const {
+    std::vector<std::size_t> ends;
+    for (std::size_t i = 1; i <= chunk_.Points.size(); ++i) {
+        if (i == chunk_.Points.size() || chunk_.Points[i].X != chunk_.Points[i - 1].X ||
+            chunk_.Points[i].Y != chunk_.Points[i - 1].Y) {
+            ends.push_back(i);
+        }
+    }
+    const auto parts = PartsOf(ends, work_.TheProblem.Loads.size());
+    ShareWith(work_.Helpers, parts.size() - 1, [&](std::size_t part) {
+        PointRoom room;
+        for (std::size_t i = parts[part]; i < parts[part + 1]; ++i) {
+            AddPlace(i > 0 ? ends[i - 1] : 0, ends[i], room);
+        }
+    });
+}
+
+void ChunkWork::AddDepths() const {
+    std::vector<std::size_t> ends(chunk_.Depths.size(), 0);
+    for (const ChunkPoint& point : chunk_.Points) {
+        ++ends[static_cast<std::size_t>(point.Depth)];
+    }
+    std::partial_sum(ends.begin(), ends.end(), ends.begin());
+    std::vector<std::size_t> points(chunk_.Points.size());  // by depth, then place
+    std::vector<std::size_t> places = ends;
+    for (std::size_t i = chunk_.Points.size(); i-- > 0;) {
+        points[--places[static_cast<std::size_t>(chunk_.Points[i].Depth)]] = i;
+    }
+    const auto parts = PartsOf(ends, work_.TheProblem.Loads.size());
+    ShareWith(work_.Helpers, parts.size() - 1, [&](std::size_t part) {
+        PointRoom room;
+        for (std::size_t i = parts[part]; i < parts[part + 1]; ++i) {
+            AddDepth(points.data() + places[i], points.data() + ends[i], room);
+        }
+    });
+}
+
 /// All points of one place (X, Y): their loads, then their results.
-void ChunkWork::AddPlace(std::size_t first, std::size_t last) {
-    sums_.assign(last - first, PointSums{});
+void ChunkWork::AddPlace(std::size_t first, std::size_t last, PointRoom& room) const {
+    room.Sums.assign(last - first, PointSums{});
+    room.DepthRows.clear();
     for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
-        // On nodes in z, one interpolation of the group's whole table serves all its loads where they outnumber its
-        // items.
-        const bool whole = !table_.empty() && chunk_.Depths.front().Source < 0 &&
-                           work_.Groups[g].Loads.size() > table_[0].Items().size();
-        const std::size_t step = whole ? 1 : last - first;
-        for (std::size_t i = first; i < last; i += step) {
-            if (whole) {
-                const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[i].Depth)];
-                table_[0].InterpolateDepth(g, depth.Weights, depthRows_);
-            } else {
-                depthRows_.clear();
-            }
-            for (const GroupLoad& load : work_.Groups[g].Loads) {
-                AddPair(g, load, PositionFrom(load, chunk_.Points[first].X, chunk_.Points[first].Y), i - first, i,
-                        i + step);
-            }
+        for (const GroupLoad& load : work_.Groups[g].Loads) {
+            AddPair(g, load, PositionFrom(load, chunk_.Points[first].X, chunk_.Points[first].Y), first, last,
+                    room.DepthRows, room.Sums.data());
         }
     }
     for (std::size_t i = first; i < last; ++i) {
-        const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[i].Depth)];
-        const auto layer = static_cast<std::size_t>(depth.Layer);
-        Keep(chunk_.Points[i].Point, ComposeResult(sums_[i - first], work_.Layers.M2[layer], work_.Layers.Nu[layer],
-                                                   depth.Z == 0 && layer == 0, work_.Scale));
+        Compose(i, room.Sums[i - first]);
     }
 }
 
-/// One load at points first .. last - 1 of one place, whose sums begin at `sum`.
-void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t sum,
-                        std::size_t first, std::size_t last) {
+/// All points of one depth of a chunk on nodes in z, given by their places in the chunk.
+void ChunkWork::AddDepth(const std::size_t* first, const std::size_t* last, PointRoom& room) const {
+    const auto count = static_cast<std::size_t>(last - first);
+    room.Sums.assign(count, PointSums{});
+    for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
+        room.DepthRows.clear();
+        if (work_.Groups[g].Loads.size() * count > table_[0].Items().size()) {
+            const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[*first].Depth)];
+            table_[0].InterpolateDepth(g, depth.Weights, room.DepthRows);
+        }
+        for (std::size_t i = 0; i < count; ++i) {
+            const ChunkPoint& point = chunk_.Points[first[i]];
+            for (const GroupLoad& load : work_.Groups[g].Loads) {
+                AddPair(g, load, PositionFrom(load, point.X, point.Y), first[i], first[i] + 1, room.DepthRows,
+                        &room.Sums[i]);
+            }
+        }
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+        Compose(first[i], room.Sums[i]);
+    }
+}
+
+void ChunkWork::Compose(std::size_t point, const PointSums& sums) const {
+    const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[point].Depth)];
+    const auto layer = static_cast<std::size_t>(depth.Layer);
+    Keep(chunk_.Points[point].Point,
+         ComposeResult(sums, work_.Layers.M2[layer], work_.Layers.Nu[layer], depth.Z == 0 && layer == 0, work_.Scale));
+}
+
+/// One load at points first .. last - 1 of one place.
+/// @param depthRows  the group's table at their depth, or empty; @param sums  of the points
+void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t first,
+                        std::size_t last, const std::vector<double>& depthRows, PointSums* sums) const {
     const double radius = work_.Groups[group].Radius;
     const double gap = GapFrom(load, radius, position, chunk_.Points[first].X, chunk_.Points[first].Y);
     std::array<double, ChebyshevCount> weights{1};
@@ -263,18 +340,18 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
             std::fill(std::begin(rows), std::end(rows), 0.0);
             errors = {};
             if (!table_.empty()) {
-                AddLayered(group, item, weights, depth, rows);
+                AddLayered(group, item, weights, depth, depthRows, rows);
                 errors = depth.Source >= 0 ? table_[0].Errors(group, item, static_cast<std::size_t>(depth.Source))
                                            : depthErrors_[cells_ ? group * table_[0].Items().size() + item : item];
             }
             AddHalfSpace(work_, depth, load, radius, gap, rows, errors);
         }
-        AddToPoint(work_, depth, load, position, radius, gap, rows, errors, sums_[sum + i - first]);
+        AddToPoint(work_, depth, load, position, radius, gap, rows, errors, sums[i - first]);
     }
 }
 
 void ChunkWork::AddLayered(std::size_t group, std::size_t item, const std::array<double, ChebyshevCount>& weights,
-                           const PointDepth& depth, double* rows) const {
+                           const PointDepth& depth, const std::vector<double>& depthRows, double* rows) const {
     const SumTable& table = table_[0];
     const int stride = table.Stride(group);
     if (depth.Source >= 0) {
@@ -282,8 +359,8 @@ void ChunkWork::AddLayered(std::size_t group, std::size_t item, const std::array
                                     columns_, stride, rows);
         return;
     }
-    if (!depthRows_.empty()) {
-        work_.TheEngine.Interpolate(table.RowsIn(depthRows_, group, item), weights.data(), columns_, stride, rows);
+    if (!depthRows.empty()) {
+        work_.TheEngine.Interpolate(table.RowsIn(depthRows, group, item), weights.data(), columns_, stride, rows);
         return;
     }
     for (std::size_t source = 0; source < ChebyshevCount; ++source) {

@@ -1,4 +1,5 @@
-// One chunk of depths: its sums, then its points. Caller: Solve, which gives each chunk to one thread.
+// One chunk of depths: its sums, then its points. Caller: Solve, which gives each chunk to one thread; others help with
+// its levels, its points and what is done again.
 #pragma once
 #include <algorithm>
 #include <array>
@@ -41,15 +42,25 @@ private:
     bool GoodInDepth();
     void MakeTable();
     void RunParts(const DepthChunk& whole, bool careful) const;
+    bool ByDepth() const;
+    void AddPlaces() const;
+    void AddDepths() const;
     void DoAgain() const;
     void DoJointly() const;
     void JoinPlace(std::size_t first, std::size_t last, double& budget) const;
     void Keep(std::size_t point, const PointResult& result) const;
-    void AddPlace(std::size_t first, std::size_t last);
-    void AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t sum,
-                 std::size_t first, std::size_t last);
+    /// Room for some points, of one thread.
+    struct PointRoom {
+        std::vector<PointSums> Sums;
+        std::vector<double> DepthRows;  // a group's table at the depth at hand, or empty
+    };
+    void AddPlace(std::size_t first, std::size_t last, PointRoom& room) const;
+    void AddDepth(const std::size_t* first, const std::size_t* last, PointRoom& room) const;
+    void AddPair(std::size_t group, const GroupLoad& load, const PolarPosition& position, std::size_t first,
+                 std::size_t last, const std::vector<double>& depthRows, PointSums* sums) const;
     void AddLayered(std::size_t group, std::size_t item, const std::array<double, ChebyshevCount>& weights,
-                    const PointDepth& depth, double* rows) const;
+                    const PointDepth& depth, const std::vector<double>& depthRows, double* rows) const;
+    void Compose(std::size_t point, const PointSums& sums) const;
 
     const Work& work_;
     const DepthChunk& chunk_;
@@ -62,8 +73,6 @@ private:
     std::vector<std::vector<double>> groupRadii_;  // of each group, ascending, where radii are taken as they are
     std::vector<std::size_t> groupFirst_;          // the group's first item there
     std::vector<SumErrors> depthErrors_;           // as the items' errors, where the chunk stands on nodes in z
-    std::vector<double> depthRows_;                // a group's table at the depth at hand, or empty
-    std::vector<PointSums> sums_;                  // of the points of one place
 };
 
 }  // namespace zirvo::solver

@@ -1,7 +1,6 @@
 #include "solver/depth_plan.h"
 
 #include <algorithm>
-#include <numeric>
 #include <tuple>
 
 namespace zirvo::solver {
@@ -20,14 +19,29 @@ struct Distinct {
     std::size_t First = 0, Last = 0;  // range in the sorted points
 };
 
+/// The points by layer and depth. Those of a grid often come in this order.
 std::vector<std::size_t> SortedPoints(const Problem& problem) {
-    std::vector<std::size_t> order(problem.Points.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-        const Point& p = problem.Points[a];
-        const Point& q = problem.Points[b];
-        return std::tie(p.Layer, p.Z, p.X, p.Y, a) < std::tie(q.Layer, q.Z, q.X, q.Y, b);
-    });
+    struct Key {
+        int Layer;
+        double Z;
+        std::size_t Point;
+    };
+    std::vector<Key> keys;
+    keys.reserve(problem.Points.size());
+    for (const Point& point : problem.Points) {
+        keys.push_back({point.Layer, point.Z, keys.size()});
+    }
+    const auto before = [](const Key& a, const Key& b) {
+        return std::tie(a.Layer, a.Z, a.Point) < std::tie(b.Layer, b.Z, b.Point);
+    };
+    if (!std::is_sorted(keys.begin(), keys.end(), before)) {
+        std::sort(keys.begin(), keys.end(), before);
+    }
+    std::vector<std::size_t> order;
+    order.reserve(keys.size());
+    for (const Key& key : keys) {
+        order.push_back(key.Point);
+    }
     return order;
 }
 
@@ -41,9 +55,12 @@ void AddPoints(const Problem& problem, const std::vector<std::size_t>& order, co
 }
 
 void SortByPlace(DepthChunk& chunk) {
-    std::sort(chunk.Points.begin(), chunk.Points.end(), [](const ChunkPoint& a, const ChunkPoint& b) {
+    const auto before = [](const ChunkPoint& a, const ChunkPoint& b) {
         return std::tie(a.X, a.Y, a.Depth, a.Point) < std::tie(b.X, b.Y, b.Depth, b.Point);
-    });
+    };
+    if (!std::is_sorted(chunk.Points.begin(), chunk.Points.end(), before)) {
+        std::sort(chunk.Points.begin(), chunk.Points.end(), before);
+    }
 }
 
 /// One chunk for distinct depths first .. last - 1, all in one layer, on Chebyshev nodes.
@@ -63,7 +80,6 @@ DepthChunk NodeChunk(const Problem& problem, const std::vector<std::size_t>& ord
         chunk.Depths.push_back(depth);
         AddPoints(problem, order, distinct[i], chunk);
     }
-    SortByPlace(chunk);
     return chunk;
 }
 
@@ -143,7 +159,7 @@ DepthChunk PartOf(const DepthChunk& chunk, const std::vector<bool>& wanted) {
     return part;
 }
 
-std::vector<DepthChunk> PlanDepths(const Problem& problem, std::size_t mostSources) {
+std::vector<DepthChunk> PlanDepths(const Problem& problem, std::size_t mostSources, Crew* helpers) {
     const auto order = SortedPoints(problem);
     std::vector<Distinct> distinct;
     for (std::size_t i = 0; i < order.size(); ++i) {
@@ -174,9 +190,9 @@ std::vector<DepthChunk> PlanDepths(const Problem& problem, std::size_t mostSourc
             chunk.Sources.push_back({rest[i].Layer, rest[i].Z, rest[i].Effective});
             AddPoints(problem, order, rest[i], chunk);
         }
-        SortByPlace(chunk);
         chunks.push_back(std::move(chunk));
     }
+    ShareWith(helpers, chunks.size(), [&](std::size_t i) { SortByPlace(chunks[i]); });
     return chunks;
 }
 

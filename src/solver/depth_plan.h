@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "solver/crew.h"
 #include "solver/problem.h"
 #include "solver/tables.h"
 
@@ -59,6 +60,7 @@ std::vector<DepthChunk> WithoutNodes(const Problem& problem, const DepthChunk& c
 DepthChunk PartOf(const DepthChunk& chunk, const std::vector<bool>& wanted);
 
 /// All points, in chunks of work. A chunk has at most `mostSources` sources.
-std::vector<DepthChunk> PlanDepths(const Problem& problem, std::size_t mostSources);
+/// @param helpers  of ShareWith
+std::vector<DepthChunk> PlanDepths(const Problem& problem, std::size_t mostSources, Crew* helpers = nullptr);
 
 }  // namespace zirvo::solver

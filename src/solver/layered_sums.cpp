@@ -42,7 +42,8 @@ SumTable::SumTable(const LayerTable& layers, const std::vector<LoadGroup>& group
     costs.PerNodeAndColumn = 8 + 0.6 * cases * sources * served;
     const auto levels = SplitIntoLevels(items_, edges, ze, layers.LowScale, costs);
     blocks_.resize(levels.size());
-    for (std::size_t i = 0; i < levels.size(); ++i) {
+    std::vector<unsigned char> smooth(levels.size());
+    ShareWith(care.Helpers, levels.size(), [&](std::size_t i) {
         double columns = 0;
         for (const std::size_t item : levels[i].Items) {
             columns += items_[item].Group < 0 ? ChebyshevCount : 1;
@@ -53,14 +54,15 @@ SumTable::SumTable(const LayerTable& layers, const std::vector<LoadGroup>& group
         LevelSum sum({layers, groups, chunk, items_, engine}, levels[i], sumCare);
         sum.Run();
         Take(sum, levels[i], groups, i);
-    }
+        smooth[i] = sum.Smooth() ? 1 : 0;
+    });
+    smooth_ = std::find(smooth.begin(), smooth.end(), 0) == smooth.end();
 }
 
 /// The rows of a level, side by side for interpolation, and their errors.
 void SumTable::Take(const LevelSum& sum, const RadiusLevel& level, const std::vector<LoadGroup>& groups,
                     std::size_t index) {
     blocks_[index].resize(groups.size());
-    smooth_ = smooth_ && sum.Smooth();
     for (const std::size_t item : level.Items) {
         places_[item] = {index, sum.ColumnOf(item)};
     }

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "solver/crew.h"
 #include "solver/depth_plan.h"
 #include "solver/engine.h"
 #include "solver/level_sum.h"
@@ -18,6 +19,7 @@ struct TableCare {
     double Budget = 0;        ///< about how many nanoseconds it may take; what is cut off shows in the errors
     bool Precise = false;     ///< kernels in numbers of two parts
     int FirstRefinement = 0;  ///< the step of the nodes is halved so many times from the start
+    Crew* Helpers = nullptr;  ///< of ShareWith
 };
 
 class SumTable {

@@ -1,18 +1,16 @@
-// The whole solution: chunks of depths, each worked on by one thread and needing nothing of any other, so that the
-// answer does not depend on the number of threads.
+// The whole solution: chunks of depths, shared among threads. What is shared, here and within a chunk, hangs on the
+// problem alone and needs nothing of its neighbours, so that the answer does not depend on the number of threads.
 #include "solver/solve.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
-#include <exception>
 #include <limits>
-#include <mutex>
-#include <system_error>
 #include <thread>
 
 #include "solver/chunk_work.h"
+#include "solver/crew.h"
 #include "solver/direct_plan.h"
+#include "solver/direct_sum.h"
 #include "solver/direct_work.h"
 #include "solver/half_space.h"
 
@@ -20,7 +18,9 @@ namespace zirvo::solver {
 
 namespace {
 
-constexpr std::size_t SmallWork = 1000;
+constexpr std::size_t SmallWork = 1000;  // pairs of points and loads
+constexpr double SmallKernels = 1e5;     // of all nodes of a sum [ns, roughly]
+constexpr double Nodes = 220;            // of a sum, roughly
 constexpr double Budget = 6e10;  // of all sums [ns, roughly]: no pavement comes near it, absurd numbers must end too
 
 LoadScale ScaleOf(const Problem& problem) {
@@ -31,6 +31,13 @@ LoadScale ScaleOf(const Problem& problem) {
         scale.Pressure = std::max({scale.Pressure, std::fabs(load.Vertical) / area, std::fabs(load.Horizontal) / area});
     }
     return scale;
+}
+
+/// A road's few hundred pairs of points and loads are done before a second thread has started.
+bool IsSmall(const Work& work) {
+    const double sets = work.Layers.Slips ? static_cast<double>(work.Groups.size()) : 1;
+    return work.TheProblem.Points.size() * work.TheProblem.Loads.size() <= SmallWork &&
+           Nodes * sets * FieldCost(work.Layers, true, true) <= SmallKernels;
 }
 
 /// True where all numbers are such that the sums are finite in size and in time. Beyond lie numbers that are no
@@ -82,48 +89,23 @@ Solution Solve(const Problem& problem, const SolveOptions& options) {
     }
     std::vector<LoadGroup> groups = GroupLoads(problem);
     const LoadScale scale = ScaleOf(problem);
-    const Work work{problem, LayerTable(problem), std::move(groups), BestEngine(), scale, solution.Points};
-    const auto chunks = WithDirectChunks(work, PlanDepths(problem, MostSources));
-
-    std::atomic<std::size_t> next{0};
-    std::exception_ptr failure;
-    std::mutex failureLock;
-    const auto worker = [&] {
-        try {
-            for (std::size_t i = next++; i < chunks.size(); i = next++) {
-                const double budget = Budget / static_cast<double>(chunks.size());
-                if (chunks[i].Direct) {
-                    DirectWork(work, chunks[i], budget).Run();
-                } else {
-                    ChunkWork(work, chunks[i], budget, false).Run();
-                }
-            }
-        } catch (...) {  // out of memory: told to the caller, on the caller's thread
-            const std::lock_guard lock(failureLock);
-            failure = std::current_exception();
+    Work work{problem, LayerTable(problem), std::move(groups), BestEngine(), scale, solution.Points};
+    const unsigned machine = IsSmall(work) ? 1 : std::max(1U, std::thread::hardware_concurrency());
+    const std::size_t wanted = options.Threads > 0 ? static_cast<unsigned>(options.Threads) : machine;
+    Crew crew(std::min(wanted, problem.Points.size()));
+    work.Helpers = &crew;
+    auto chunks = WithDirectChunks(work, PlanDepths(problem, MostSources, &crew));
+    // The largest first, so that little is left for one thread alone.
+    std::stable_sort(chunks.begin(), chunks.end(),
+                     [](const DepthChunk& a, const DepthChunk& b) { return a.Points.size() > b.Points.size(); });
+    const double budget = Budget / static_cast<double>(chunks.size());
+    crew.Share(chunks.size(), [&](std::size_t i) {
+        if (chunks[i].Direct) {
+            DirectWork(work, chunks[i], budget).Run();
+        } else {
+            ChunkWork(work, chunks[i], budget, false).Run();
         }
-    };
-    // A road's few hundred pairs of points and loads are done before a second thread has started.
-    const bool small = problem.Points.size() * problem.Loads.size() <= SmallWork;
-    const unsigned machine = small ? 1 : std::max(1U, std::thread::hardware_concurrency());
-    const unsigned wanted = options.Threads > 0 ? static_cast<unsigned>(options.Threads) : machine;
-    std::vector<std::thread> helpers;
-    const std::size_t useful = std::min<std::size_t>(wanted, chunks.size());
-    helpers.reserve(useful);
-    for (std::size_t i = 1; i < useful; ++i) {
-        try {
-            helpers.emplace_back(worker);
-        } catch (const std::system_error&) {
-            break;  // the system gives no more threads: those there are do the work
-        }
-    }
-    worker();
-    for (std::thread& helper : helpers) {
-        helper.join();
-    }
-    if (failure) {
-        std::rethrow_exception(failure);
-    }
+    });
     for (const PointResult& point : solution.Points) {
         for (const double estimate : point.Estimates) {
             solution.LargestEstimate = std::max(solution.LargestEstimate, estimate);

@@ -2,6 +2,7 @@
 #pragma once
 #include <vector>
 
+#include "solver/crew.h"
 #include "solver/engine.h"
 #include "solver/prepared_problem.h"
 #include "solver/problem.h"
@@ -9,7 +10,7 @@
 
 namespace zirvo::solver {
 
-/// What all chunks share, read only.
+/// What all chunks share; read only, but that each writes the results of its own points.
 struct Work {
     const Problem& TheProblem;
     LayerTable Layers;
@@ -17,6 +18,7 @@ struct Work {
     const Engine& TheEngine;
     LoadScale Scale;
     std::vector<PointResult>& Results;
+    Crew* Helpers = nullptr;  ///< of ShareWith; none: all is done on the caller's thread
 };
 
 }  // namespace zirvo::solver
