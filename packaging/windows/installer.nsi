@@ -1,5 +1,5 @@
 ; The installer. packaging/windows/installer.sh calls makensis with VERSION, LISTS (put.nsh, remove.nsh, folders.nsh,
-; zirvo.ico), COMPRESSOR, SIZE [KiB] and OUT.
+; installed-files.txt, zirvo.ico), COMPRESSOR, SIZE [KiB] and OUT.
 ;   setup.exe /S                   silent, for this user; needs no rights
 ;   setup.exe /S /AllUsers         silent, for all users; needs an administrator
 ;   setup.exe /S ... /D=C:\Folder  to another folder; the last word of the line, without quotes
@@ -95,6 +95,88 @@ LangString VenFile ${LANG_JAPANESE} "舗装図化の入力"
   ${EndIf}
 !macroend
 
+; What the former version has put, by its own list, and this one has not any more: else old libraries and fonts would stay
+; for ever. Must come before the new files, since the time of the former program tells which samples are unchanged.
+!define NAMES installed-files.txt
+!macro NextName FILE NAME ; sets the error flag behind the last one
+  ClearErrors
+  FileRead ${FILE} ${NAME}
+  ${IfNot} ${Errors}
+    ${Do}
+      StrCpy $R9 ${NAME} 1 -1
+      ${If} $R9 != "$\n"
+      ${AndIf} $R9 != "$\r"
+        ${ExitDo}
+      ${EndIf}
+      StrCpy ${NAME} ${NAME} -1
+    ${Loop}
+    ClearErrors
+  ${Else}
+    SetErrors ; asking has cleared it
+  ${EndIf}
+!macroend
+
+; $R6, a name in the former list: $R8 is "missing" unless this version has the file too.
+Function FindAmongTheNew
+  StrCpy $R8 missing
+  FileOpen $R7 "$PLUGINSDIR\${NAMES}" r
+  ${Do}
+    !insertmacro NextName $R7 $R5
+    ${If} ${Errors}
+      ${ExitDo}
+    ${EndIf}
+    ${If} $R5 == $R6
+      StrCpy $R8 there
+      ${ExitDo}
+    ${EndIf}
+  ${Loop}
+  FileClose $R7
+FunctionEnd
+
+; The folders above $R6 that are empty by now.
+Function RemoveEmptyFolders
+  StrCpy $R7 $R6
+  ${Do}
+    ${Do}
+      ${If} $R7 == ""
+        Return
+      ${EndIf}
+      StrCpy $R9 $R7 1 -1
+      StrCpy $R7 $R7 -1
+    ${LoopUntil} $R9 == "\"
+    RMDir "$INSTDIR\$R7"
+  ${Loop}
+FunctionEnd
+
+Function RemoveWhatIsNoMore
+  ${IfNot} ${FileExists} "$INSTDIR\${NAMES}"
+    Return
+  ${EndIf}
+  InitPluginsDir
+  File "/oname=$PLUGINSDIR\${NAMES}" "${LISTS}/${NAMES}"
+  FileOpen $R4 "$INSTDIR\${NAMES}" r
+  ${Do}
+    !insertmacro NextName $R4 $R6
+    ${If} ${Errors}
+      ${ExitDo}
+    ${EndIf}
+    Call FindAmongTheNew
+    StrCpy $R9 $R6 8
+    ${If} $R8 != missing
+    ${ElseIf} $R9 == "samples\"
+      Push $R4
+      !insertmacro RemoveSample "$R6"
+      Pop $R4
+    ${Else}
+      !insertmacro RemoveFile "$R6"
+    ${EndIf}
+    ${If} $R8 == missing
+      Call RemoveEmptyFolders
+    ${EndIf}
+  ${Loop}
+  FileClose $R4
+FunctionEnd
+
 ; A kind of file: its words and icon, and a double click opens it, unless the user has another program for it.
 !macro PutKind EXTENSION CLASS WORDS ICON
   WriteRegStr SHCTX "Software\Classes\${CLASS}" "" "${WORDS}"
@@ -141,7 +223,9 @@ Function un.onInit
 FunctionEnd
 
 Section
+  Call RemoveWhatIsNoMore
   !include "${LISTS}/put.nsh"
+  !insertmacro PutFile "${LISTS}/${NAMES}" "." "${NAMES}"
   SetOutPath "$INSTDIR"
   WriteUninstaller "$INSTDIR\uninstall.exe"
   CreateShortcut "$SMPROGRAMS\ZIRVO.lnk" "$INSTDIR\zirvo.exe"
@@ -164,6 +248,7 @@ SectionEnd
 ; What the installer has put, file by file: settings and the user's own files stay, and the folder with them.
 Section Uninstall
   !include "${LISTS}/remove.nsh"
+  !insertmacro RemoveFile "${NAMES}"
   Delete "$INSTDIR\uninstall.exe"
   !include "${LISTS}/folders.nsh"
   RMDir "$INSTDIR"

@@ -2,6 +2,14 @@
 lists=$stage/installer
 mkdir -p "$lists"
 
+# What a later version needs to know of this one: the names of its files, in a file that the uninstaller removes too.
+names=installed-files.txt
+(cd "$windows_folder" && find . -type f -printf '%P\n' | sort | tr / '\\') | sed 's/$/\r/' >"$lists/$names"
+if LC_ALL=C grep -q '[^ -~[:cntrl:]]' "$lists/$names"; then
+    echo "package: the installer reads its list as ASCII" >&2 && exit 1
+fi
+touch --date="@$SOURCE_DATE_EPOCH" "$lists/$names"
+
 # What is put and removed, one line for each file; samples are the user's once they have been changed.
 : >"$lists/put.nsh"
 : >"$lists/remove.nsh"
