@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "solver/direct_sum.h"
+#include "solver/direct_work.h"
 #include "solver/radius_plan.h"
 #include "solver/sum_rules.h"
 
@@ -150,7 +151,6 @@ std::vector<DepthChunk> WithDirectChunks(const Work& work, std::vector<DepthChun
     }
     std::stable_sort(candidates.begin(), candidates.end(),
                      [](const Candidate& a, const Candidate& b) { return a.Effective < b.Effective; });
-    const double perGroup = 2 * Nodes * FieldCost(work.Layers, loads.Vertical, loads.Horizontal);
     const std::size_t most = work.Layers.Contrast > PreciseContrast ? MostPrecise : MostPoints;
     std::vector<DepthChunk> direct;
     for (std::size_t i = 0; i < candidates.size();) {
@@ -164,8 +164,9 @@ std::vector<DepthChunk> WithDirectChunks(const Work& work, std::vector<DepthChun
             points += candidates[i].Chunk->Points.size();
         }
         const double parts = std::ceil(static_cast<double>(points) / static_cast<double>(most));
-        const double pairs = perPair * loads.Count * static_cast<double>(points) +
-                             parts * perGroup * static_cast<double>(work.Groups.size());
+        const double pairs =
+            perPair * loads.Count * static_cast<double>(points) +
+            parts * 2 * Nodes * PlanDirect(work, static_cast<double>(points) / parts, false).FieldsPerNode;
         if (pairs < ClearlyLess * table) {
             AddDirect(band, work.Layers.Thickness[0], most, direct);
         } else {

@@ -13,7 +13,8 @@ namespace zirvo::solver {
 
 namespace {
 
-constexpr double PairRounding = 4 * UnitRounding;  // of a sum of four products, times a Bessel function
+constexpr double PairRounding = 4 * UnitRounding;   // of a sum of four products, times a Bessel function
+constexpr double MixedRounding = 6 * UnitRounding;  // where that is mixed of several
 
 }  // namespace
 
@@ -27,17 +28,28 @@ double PairCost(bool vertical, bool horizontal) {
     return 1.5 + (vertical ? 0.8 : 0) + (horizontal ? 1.2 : 0);
 }
 
-DirectSum::DirectSum(const Work& work, const DepthChunk& chunk, const LoadGroup& group, const std::vector<Pair>& pairs,
-                     const DirectCare& care, DirectScratch& scratch)
+double MixCost(bool vertical, bool horizontal) {
+    return (vertical ? 0.28 : 0) + (horizontal ? 0.42 : 0);
+}
+
+DirectSum::DirectSum(const Work& work, const DepthChunk& chunk, std::span<const LoadGroup> groups,
+                     const SpringNodes& springs, const std::vector<Pair>& pairs, const DirectCare& care,
+                     DirectScratch& scratch)
     : work_(work),
       chunk_(chunk),
-      group_(group),
+      groups_(groups),
+      springs_(springs),
+      nodeBlock_(springs.Mixed() ? PairNodes : NodeBlock),
       pairs_(pairs),
       care_(care),
       precise_(care.Careful || work.Layers.Contrast > PreciseContrast),
       scratch_(scratch),
       rows_(pairs.size()),
       errors_(pairs.size()) {
+    for (const LoadGroup& group : groups) {
+        vertical_ = vertical_ || group.Vertical;
+        horizontal_ = horizontal_ || group.Horizontal;
+    }
     for (const PointDepth& depth : chunk.Depths) {
         depths_.push_back(KernelDepthOf(work.Layers, depth.Layer, depth.Z));
     }
@@ -45,7 +57,10 @@ DirectSum::DirectSum(const Work& work, const DepthChunk& chunk, const LoadGroup&
 }
 
 void DirectSum::Run() {
-    const double radius = group_.Radius;
+    std::vector<double> edges;
+    for (const LoadGroup& group : groups_) {
+        edges.push_back(group.Radius);
+    }
     std::vector<RadiusItem> items;
     double ze = HUGE_VAL;
     for (const Pair& pair : pairs_) {
@@ -55,9 +70,11 @@ void DirectSum::Run() {
     }
     LevelCosts costs;
     costs.Mild = !work_.Layers.Slips && work_.Layers.Contrast <= MildContrast;
-    costs.PerNode = FieldCost(work_.Layers, group_.Vertical, group_.Horizontal);
-    costs.PerNodeAndColumn = PairCost(group_.Vertical, group_.Horizontal);
-    const auto levels = SplitIntoLevels(items, {&radius, 1}, ze, work_.Layers.LowScale, costs);
+    const auto radii = static_cast<double>(springs_.Radii.size());
+    costs.PerNode = radii * FieldCost(work_.Layers, vertical_, horizontal_);
+    costs.PerNodeAndColumn =
+        PairCost(vertical_, horizontal_) + (springs_.Mixed() ? radii * MixCost(vertical_, horizontal_) : 0);
+    const auto levels = SplitIntoLevels(items, edges, ze, work_.Layers.LowScale, costs);
     for (const RadiusLevel& level : levels) {
         const double most = std::clamp(care_.Budget / static_cast<double>(levels.size()) /
                                            (costs.PerNode + costs.PerNodeAndColumn * static_cast<double>(items.size())),
@@ -89,11 +106,12 @@ void DirectSum::Sum(const std::vector<std::size_t>& pairs, const WaveRange& rang
     double lowest = 0;
     alignas(64) double weight[NodeBlock];
     for (long first = 0;;) {
-        const int nodes = NodesOfBlock(expected, first, NodeBlock);
+        const int nodes = NodesOfBlock(expected, first, nodeBlock_);
         FillNodes(rule_, first, nodes, xi_, xiLow_, weight);
         for (int s = 0; s * Segment < nodes; ++s) {
             const double xi = xi_[std::min((s + 1) * Segment, nodes) - 1];
-            segmentRounding_[s] = PairRounding + UnitRounding * UnknownArgument(rule_, range.Reach, xi);
+            segmentRounding_[s] = (springs_.Mixed() ? MixedRounding : PairRounding) +
+                                  UnitRounding * UnknownArgument(rule_, range.Reach, xi);
             segmentEnvelope_[s] = 0.9 / std::sqrt(lowest);
             lowest = xi;
         }
@@ -139,17 +157,30 @@ void DirectSum::PlaceLayers() {
     deepestWanted_ = slotLayers_.back();
 }
 
-/// What kernels are weighed with.
+/// What kernels are weighed with, for each group.
 void DirectSum::MakeFactors(int nodes, const double* weight) {
-    alignas(64) double radii[TileWidth];
-    std::fill(std::begin(radii), std::end(radii), group_.Radius);
+    scratch_.Factors.resize(groups_.size() * NodeBlock);
+    scratch_.Sizes.resize(groups_.size() * NodeBlock);
     alignas(64) double j1[NodeBlock * TileWidth];
     double* const bessel[4] = {nullptr, j1, nullptr, nullptr};
-    work_.TheEngine.Bessel(Bessels(), xi_, xiLow_, nodes, radii, 1, bessel);
     for (int k = 0; k < nodes; ++k) {
         inverse_[k] = 1 / xi_[k];
-        factor_[k] = weight[k] * group_.Radius * j1[static_cast<std::ptrdiff_t>(k) * TileWidth];
-        size_[k] = weight[k] * group_.Radius * Envelope(xi_[k] * group_.Radius);
+    }
+    for (std::size_t first = 0; first < groups_.size(); first += TileWidth) {
+        alignas(64) double radii[TileWidth];
+        for (std::size_t i = 0; i < TileWidth; ++i) {
+            radii[i] = groups_[std::min(first + i, groups_.size() - 1)].Radius;
+        }
+        work_.TheEngine.Bessel(Bessels(), xi_, xiLow_, nodes, radii, 1, bessel);
+        for (std::size_t g = first; g < std::min(first + TileWidth, groups_.size()); ++g) {
+            double* const factor = scratch_.Factors.data() + g * NodeBlock;
+            double* const size = scratch_.Sizes.data() + g * NodeBlock;
+            const double radius = groups_[g].Radius;
+            for (int k = 0; k < nodes; ++k) {
+                factor[k] = weight[k] * radius * j1[static_cast<std::size_t>(k) * TileWidth + g - first];
+                size[k] = weight[k] * radius * Envelope(xi_[k] * radius);
+            }
+        }
     }
 }
 
@@ -161,15 +192,19 @@ void DirectSum::MakeFields(int nodes) {
         }
     };
     const std::size_t slots = slotLayers_.size();
-    grow(scratch_.Fields, slots * NodeBlock * FieldNumbers);
+    const std::size_t slotNumbers = static_cast<std::size_t>(nodeBlock_) * FieldNumbers;
+    const std::size_t radii = springs_.Radii.size();
+    grow(scratch_.Fields, radii * slots * slotNumbers);
     grow(scratch_.Forms, slots * NodeBlock);
     grow(scratch_.Thin, slots * ThinNumbers * NodeBlock);
     grow(scratch_.Doubts, slots * 2 * Segments * Kinds);
     const Engine& engine = work_.TheEngine;
     const int before = deepest_;
-    (precise_ ? engine.PreciseFields : engine.Fields)(work_.Layers.View(), group_.Radius, xi_, nodes, slots_.data(),
-                                                      deepestWanted_, group_.Vertical, group_.Horizontal, deepest_,
-                                                      scratch_.Fields.data(), scratch_.Forms.data());
+    const FieldsPlace place{scratch_.Fields.data(), static_cast<std::ptrdiff_t>(slots * slotNumbers),
+                            static_cast<std::ptrdiff_t>(slotNumbers), scratch_.Forms.data()};
+    (precise_ ? engine.PreciseFields : engine.Fields)(work_.Layers.View(), springs_.Radii.data(),
+                                                      static_cast<int>(radii), xi_, nodes, slots_.data(),
+                                                      deepestWanted_, vertical_, horizontal_, deepest_, place);
     for (std::size_t slot = 0; slot < slots; ++slot) {
         if (thinPlaces_[slot] == slot) {
             engine.ThinFunctions(work_.Layers.Thickness[static_cast<std::size_t>(slotLayers_[slot])], xi_, nodes,
@@ -202,8 +237,8 @@ void DirectSum::SampleRounding(int nodes, int deepest) {
         xi[s] = xi_[node[s]];
     }
     const Engine& engine = work_.TheEngine;
-    engine.PreciseKernels(work_.Layers.View(), group_.Radius, xi, Segments, samples_.data(), static_cast<int>(count),
-                          group_.Vertical, group_.Horizontal, deepest, scratch_.Precise.data(), nullptr);
+    engine.PreciseKernels(work_.Layers.View(), springs_.Radii.front(), xi, Segments, samples_.data(),
+                          static_cast<int>(count), vertical_, horizontal_, deepest, scratch_.Precise.data(), nullptr);
     alignas(64) double depth[4 * NodeBlock];
     for (std::size_t sample = 0; sample < count; ++sample) {
         const std::size_t slot = sample / SampleDepths;
@@ -223,7 +258,7 @@ void DirectSum::SampleRounding(int nodes, int deepest) {
 /// @param depth  functions of depth there, NodeBlock apart
 void DirectSum::CompareSample(std::size_t sample, int segment, int node, const double* depth, double least) {
     const std::size_t slot = sample / SampleDepths;
-    const double* numbers = scratch_.Fields.data() + slot * NodeBlock * FieldNumbers +
+    const double* numbers = scratch_.Fields.data() + slot * static_cast<std::size_t>(nodeBlock_) * FieldNumbers +
                             static_cast<std::size_t>(node / 8 * 8 * FieldNumbers + node % 8);
     const auto component = [&](std::ptrdiff_t i) {
         double sum = 0;
@@ -233,14 +268,14 @@ void DirectSum::CompareSample(std::size_t sample, int segment, int node, const d
         return sum;
     };
     double row[RowCount];
-    if (group_.Vertical) {
+    if (vertical_) {
         row[RowVerticalW] = component(0) * inverse_[node];
         row[RowVerticalS] = component(1);
         row[RowVerticalU0] = row[RowVerticalU2] = component(2);
         row[RowVerticalU1] = row[RowVerticalU0] * inverse_[node];
         row[RowVerticalT] = component(3);
     }
-    if (group_.Horizontal) {
+    if (horizontal_) {
         row[RowHorizontalW] = component(HorizontalFields) * inverse_[node];
         row[RowHorizontalS] = component(HorizontalFields + 1);
         row[RowHorizontalU] = component(HorizontalFields + 2);
@@ -254,7 +289,7 @@ void DirectSum::CompareSample(std::size_t sample, int segment, int node, const d
     double off[Kinds] = {};
     double largest[Kinds] = {};
     double plain[Kinds] = {};
-    for (int i = RowsFrom(group_); i < RowsTo(group_); ++i) {
+    for (int i = FirstRow(); i < LastRow(); ++i) {
         const double precise = scratch_.Precise[(sample * RowCount + static_cast<std::size_t>(i)) * NodeBlock +
                                                 static_cast<std::size_t>(segment)];
         const auto kind = static_cast<std::size_t>(RowKind[i]);
@@ -291,18 +326,37 @@ void DirectSum::AddBlock(int nodes) {
     }
 }
 
+/// Components of all radii at the depth whose functions stand in the block, and what lies between the radii.
+/// @param shares  of the kernels, by segment and kind
+void DirectSum::MixAtDepth(PairBlock& block, std::size_t slot, int first, double* shares) {
+    const std::size_t radii = springs_.Radii.size();
+    const std::size_t slotNumbers = static_cast<std::size_t>(nodeBlock_) * FieldNumbers;
+    scratch_.Components.resize(radii * ComponentNumbers);
+    for (std::size_t i = 0; i < radii; ++i) {
+        const double* fields = scratch_.Fields.data() + (i * slotLayers_.size() + slot) * slotNumbers +
+                               static_cast<std::size_t>(first) * FieldNumbers;
+        work_.TheEngine.Components(fields, block.Depth, block.Nodes, vertical_, horizontal_,
+                                   scratch_.Components.data() + i * ComponentNumbers);
+    }
+    block.Components = scratch_.Components.data();
+    block.Mixed = static_cast<int>(radii);
+    work_.TheEngine.MissedByMixing(block.Components, springs_.Tails.data(), block.Mixed, block.Nodes, vertical_,
+                                   horizontal_, shares);
+    block.Doubt = shares;
+    block.DoubtStride = Kinds;
+}
+
 /// Some nodes of the block for all pairs.
 void DirectSum::AddNodes(int first, int nodes) {
     const Engine& engine = work_.TheEngine;
     const std::size_t slots = slotLayers_.size();
     alignas(64) double functions[4 * NodeBlock];
+    double shares[Segments * Kinds];
     PairBlock block;
     block.Nodes = nodes;
     block.Xi = xi_ + first;
     block.XiLow = xiLow_ + first;
     block.InverseXi = inverse_ + first;
-    block.Factor = factor_ + first;
-    block.Size = size_ + first;
     block.Depth = functions;
     block.DoubtStride = static_cast<int>(slots * Kinds);
     block.SegmentRounding = segmentRounding_ + first / Segment;
@@ -310,20 +364,36 @@ void DirectSum::AddNodes(int first, int nodes) {
     const double* doubts =
         scratch_.Doubts.data() + (Segments + static_cast<std::size_t>(first / Segment)) * slots * Kinds;
     int before = -1;
-    for (const std::size_t pair : active_) {
-        const int depth = DepthOf(pair);
+    for (const std::size_t index : active_) {
+        const Pair& pair = pairs_[index];
+        const int depth = DepthOf(index);
         if (depth != before) {
             before = depth;
             const KernelDepth& at = depths_[static_cast<std::size_t>(depth)];
             const auto slot = static_cast<std::size_t>(slots_[static_cast<std::size_t>(at.Layer)]);
-            const std::size_t place = slot * NodeBlock + static_cast<std::size_t>(first);
             engine.DepthFunctions(at, at.Layer + 1 == static_cast<int>(work_.Layers.M2.size()), block.Xi, nodes,
-                                  scratch_.Forms.data() + place, ThinOf(slot, first), functions);
-            block.Fields = scratch_.Fields.data() + place * FieldNumbers;
-            block.Doubt = doubts + slot * Kinds;
+                                  scratch_.Forms.data() + slot * NodeBlock + static_cast<std::size_t>(first),
+                                  ThinOf(slot, first), functions);
+            if (springs_.Mixed()) {
+                MixAtDepth(block, slot, first, shares);
+            } else {
+                block.Fields =
+                    scratch_.Fields.data() +
+                    (slot * static_cast<std::size_t>(nodeBlock_) + static_cast<std::size_t>(first)) * FieldNumbers;
+                block.Doubt = doubts + slot * Kinds;
+            }
         }
-        engine.AddToPair(Bessels(), block, pairs_[pair].Position.R, group_.Vertical, group_.Horizontal,
-                         scratch_.Sums[pair]);
+        const std::size_t factors = pair.Group * NodeBlock + static_cast<std::size_t>(first);
+        block.Factor = scratch_.Factors.data() + factors;
+        block.Size = scratch_.Sizes.data() + factors;
+        if (springs_.Mixed()) {
+            const SpringNodes::Mix& mix = springs_.Mixes[pair.Group];
+            block.Weights = mix.Weights.data();
+            block.SizeFirst = mix.SizeFirst;
+            block.SizeShare = mix.SizeShare;
+        }
+        (springs_.Mixed() ? engine.AddMixedToPair : engine.AddToPair)(
+            Bessels(), block, pair.Position.R, IsVertical(pair), IsHorizontal(pair), scratch_.Sums[index]);
     }
 }
 
@@ -364,7 +434,7 @@ bool DirectSum::Finish(std::size_t pair) {
     }
     bool good = true;
     for (std::size_t kind = 0; kind < Kinds; ++kind) {
-        const double unit = (kind % 2 == 1 ? group_.Radius : 1) / m2;
+        const double unit = (kind % 2 == 1 ? groups_[pairs_[pair].Group].Radius : 1) / m2;
         const double scale = std::min(unit, sums.Magnitude[kind]);
         const double rule = scale > 0 ? RuleError(half[kind], scale) : 0;
         good = good && rule <= std::max(AbsoluteGoal * unit, RelativeGoal * value[kind]);

@@ -1,21 +1,25 @@
 // The sums over wavenumbers of single pairs of a load and a point, each at its own distance and depth: for points that
 // share neither places nor depths with others, where a table of radii and depths would hold far more sums than there
-// are pairs. The pairs of one group of loads (one radius) share the fields of the layers.
+// are pairs. The pairs of one group of loads (one radius) share the fields of the layers; those of several do where no
+// layer slips, or where fields for a few radii stand for all (spring_nodes.h).
 #pragma once
 #include <array>
 #include <cstddef>
+#include <span>
 #include <vector>
 
 #include "solver/depth_plan.h"
 #include "solver/engine.h"
 #include "solver/level_sum.h"
 #include "solver/radius_plan.h"
+#include "solver/spring_nodes.h"
 #include "solver/work.h"
 
 namespace zirvo::solver {
 
 /// One load of a group at one point.
 struct Pair {
+    std::size_t Group = 0;  ///< of those of the sum
     std::size_t Point = 0;  ///< of the chunk's
     std::size_t Load = 0;   ///< of the group's
     PolarPosition Position;
@@ -30,20 +34,22 @@ struct DirectCare {
 
 /// Room that is kept from sum to sum.
 struct DirectScratch {
-    std::vector<double> Fields, Thin, Precise, Doubts;
+    std::vector<double> Fields, Thin, Precise, Doubts, Factors, Sizes, Components;
     std::vector<unsigned char> Forms;
     std::vector<PairSums> Sums;
 };
 
-/// About what a node costs for a group, and for each of its pairs [ns].
+/// About what a node costs for a radius, for each pair, and for each of the radii that a pair is mixed of [ns].
 double FieldCost(const LayerTable& layers, bool vertical, bool horizontal);
 double PairCost(bool vertical, bool horizontal);
+double MixCost(bool vertical, bool horizontal);
 
 class DirectSum {
 public:
-    /// @param chunk  its points by depth; @param pairs  by point
-    DirectSum(const Work& work, const DepthChunk& chunk, const LoadGroup& group, const std::vector<Pair>& pairs,
-              const DirectCare& care, DirectScratch& scratch);
+    /// @param chunk  its points by depth; @param groups  of the pairs, ascending; @param springs  for these groups;
+    /// @param pairs  by point
+    DirectSum(const Work& work, const DepthChunk& chunk, std::span<const LoadGroup> groups, const SpringNodes& springs,
+              const std::vector<Pair>& pairs, const DirectCare& care, DirectScratch& scratch);
 
     void Run();
 
@@ -63,6 +69,11 @@ private:
     void SpreadDoubts(int segments);
     void AddBlock(int nodes);
     void AddNodes(int first, int nodes);
+    void MixAtDepth(PairBlock& block, std::size_t slot, int first, double* shares);
+    bool IsVertical(const Pair& pair) const { return groups_[pair.Group].Vertical; }
+    bool IsHorizontal(const Pair& pair) const { return groups_[pair.Group].Horizontal; }
+    int FirstRow() const { return vertical_ ? 0 : VerticalRows; }
+    int LastRow() const { return horizontal_ ? static_cast<int>(RowCount) : VerticalRows; }
     void DropEnded(double xi);
     bool Finish(std::size_t pair);
     int DepthOf(std::size_t pair) const { return chunk_.Points[pairs_[pair].Point].Depth; }
@@ -70,7 +81,10 @@ private:
 
     const Work& work_;
     const DepthChunk& chunk_;
-    const LoadGroup& group_;
+    std::span<const LoadGroup> groups_;
+    const SpringNodes& springs_;
+    bool vertical_ = false, horizontal_ = false;  // what loads there are
+    int nodeBlock_;                               // nodes that fields are made for at a time
     const std::vector<Pair>& pairs_;
     DirectCare care_;
     bool precise_;
@@ -91,7 +105,6 @@ private:
     std::vector<KernelDepth> samples_;     // SampleDepths of each slot
     int deepestWanted_ = 0;
     alignas(64) double xi_[NodeBlock] = {}, xiLow_[NodeBlock] = {}, inverse_[NodeBlock] = {};
-    alignas(64) double factor_[NodeBlock] = {}, size_[NodeBlock] = {};
     double segmentRounding_[Segments] = {}, segmentEnvelope_[Segments] = {};
 };
 

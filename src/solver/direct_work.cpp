@@ -2,65 +2,168 @@
 #include "solver/direct_work.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 #include "solver/chunk_work.h"
 #include "solver/direct_sum.h"
 #include "solver/pair_rows.h"
+#include "solver/sum_rules.h"
 
 namespace zirvo::solver {
 
 namespace {
 
 constexpr std::size_t MostPairs = 4000;     // that are summed at a time: 5 MB
+constexpr std::size_t GroupsOfPart = 8;     // that one thread takes at a time
 constexpr double CarefulBudgetShare = 0.1;  // what has run out of its budget is not mended by care
 
-/// The pairs of some loads of a group, by point.
-std::vector<Pair> PairsOf(const DepthChunk& chunk, const LoadGroup& group, std::size_t first, std::size_t last) {
+}  // namespace
+
+/// How the pairs are parted: group by group, or all groups at once at some of the points. Costs of a node [ns].
+DirectPlan PlanDirect(const Work& work, double points, bool careful) {
+    DirectPlan plan;
+    double loads = 0;
+    bool vertical = false;
+    bool horizontal = false;
+    for (const LoadGroup& group : work.Groups) {
+        loads += static_cast<double>(group.Loads.size());
+        vertical = vertical || group.Vertical;
+        horizontal = horizontal || group.Horizontal;
+    }
+    const double groups = static_cast<double>(work.Groups.size());
+    const double field = FieldCost(work.Layers, vertical, horizontal);
+    plan.FieldsPerNode = groups * field;
+    if (work.Groups.size() < 2) {
+        return plan;
+    }
+    const double parts = std::ceil(points * loads / static_cast<double>(MostPairs));
+    if (!work.Layers.Slips) {
+        plan.Together = parts < groups;
+        plan.Springs = 1;
+        plan.FieldsPerNode = field * std::min(parts, groups);
+        return plan;
+    }
+    // Plain kernels are cheap, and how much of them is rounding is known of one radius at a time only.
+    const int wanted = SpringNodesWanted(work.Groups, careful);
+    const double cost = wanted * (parts * field + points * loads * MixCost(vertical, horizontal));
+    if ((careful || work.Layers.Contrast > PreciseContrast) && wanted <= MostMixed && cost < plan.FieldsPerNode) {
+        plan.Together = true;
+        plan.Springs = wanted;
+        plan.FieldsPerNode = cost;
+    }
+    return plan;
+}
+
+/// Some loads of a group, or all of all groups, at points first .. last - 1.
+struct DirectWork::Piece {
+    std::size_t FirstPoint = 0, LastPoint = 0;
+    std::span<const LoadGroup> Groups;
+    std::size_t FirstLoad = 0, LastLoad = std::numeric_limits<std::size_t>::max();
+};
+
+/// The pairs of a piece, by point.
+std::vector<Pair> DirectWork::PairsOf(const Piece& piece) const {
     std::vector<Pair> pairs;
-    for (std::size_t i = 0; i < chunk.Points.size(); ++i) {
-        const ChunkPoint& point = chunk.Points[i];
-        for (std::size_t load = first; load < last; ++load) {
-            const PolarPosition position = PositionFrom(group.Loads[load], point.X, point.Y);
-            pairs.push_back({i, load, position, GapFrom(group.Loads[load], group.Radius, position, point.X, point.Y)});
+    for (std::size_t i = piece.FirstPoint; i < piece.LastPoint; ++i) {
+        const ChunkPoint& point = chunk_.Points[i];
+        for (std::size_t g = 0; g < piece.Groups.size(); ++g) {
+            const LoadGroup& group = piece.Groups[g];
+            for (std::size_t load = piece.FirstLoad; load < std::min(piece.LastLoad, group.Loads.size()); ++load) {
+                const PolarPosition position = PositionFrom(group.Loads[load], point.X, point.Y);
+                pairs.push_back(
+                    {g, i, load, position, GapFrom(group.Loads[load], group.Radius, position, point.X, point.Y)});
+            }
         }
     }
     return pairs;
 }
 
-}  // namespace
+/// Adds a piece to the sums of the points from FirstPoint on.
+void DirectWork::AddPiece(const Piece& piece, const SpringNodes& springs, DirectScratch& scratch,
+                          PointSums* sums) const {
+    const auto pairs = PairsOf(piece);
+    const double all = static_cast<double>(work_.TheProblem.Loads.size() * chunk_.Points.size());
+    const double budget = budget_ * static_cast<double>(pairs.size()) / all;
+    DirectSum direct(work_, chunk_, piece.Groups, springs, pairs, {budget, careful_}, scratch);
+    direct.Run();
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        const Pair& pair = pairs[i];
+        const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[pair.Point].Depth)];
+        const LoadGroup& group = piece.Groups[pair.Group];
+        const GroupLoad& load = group.Loads[pair.Load];
+        auto rows = direct.Rows(i);
+        SumErrors errors = direct.Errors(i);
+        AddHalfSpace(work_, depth, load, group.Radius, pair.Gap, rows.data(), errors);
+        AddToPoint(work_, depth, load, pair.Position, group.Radius, pair.Gap, rows.data(), errors,
+                   sums[pair.Point - piece.FirstPoint]);
+    }
+}
 
-void DirectWork::Run() {
-    std::vector<PointSums> sums(chunk_.Points.size());
-    DirectScratch scratch;
-    for (const LoadGroup& group : work_.Groups) {
-        const std::size_t loads = group.Loads.size();
-        const std::size_t step = std::clamp<std::size_t>(MostPairs / chunk_.Points.size(), 1, loads);
-        for (std::size_t first = 0; first < loads; first += step) {
-            const auto pairs = PairsOf(chunk_, group, first, std::min(first + step, loads));
-            const double share = static_cast<double>(step) / static_cast<double>(work_.TheProblem.Loads.size());
-            DirectSum direct(work_, chunk_, group, pairs, {share * budget_, careful_}, scratch);
-            direct.Run();
-            for (std::size_t i = 0; i < pairs.size(); ++i) {
-                const Pair& pair = pairs[i];
-                const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[pair.Point].Depth)];
-                const GroupLoad& load = group.Loads[pair.Load];
-                auto rows = direct.Rows(i);
-                SumErrors errors = direct.Errors(i);
-                AddHalfSpace(work_, depth, load, group.Radius, pair.Gap, rows.data(), errors);
-                AddToPoint(work_, depth, load, pair.Position, group.Radius, pair.Gap, rows.data(), errors,
-                           sums[pair.Point]);
+/// Group by group, some of them on each thread; their sums are added in the order of the groups.
+void DirectWork::AddApart() const {
+    const std::size_t points = chunk_.Points.size();
+    const std::size_t parts = (work_.Groups.size() + GroupsOfPart - 1) / GroupsOfPart;
+    std::vector<std::vector<PointSums>> sums(parts);
+    ShareWith(work_.Helpers, parts, [&](std::size_t part) {
+        sums[part].resize(points);
+        DirectScratch scratch;
+        const std::size_t end = std::min((part + 1) * GroupsOfPart, work_.Groups.size());
+        for (std::size_t g = part * GroupsOfPart; g < end; ++g) {
+            const LoadGroup& group = work_.Groups[g];
+            const SpringNodes springs = OneSpringNode(group.Radius);
+            const std::size_t loads = group.Loads.size();
+            const std::size_t step = std::clamp<std::size_t>(MostPairs / points, 1, loads);
+            for (std::size_t first = 0; first < loads; first += step) {
+                AddPiece({0, points, {&group, 1}, first, std::min(first + step, loads)}, springs, scratch,
+                         sums[part].data());
             }
         }
+    });
+    for (std::size_t part = 1; part < parts; ++part) {
+        for (std::size_t i = 0; i < points; ++i) {
+            sums[0][i].Add(sums[part][i]);
+        }
     }
-    for (std::size_t i = 0; i < chunk_.Points.size(); ++i) {
-        const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[i].Depth)];
+    Compose(0, sums[0]);
+}
+
+/// All groups at once, some of the points on each thread.
+void DirectWork::AddTogether(int count) const {
+    const SpringNodes springs = count > 1 ? SpringNodesOf(work_.Groups, count) : OneSpringNode(work_.Groups[0].Radius);
+    const std::size_t points = chunk_.Points.size();
+    const std::size_t step = std::max<std::size_t>(MostPairs / work_.TheProblem.Loads.size(), 1);
+    const std::size_t parts = (points + step - 1) / step;
+    ShareWith(work_.Helpers, parts, [&](std::size_t part) {
+        const Piece piece{part * points / parts, (part + 1) * points / parts, work_.Groups};
+        std::vector<PointSums> sums(piece.LastPoint - piece.FirstPoint);
+        DirectScratch scratch;
+        AddPiece(piece, springs, scratch, sums.data());
+        Compose(piece.FirstPoint, sums);
+    });
+}
+
+/// Results of the points from `first` on.
+void DirectWork::Compose(std::size_t first, const std::vector<PointSums>& sums) const {
+    for (std::size_t i = 0; i < sums.size(); ++i) {
+        const ChunkPoint& point = chunk_.Points[first + i];
+        const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(point.Depth)];
         const auto layer = static_cast<std::size_t>(depth.Layer);
         const PointResult result = ComposeResult(sums[i], work_.Layers.M2[layer], work_.Layers.Nu[layer],
                                                  depth.Z == 0 && layer == 0, work_.Scale);
-        PointResult& kept = work_.Results[chunk_.Points[i].Point];
+        PointResult& kept = work_.Results[point.Point];
         if (!careful_ || WorstEstimate(result) <= WorstEstimate(kept)) {
             kept = result;
         }
+    }
+}
+
+void DirectWork::Run() {
+    const DirectPlan plan = PlanDirect(work_, static_cast<double>(chunk_.Points.size()), careful_);
+    if (plan.Together) {
+        AddTogether(plan.Springs);
+    } else {
+        AddApart();
     }
     DoAgain();
 }

@@ -1,6 +1,7 @@
 // The inner loops of the solver, built once for each width of vector register and chosen when the program starts.
 // Everything here is plain arrays: the callers (level_sum, half_space) own all memory.
 #pragma once
+#include <cstddef>
 
 namespace zirvo::solver {
 
@@ -116,10 +117,22 @@ inline constexpr int FieldNumbers = (FieldComponents + Kinds) * 4;
 /// How a layer's coefficients are meant at a node: not reached by the field, modes, or values and slopes at
 /// both ends.
 enum Form : unsigned char { FormNone, FormThick, FormThin };
+/// Where the fields of some layers go, and how they are meant.
+struct FieldsPlace {
+    /// [radius * RadiusStride + slot * SlotStride + ((node / 8) * FieldNumbers + number) * 8 + node % 8]
+    double* Numbers = nullptr;
+    std::ptrdiff_t RadiusStride = 0, SlotStride = 0;
+    unsigned char* Forms = nullptr;  ///< [slot * NodeBlock + node]
+};
 /// Nodes that pairs are summed over at a time: their fields stay in the nearest cache.
 inline constexpr int PairNodes = 64;
 /// Numbers per node that tell the four functions of depth in a thin layer.
 inline constexpr int ThinNumbers = 8;
+
+/// Radii that fields are made for at most, where those of the loads lie between them.
+inline constexpr int MostMixed = 48;
+/// Numbers of the components of one of them (see Components).
+inline constexpr int ComponentNumbers = (FieldComponents + Kinds) * PairNodes;
 
 /// Some nodes for a sum of one pair of a load and a point, a multiple of 8 and at most PairNodes.
 struct PairBlock {
@@ -131,7 +144,14 @@ struct PairBlock {
     const double* Size = nullptr;    ///< its size without oscillation
     const double* Fields = nullptr;  ///< of the pair's layer
     const double* Depth = nullptr;   ///< four functions of the pair's depth, NodeBlock apart
-    const double* Doubt = nullptr;   ///< [segment * DoubtStride + kind]: share of kernels that is rounding
+    /// In place of both: components for some radii, ComponentNumbers apart, and their weights. Their sizes are mixed of
+    /// two neighbours.
+    const double* Components = nullptr;
+    const double* Weights = nullptr;
+    int Mixed = 0;
+    int SizeFirst = 0;
+    double SizeShare = 0;           ///< of the second
+    const double* Doubt = nullptr;  ///< [segment * DoubtStride + kind]: share of kernels that is rounding
     int DoubtStride = 0;
     const double* SegmentRounding = nullptr;  ///< what a sum of ones may be off in each segment
     const double* SegmentEnvelope = nullptr;  ///< 0.9 / sqrt of each segment's least wavenumber
@@ -164,15 +184,16 @@ struct Engine {
                            const KernelDepth* depths, int depthCount, bool vertical, bool horizontal, int& deepest,
                            double* out, double* low);
 
-    /// Fields of the layers that have a slot (slots[layer] >= 0, up to layer deepestWanted) at a block of wavenumbers:
-    /// out[((slot * NodeBlock / 8 + node / 8) * FieldNumbers + number) * 8 + node % 8], forms[slot * NodeBlock + node].
-    void (*Fields)(const LayeredSystem& system, double radius, const double* xi, int nodes, const int* slots,
-                   int deepestWanted, bool vertical, bool horizontal, int& deepest, double* out, unsigned char* forms);
+    /// Fields of the layers that have a slot (slots[layer] >= 0, up to layer deepestWanted) at a block of wavenumbers,
+    /// for loads of some radii.
+    void (*Fields)(const LayeredSystem& system, const double* radii, int radiusCount, const double* xi, int nodes,
+                   const int* slots, int deepestWanted, bool vertical, bool horizontal, int& deepest,
+                   const FieldsPlace& out);
 
     /// The same, made in numbers of two parts and rounded at the end.
-    void (*PreciseFields)(const LayeredSystem& system, double radius, const double* xi, int nodes, const int* slots,
-                          int deepestWanted, bool vertical, bool horizontal, int& deepest, double* out,
-                          unsigned char* forms);
+    void (*PreciseFields)(const LayeredSystem& system, const double* radii, int radiusCount, const double* xi,
+                          int nodes, const int* slots, int deepestWanted, bool vertical, bool horizontal, int& deepest,
+                          const FieldsPlace& out);
 
     /// For a thickness: out[number * NodeBlock + node], for DepthFunctions. Nodes at which it is not thin are left out.
     void (*ThinFunctions)(double thickness, const double* xi, int nodes, double* out);
@@ -185,6 +206,25 @@ struct Engine {
     /// Adds some nodes to the sums of a pair r apart.
     void (*AddToPair)(const BesselTable& table, const PairBlock& block, double r, bool vertical, bool horizontal,
                       PairSums& sums);
+
+    /// Components at a depth, for pairs whose radius lies between those that fields were made for:
+    /// out[number * PairNodes + node], FieldComponents of them and the sizes of the kinds.
+    /// @param fields, depth  as of a PairBlock
+    void (*Components)(const double* fields, const double* depth, int nodes, bool vertical, bool horizontal,
+                       double* out);
+
+    /// What interpolation between the radii misses of the components, as a share of their sizes: the largest of each
+    /// segment and kind, shares[segment * Kinds + kind].
+    /// @param tails  rows that give the two highest Chebyshev coefficients, MostMixed apart
+    void (*MissedByMixing)(const double* components, const double* tails, int count, int nodes, bool vertical,
+                           bool horizontal, double* shares);
+
+    /// The same as AddToPair, with the block's Components.
+    void (*AddMixedToPair)(const BesselTable& table, const PairBlock& block, double r, bool vertical, bool horizontal,
+                           PairSums& sums);
+
+    /// out[node] = sum over i of weights[i] * from[i * stride + node].
+    void (*Mix)(const double* from, std::ptrdiff_t stride, const double* weights, int count, int nodes, double* out);
 
     /// out = raw * factor for the rows of one depth (out may be raw). The measures are of |raw| * size, each of the
     /// kinds that the rows have (see WeighMeasures).

@@ -27,11 +27,13 @@ namespace {
 void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
                     int depthCount, bool vertical, bool horizontal, int& deepest, double* out, double* low);
 
-void PreciseFields(const LayeredSystem& system, double radius, const double* xi, int nodes, const int* slots,
-                   int deepestWanted, bool vertical, bool horizontal, int& deepest, double* out, unsigned char* forms);
+void PreciseFields(const LayeredSystem& system, const double* radii, int radiusCount, const double* xi, int nodes,
+                   const int* slots, int deepestWanted, bool vertical, bool horizontal, int& deepest,
+                   const FieldsPlace& out);
 
 extern const Engine TheEngine;
-const Engine TheEngine = {ZIRVO_ENGINE_NAME, Kernels,        PreciseKernels,   Fields,   PreciseFields,
-                          ThinFunctions,     DepthFunctions, AddToPair,        Weigh,    Bessel,
-                          Accumulate,        Interpolate,    ChebyshevWeights, HalfSpace};
+const Engine TheEngine = {ZIRVO_ENGINE_NAME, Kernels,          PreciseKernels, Fields,     PreciseFields,
+                          ThinFunctions,     DepthFunctions,   AddToPair,      Components, MissedByMixing,
+                          AddMixedToPair,    MixRow,           Weigh,          Bessel,     Accumulate,
+                          Interpolate,       ChebyshevWeights, HalfSpace};
 }  // namespace zirvo::solver::ZIRVO_ENGINE

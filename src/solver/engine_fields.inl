@@ -12,11 +12,12 @@ struct FieldTaker {
     const int* Slots;  // of each layer; -1: not wanted
     int Deepest;       // layer that has one
     int Node;
-    double* Out;
-    unsigned char* Forms;
+    FieldsPlace Out;
     int Reached = 0;
 
-    double* At(int slot) const { return Out + (slot * (NodeBlock / 8) + Node / 8) * (FieldNumbers * 8) + Node % 8; }
+    double* At(int slot) const {
+        return Out.Numbers + slot * Out.SlotStride + Node / 8 * (FieldNumbers * 8) + Node % 8;
+    }
     bool More() const { return Reached <= Deepest; }
 
     static void Put(double* out, int component, const Number c[4]) {
@@ -32,7 +33,7 @@ struct FieldTaker {
             return;
         }
         for (int i = 0; i < ZIRVO_LANES; ++i) {
-            Forms[slot * NodeBlock + Node + i] = here.Thin ? FormThin : FormThick;
+            Out.Forms[slot * NodeBlock + Node + i] = here.Thin ? FormThin : FormThick;
         }
         FieldValues f[4];
         if (here.Thin) {
@@ -140,25 +141,28 @@ struct FieldTaker {
     }
 };
 
-void Fields(const LayeredSystem& system, double radius, const double* xi, int nodes, const int* slots,
-            int deepestWanted, bool vertical, bool horizontal, int& deepest, double* out, unsigned char* forms) {
+void Fields(const LayeredSystem& system, const double* radii, int radiusCount, const double* xi, int nodes,
+            const int* slots, int deepestWanted, bool vertical, bool horizontal, int& deepest, const FieldsPlace& out) {
     LayerState states[MostLayers];
     for (int node = 0; node < nodes; node += ZIRVO_LANES) {
         const Number x = NumberAt(xi + node);
         const int bottom = deepest;
-        Upwards(system, radius, x, bottom, states);
         for (int layer = 0; layer <= deepestWanted; ++layer) {
             for (int i = 0; i < ZIRVO_LANES && slots[layer] >= 0; ++i) {
-                forms[slots[layer] * NodeBlock + node + i] = FormNone;
+                out.Forms[slots[layer] * NodeBlock + node + i] = FormNone;
             }
         }
         int reach = 0;
-        for (int load = 0; load < 2; ++load) {
-            const bool shear = load == 1;
-            if (shear ? horizontal : vertical) {
-                FieldTaker taker{system, slots, deepestWanted, node, out, forms};
-                const int other = Downwards(system, radius, states, x, bottom, shear, taker);
-                reach = other > reach ? other : reach;
+        FieldsPlace place = out;
+        for (int i = 0; i < radiusCount; ++i, place.Numbers += out.RadiusStride) {
+            Upwards(system, radii[i], x, bottom, states, i > 0);
+            for (int load = 0; load < 2; ++load) {
+                const bool shear = load == 1;
+                if (shear ? horizontal : vertical) {
+                    FieldTaker taker{system, slots, deepestWanted, node, place};
+                    const int other = Downwards(system, radii[i], states, x, bottom, shear, taker);
+                    reach = other > reach ? other : reach;
+                }
             }
         }
         deepest = reach;

@@ -290,7 +290,9 @@ inline int Downwards(const LayeredSystem& system, double radius, const LayerStat
 }
 
 /// All layers' states at one vector of nodes, from layer `bottom` upwards.
-inline void Upwards(const LayeredSystem& system, double radius, Number xi, int bottom, LayerState* states) {
+/// @param known  the states are those of another radius: what does not hang on the radius is taken from them
+inline void Upwards(const LayeredSystem& system, double radius, Number xi, int bottom, LayerState* states,
+                    bool known = false) {
     Compliance c = HalfSpaceCompliance(ConstantOf(system.Nu[bottom], 0));
     Constant m2Below = ConstantOf(system.M2[bottom], system.M2Low[bottom]);
     Propagator propagator{};
@@ -307,13 +309,17 @@ inline void Upwards(const LayeredSystem& system, double radius, Number xi, int b
         const bool same = i + 1 < bottom && system.Thickness[i] == system.Thickness[i + 1];
         if (s.Thin) {
             // A layer below with the same thickness is as thin.
-            s.Sums = same ? states[i + 1].Sums : HyperbolicOf(q);
+            if (!known) {
+                s.Sums = same ? states[i + 1].Sums : HyperbolicOf(q);
+            }
             if (!same || system.Nu[i] != system.Nu[i + 1]) {
                 propagator = PropagatorOf(ConstantOf(system.Nu[i], 0), q, s.Sums);
             }
             ThroughThin(propagator, below, s);
         } else {
-            s.E = same ? states[i + 1].E : ExpMinus(q);
+            if (!known) {
+                s.E = same ? states[i + 1].E : ExpMinus(q);
+            }
             ThroughThick(ConstantOf(system.Nu[i], 0), q, below, s);
         }
         c = s.Top;

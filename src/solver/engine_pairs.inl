@@ -127,31 +127,46 @@ inline Vec ComponentAt(const double* fields, int component, const Vec depth[4]) 
     return (Load(c) * depth[0] + Load(c + 8) * depth[1]) + (Load(c + 16) * depth[2] + Load(c + 24) * depth[3]);
 }
 
+/// Components from a layer's fields and the functions of depth.
+struct FieldComponentsAt {
+    const double* Fields;
+    Vec Depth[4];
+
+    Vec At(int component) const { return ComponentAt(Fields, component, Depth); }
+};
+
+/// Components mixed of those for some radii.
+struct MixedComponents {
+    Vec Mixed[FieldComponents];
+
+    Vec At(int component) const { return Mixed[component]; }
+};
+
 /// One vector of nodes; j: Bessel functions times the factor.
-template <bool VERTICAL, bool HORIZONTAL>
-inline void AddVector(const double* fields, const Vec depth[4], const Vec j[4], Vec inverseXi, Vec rows[RowCount]) {
+template <bool VERTICAL, bool HORIZONTAL, class Components>
+inline void AddVector(const Components& c, const Vec j[4], Vec inverseXi, Vec rows[RowCount]) {
     const Vec j0 = j[0] * inverseXi, j1 = j[1] * inverseXi, j2 = j[2] * inverseXi;
     if (VERTICAL) {
-        const Vec u = ComponentAt(fields, 2, depth);
-        rows[RowVerticalW] += ComponentAt(fields, 0, depth) * j0;
-        rows[RowVerticalS] += ComponentAt(fields, 1, depth) * j[0];
+        const Vec u = c.At(2);
+        rows[RowVerticalW] += c.At(0) * j0;
+        rows[RowVerticalS] += c.At(1) * j[0];
         rows[RowVerticalU0] += u * j[0];
         rows[RowVerticalU1] += u * j1;
-        rows[RowVerticalT] += ComponentAt(fields, 3, depth) * j[1];
+        rows[RowVerticalT] += c.At(3) * j[1];
         rows[RowVerticalU2] += u * j[2];
     }
     if (HORIZONTAL) {
-        const Vec u = ComponentAt(fields, HorizontalFields + 2, depth);
-        const Vec sum = ComponentAt(fields, HorizontalFields + 3, depth);
+        const Vec u = c.At(HorizontalFields + 2);
+        const Vec sum = c.At(HorizontalFields + 3);
         const Vec difference = u - sum;
-        rows[RowHorizontalW] += ComponentAt(fields, HorizontalFields, depth) * j1;
-        rows[RowHorizontalS] += ComponentAt(fields, HorizontalFields + 1, depth) * j[1];
+        rows[RowHorizontalW] += c.At(HorizontalFields) * j1;
+        rows[RowHorizontalS] += c.At(HorizontalFields + 1) * j[1];
         rows[RowHorizontalU] += u * j[1];
         rows[RowSum1] += sum * j[1];
         rows[RowSum0] += sum * j0;
-        rows[RowShear0] += ComponentAt(fields, HorizontalFields + 4, depth) * j[0];
+        rows[RowShear0] += c.At(HorizontalFields + 4) * j[0];
         rows[RowDifference2] += difference * j2;
-        rows[RowShear2] += ComponentAt(fields, HorizontalFields + 5, depth) * j[2];
+        rows[RowShear2] += c.At(HorizontalFields + 5) * j[2];
         rows[RowDifference3] += difference * j[3];
     }
 }
@@ -167,7 +182,36 @@ inline void AddSizes(const double* fields, const Vec depth[4], Vec size, Vec inv
     }
 }
 
+/// What a kind's size is at one vector of nodes, with weight and wavenumber.
+inline void AddMixedSizes(const PairBlock& block, int place, int first, int last, Vec size, Vec inverseXi,
+                          Vec sizes[Kinds]) {
+    const double* one = block.Components + block.SizeFirst * ComponentNumbers + place;
+    const double* two = block.SizeShare > 0 ? one + ComponentNumbers : one;
+    for (int kind = first; kind < last; ++kind) {
+        const int row = (FieldComponents + kind) * PairNodes;
+        const Vec all = ((1 - block.SizeShare) * Load(one + row) + block.SizeShare * Load(two + row)) * size;
+        sizes[kind] += kind % 2 == 1 ? all * inverseXi : all;
+    }
+}
+
 template <bool VERTICAL, bool HORIZONTAL>
+inline MixedComponents Mix(const PairBlock& block, int place) {
+    constexpr int From = VERTICAL ? 0 : HorizontalFields, To = HORIZONTAL ? FieldComponents : HorizontalFields;
+    MixedComponents mixed;
+    for (int c = From; c < To; ++c) {
+        mixed.Mixed[c] = All(0);
+    }
+    for (int i = 0; i < block.Mixed; ++i) {
+        const double weight = block.Weights[i];
+        const double* from = block.Components + i * ComponentNumbers + place;
+        for (int c = From; c < To; ++c) {
+            mixed.Mixed[c] += weight * Load(from + c * PairNodes);
+        }
+    }
+    return mixed;
+}
+
+template <bool VERTICAL, bool HORIZONTAL, bool MIXED>
 inline void AddPairNodes(const BesselTable& table, const PairBlock& block, double r, PairSums& sums) {
     constexpr int First = VERTICAL ? 0 : 2, Last = HORIZONTAL ? 4 : 2;
     constexpr int FirstRow = VERTICAL ? 0 : VerticalRows, LastRow = HORIZONTAL ? RowCount : VerticalRows;
@@ -188,7 +232,6 @@ inline void AddPairNodes(const BesselTable& table, const PairBlock& block, doubl
             Vec last[Kinds] = {All(0), All(0), All(0), All(0)};
             for (int part = 0; part < 8; part += ZIRVO_LANES) {
                 const int place = node + part;
-                const double* fields = block.Fields + node * FieldNumbers + part;
                 Vec j[4];
                 if (tiny) {
                     TinyBessel(table, Load(block.Xi + place) * r, j);
@@ -198,13 +241,21 @@ inline void AddPairNodes(const BesselTable& table, const PairBlock& block, doubl
                     }
                 }
                 const Vec factor = Load(block.Factor + place), inverseXi = Load(block.InverseXi + place);
-                Vec depth[4];
                 for (int n = 0; n < 4; ++n) {
                     j[n] *= factor;
-                    depth[n] = Load(block.Depth + n * NodeBlock + place);
                 }
-                AddVector<VERTICAL, HORIZONTAL>(fields, depth, j, inverseXi, rows);
-                AddSizes<First, Last>(fields, depth, Load(block.Size + place), inverseXi, last);
+                const Vec size = Load(block.Size + place);
+                if (MIXED) {
+                    AddVector<VERTICAL, HORIZONTAL>(Mix<VERTICAL, HORIZONTAL>(block, place), j, inverseXi, rows);
+                    AddMixedSizes(block, place, First, Last, size, inverseXi, last);
+                } else {
+                    FieldComponentsAt at{block.Fields + node * FieldNumbers + part, {}};
+                    for (int n = 0; n < 4; ++n) {
+                        at.Depth[n] = Load(block.Depth + n * NodeBlock + place);
+                    }
+                    AddVector<VERTICAL, HORIZONTAL>(at, j, inverseXi, rows);
+                    AddSizes<First, Last>(at.Fields, at.Depth, size, inverseXi, last);
+                }
             }
             for (int kind = First; kind < Last; ++kind) {
                 sizes[kind] += last[kind];
@@ -232,13 +283,98 @@ inline void AddPairNodes(const BesselTable& table, const PairBlock& block, doubl
     }
 }
 
+template <bool MIXED>
+inline void AddPair(const BesselTable& table, const PairBlock& block, double r, bool vertical, bool horizontal,
+                    PairSums& sums) {
+    if (vertical && horizontal) {
+        AddPairNodes<true, true, MIXED>(table, block, r, sums);
+    } else if (vertical) {
+        AddPairNodes<true, false, MIXED>(table, block, r, sums);
+    } else {
+        AddPairNodes<false, true, MIXED>(table, block, r, sums);
+    }
+}
+
 void AddToPair(const BesselTable& table, const PairBlock& block, double r, bool vertical, bool horizontal,
                PairSums& sums) {
-    if (vertical && horizontal) {
-        AddPairNodes<true, true>(table, block, r, sums);
-    } else if (vertical) {
-        AddPairNodes<true, false>(table, block, r, sums);
-    } else {
-        AddPairNodes<false, true>(table, block, r, sums);
+    AddPair<false>(table, block, r, vertical, horizontal, sums);
+}
+
+void AddMixedToPair(const BesselTable& table, const PairBlock& block, double r, bool vertical, bool horizontal,
+                    PairSums& sums) {
+    AddPair<true>(table, block, r, vertical, horizontal, sums);
+}
+
+void Components(const double* fields, const double* depth, int nodes, bool vertical, bool horizontal, double* out) {
+    const int from = vertical ? 0 : HorizontalFields, to = horizontal ? FieldComponents : HorizontalFields;
+    const int firstKind = vertical ? 0 : 2, lastKind = horizontal ? Kinds : 2;
+    for (int node = 0; node < nodes; node += ZIRVO_LANES) {
+        const double* numbers = fields + node / 8 * (8 * FieldNumbers) + node % 8;
+        Vec d[4], sizes[4];
+        for (int n = 0; n < 4; ++n) {
+            d[n] = Load(depth + n * NodeBlock + node);
+            sizes[n] = Absolute(d[n]);
+        }
+        for (int c = from; c < to; ++c) {
+            Store(out + c * PairNodes + node, ComponentAt(numbers, c, d));
+        }
+        for (int kind = firstKind; kind < lastKind; ++kind) {
+            const int c = FieldComponents + kind;
+            Store(out + c * PairNodes + node, ComponentAt(numbers, c, sizes));
+        }
+    }
+}
+
+/// Sizes of the two highest Chebyshev coefficients of a component, added up; half of it is what follows them at most.
+inline Vec TailOf(const double* components, const double* tails, int count, int component, int node) {
+    Vec one = All(0), two = All(0);
+    for (int i = 0; i < count; ++i) {
+        const Vec value = Load(components + i * ComponentNumbers + component * PairNodes + node);
+        one += tails[i] * value;
+        two += tails[MostMixed + i] * value;
+    }
+    return 0.5 * (Absolute(one) + Absolute(two));
+}
+
+/// The largest share of any node: what is missed at each over the least size of the kind there.
+inline double LargestShare(Vec missed, const double* components, int count, int kind, int node) {
+    Vec least = Load(components + (FieldComponents + kind) * PairNodes + node);
+    for (int i = 1; i < count; ++i) {
+        const Vec size = Load(components + i * ComponentNumbers + (FieldComponents + kind) * PairNodes + node);
+        least = Choose(size < least, size, least);
+    }
+    double largest = 0;
+    for (int i = 0; i < ZIRVO_LANES; ++i) {
+        // Where the field does not reach there is nothing to be missed.
+        const double share = missed[i] > 0 && least[i] > 0 ? missed[i] / least[i] : 0;
+        largest = share > largest ? share : largest;
+    }
+    return largest;
+}
+
+void MissedByMixing(const double* components, const double* tails, int count, int nodes, bool vertical, bool horizontal,
+                    double* shares) {
+    for (int i = 0; i < (nodes + Segment - 1) / Segment * Kinds; ++i) {
+        shares[i] = 0;
+    }
+    for (int node = 0; node < nodes; node += ZIRVO_LANES) {
+        double* const at = shares + node / Segment * Kinds;
+        const auto raise = [&](int kind, Vec missed) {
+            const double share = LargestShare(missed, components, count, kind, node);
+            at[kind] = share > at[kind] ? share : at[kind];
+        };
+        const auto tail = [&](int c) { return TailOf(components, tails, count, c, node); };
+        if (vertical) {
+            const Vec u = tail(2);
+            raise(0, Larger(Larger(tail(1), u), tail(3)));
+            raise(1, Larger(tail(0), u));
+        }
+        if (horizontal) {
+            // Differences of two miss what both do.
+            const Vec u = tail(HorizontalFields + 2) + tail(HorizontalFields + 3);
+            raise(2, Larger(Larger(tail(HorizontalFields + 1), u),
+                            Larger(tail(HorizontalFields + 4), tail(HorizontalFields + 5))));
+            raise(3, Larger(tail(HorizontalFields), u));
+        }
     }
 }

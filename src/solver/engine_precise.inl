@@ -82,12 +82,14 @@ void PreciseKernels(const LayeredSystem& system, double radius, const double* xi
     Kernels(system, radius, xi, nodes, depths, depthCount, vertical, horizontal, deepest, RowPlace{out, low});
 }
 
-void PreciseFields(const LayeredSystem& system, double radius, const double* xi, int nodes, const int* slots,
-                   int deepestWanted, bool vertical, bool horizontal, int& deepest, double* out, unsigned char* forms);
+void PreciseFields(const LayeredSystem& system, const double* radii, int radiusCount, const double* xi, int nodes,
+                   const int* slots, int deepestWanted, bool vertical, bool horizontal, int& deepest,
+                   const FieldsPlace& out);
 
-void PreciseFields(const LayeredSystem& system, double radius, const double* xi, int nodes, const int* slots,
-                   int deepestWanted, bool vertical, bool horizontal, int& deepest, double* out, unsigned char* forms) {
-    Fields(system, radius, xi, nodes, slots, deepestWanted, vertical, horizontal, deepest, out, forms);
+void PreciseFields(const LayeredSystem& system, const double* radii, int radiusCount, const double* xi, int nodes,
+                   const int* slots, int deepestWanted, bool vertical, bool horizontal, int& deepest,
+                   const FieldsPlace& out) {
+    Fields(system, radii, radiusCount, xi, nodes, slots, deepestWanted, vertical, horizontal, deepest, out);
 }
 
 }  // namespace zirvo::solver::ZIRVO_ENGINE

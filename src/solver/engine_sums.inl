@@ -26,6 +26,16 @@ inline void WeighSegment(const double* raw, const double* factor, const double* 
     }
 }
 
+void MixRow(const double* from, std::ptrdiff_t stride, const double* weights, int count, int nodes, double* out) {
+    for (int node = 0; node < nodes; node += ZIRVO_LANES) {
+        Vec sum = All(0);
+        for (int i = 0; i < count; ++i) {
+            sum += weights[i] * Load(from + i * stride + node);
+        }
+        Store(out + node, sum);
+    }
+}
+
 void Weigh(const double* raw, const double* factor, const double* size, int nodes, int firstRow, int lastRow,
            double* out, const WeighMeasures& measures) {
     for (int kind = 0; kind < Kinds; ++kind) {

@@ -36,6 +36,7 @@ LevelSum::LevelSum(const LevelWork& work, const RadiusLevel& level, const SumCar
       precise_(scratch_.Precise),
       rounding_(scratch_.Rounding) {
     PlaceColumns();
+    PlanMixing();
 }
 
 void LevelSum::Run() {
@@ -115,6 +116,7 @@ void LevelSum::Sum(int refinement) {
         sum.Deepest = static_cast<int>(work_.Layers.M2.size()) - 1;
         horizontal = horizontal || work_.Groups[g].Horizontal;
     }
+    mixedDeepest_ = static_cast<int>(work_.Layers.M2.size()) - 1;
     segmentXi_.clear();
     // Sizes only grow: room is cleared once.
     const auto grow = [](std::vector<double>& room, std::size_t size) {
@@ -250,9 +252,16 @@ void LevelSum::SumBlock(const double* weight, int nodes) {
     for (int first = 0; first < nodes; first += Segment) {
         segmentXi_.push_back(xi_[std::min(first + Segment, nodes) - 1]);
     }
+    if (springs_.Mixed()) {
+        MakeMixedKernels(anyVertical, anyHorizontal, nodes);
+    }
     for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
         const LoadGroup& group = work_.Groups[g];
-        if (work_.Layers.Slips && sums_[g].Tiles > 0) {
+        if (springs_.Mixed()) {
+            if (sums_[g].Tiles > 0) {
+                MixKernels(g, nodes);
+            }
+        } else if (work_.Layers.Slips && sums_[g].Tiles > 0) {
             MakeKernels(group.Radius, group.Vertical, group.Horizontal, nodes, sums_[g]);
         } else if (!work_.Layers.Slips && g == 0) {
             MakeKernels(0, anyVertical, anyHorizontal, nodes, sums_[0]);

@@ -9,6 +9,7 @@
 #include "solver/engine.h"
 #include "solver/prepared_problem.h"
 #include "solver/radius_plan.h"
+#include "solver/spring_nodes.h"
 #include "solver/wavenumbers.h"
 
 namespace zirvo::solver {
@@ -48,7 +49,7 @@ struct LevelWork {
 /// than filling it. One for each thread, until it ends; some MB for the largest pavements.
 struct LevelScratch {
     std::vector<double> Bessel[4];
-    std::vector<double> LoadBessel, Raw, Weighted, Precise, Rounding;
+    std::vector<double> LoadBessel, Raw, Weighted, Precise, Rounding, Mixed, Missed;
 };
 LevelScratch& ScratchOfThread();
 
@@ -86,6 +87,9 @@ private:
     void MakeBessel(int firstTile, int tiles, int nodes);
     void SumBlock(const double* weight, int nodes);
     void MakeKernels(double radius, bool vertical, bool horizontal, int nodes, GroupSum& sum);
+    void PlanMixing();
+    void MakeMixedKernels(bool vertical, bool horizontal, int nodes);
+    void MixKernels(std::size_t g, int nodes);
     void SampleRounding(double radius, bool vertical, bool horizontal, int nodes, int deepest);
     void Weigh(std::size_t g, const double* weight, int nodes);
     void AddDoubts(GroupSum& sum, int segments, std::size_t first) const;
@@ -116,6 +120,8 @@ private:
     std::vector<double> segmentRounding_;  // of each segment: what a sum of ones may be off
     std::vector<double> envelopes_;        // of the item at hand: sizes of its Bessel functions in each segment
     std::vector<double> segmentXi_;        // largest wavenumber of each segment
+    SpringNodes springs_;                  // where the kernels of all groups are mixed of those for a few radii
+    int mixedDeepest_ = 0;                 // layer that those still reach
     int mostTiles_ = 0;                    // whose Bessel functions stand at one time
     bool loadsInLastTile_ = false;         // the radii of the loads stand behind those of the points
     std::size_t loadPlace_ = 0;            // there

@@ -59,6 +59,27 @@ double GapFrom(const GroupLoad& load, double radius, const PolarPosition& positi
     return (sum.High + sum.Low) / (position.R + radius);
 }
 
+void PointSums::Add(const PointSums& other) {
+    U += other.U;
+    V += other.V;
+    W += other.W;
+    Normal += other.Normal;
+    ShearX += other.ShearX;
+    ShearY += other.ShearY;
+    AreaStrain += other.AreaStrain;
+    StrainDifference += other.StrainDifference;
+    ShearStrain += other.ShearStrain;
+    DisplacementError += other.DisplacementError;
+    StrainError += other.StrainError;
+    DisplacementSize += other.DisplacementSize;
+    StrainSize += other.StrainSize;
+    Sharpness = std::max(Sharpness, other.Sharpness);
+    SurfaceNormal += other.SurfaceNormal;
+    SurfaceX += other.SurfaceX;
+    SurfaceY += other.SurfaceY;
+    OnEdge = OnEdge || other.OnEdge;
+}
+
 void AddRows(const GroupLoad& load, const PolarPosition& position, const double* rows, PointSums& sums) {
     const double c = position.Cos;
     const double s = position.Sin;

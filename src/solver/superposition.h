@@ -36,6 +36,9 @@ struct PointSums {
     /// At z = 0: the surface traction itself, in the unit of the moduli.
     double SurfaceNormal = 0, SurfaceX = 0, SurfaceY = 0;
     bool OnEdge = false;
+
+    /// Adds what other loads do at the same point.
+    void Add(const PointSums& other);
 };
 
 /// Adds one load's rows (sums per unit pressure and per unit shear).
