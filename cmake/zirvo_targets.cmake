@@ -15,34 +15,36 @@ if(WIN32)
     target_link_options(zirvo_rules INTERFACE -Wl,--no-insert-timestamp)  # the same source gives the same bytes
   endif()
 endif()
-if(ZIRVO_FUZZ)
-  set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O1 -g1")
-  # Each edge of the code counts itself, which is how a fuzzer sees that a file is a new one. Set for all that is compiled,
-  # so that all fuzzers share one build of the libraries. The sanitizers are those of ZIRVO_SANITIZE and one more.
-  if(ZIRVO_FUZZ_COVERAGE)
-    target_compile_options(zirvo_rules INTERFACE -fsanitize=fuzzer-no-link -fprofile-instr-generate -fcoverage-mapping)
-    target_link_options(zirvo_rules INTERFACE -fprofile-instr-generate)
-  else()
-    target_compile_options(zirvo_rules INTERFACE -fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow
-      -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    target_link_options(zirvo_rules INTERFACE -fsanitize=address,undefined)
-  endif()
-  # Classes of two systems have members that one of them alone looks at.
-  target_compile_options(zirvo_rules INTERFACE -Wno-unused-private-field)
-  target_compile_definitions(zirvo_rules INTERFACE _GLIBCXX_ASSERTIONS)
-endif()
-if(ZIRVO_SANITIZE)
-  # Little optimising, lines alone for the debugger: the tests run as fast, and all of it builds in half the time. Our own
-  # asserts and those of the standard library are on.
-  set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O1 -g1")
-  target_compile_options(zirvo_rules INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_compile_definitions(zirvo_rules INTERFACE _GLIBCXX_ASSERTIONS)
+if(ZIRVO_FUZZ_COVERAGE)
+  target_compile_options(zirvo_rules INTERFACE -fprofile-instr-generate -fcoverage-mapping)
+  target_link_options(zirvo_rules INTERFACE -fprofile-instr-generate)
+elseif(ZIRVO_SANITIZE)
+  target_compile_options(zirvo_rules INTERFACE -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
+    -fno-omit-frame-pointer)
   target_link_options(zirvo_rules INTERFACE -fsanitize=address,undefined)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # Behind the sanitizers' own code g++ 12 sees uninitialised values in its std::function where there are none; the
     # release build keeps the warning.
     target_compile_options(zirvo_rules INTERFACE -Wno-maybe-uninitialized)
+  else()
+    target_compile_definitions(zirvo_rules INTERFACE __SANITIZE_ADDRESS__)  # as g++ tells of it
   endif()
+endif()
+if(ZIRVO_SANITIZE)
+  # Little optimising, lines alone for the debugger: the tests run as fast, and all of it builds in half the time. Our own
+  # asserts and those of the standard library are on.
+  set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O1 -g1")
+  target_compile_definitions(zirvo_rules INTERFACE _GLIBCXX_ASSERTIONS)
+  if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    # Classes of two systems have members that one of them alone looks at.
+    target_compile_options(zirvo_rules INTERFACE -Wno-unused-private-field)
+  endif()
+endif()
+if(ZIRVO_FUZZ)
+  # Each edge of the code counts itself, which is how a fuzzer sees that a file is a new one. Set for all that is compiled,
+  # so that all fuzzers share one build of the libraries, and the tests with them.
+  target_compile_options(zirvo_rules INTERFACE -fsanitize=fuzzer-no-link)
+  set(ZIRVO_COVERAGE_OF_FUZZERS inline-8bit-counters,pc-table,indirect-calls,trace-cmp)  # to take it from what none runs
 endif()
 
 # zirvo_library(NAME [SHAREABLE] SOURCES file... [LINK target...]): one library of a folder of src. SHAREABLE: it also
@@ -73,6 +75,9 @@ endfunction()
 function(zirvo_test_options name)
   if(NOT MSVC)
     target_compile_options(${name} PRIVATE -O0)  # what they test keeps the preset's own; tests only compile sooner
+  endif()
+  if(ZIRVO_FUZZ)  # no fuzzer looks at them
+    target_compile_options(${name} PRIVATE -fno-sanitize-coverage=${ZIRVO_COVERAGE_OF_FUZZERS})
   endif()
 endfunction()
 

@@ -10,6 +10,8 @@ namespace zirvo::test {
 
 class WorkFolder : public TemporaryFolder {
 public:
+    WorkFolder() {}  // a constant member needs one that is written out, as clang reads the standard
+
     /// Runs zirvo-batch in the folder.
     Outcome Batch(const std::vector<std::string>& arguments) const { return Batch(arguments, {}); }
     Outcome Batch(const std::vector<std::string>& arguments, Surroundings surroundings) const;
