@@ -4,10 +4,12 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <memory>
 #include <vector>
 
 #include "solver/depth_plan.h"
 #include "solver/engine.h"
+#include "solver/joint_sum.h"
 #include "solver/layered_sums.h"
 #include "solver/problem.h"
 #include "solver/superposition.h"
@@ -47,7 +49,13 @@ private:
     void AddDepths() const;
     void DoAgain() const;
     void DoJointly() const;
-    void JoinPlace(std::size_t first, std::size_t last, double& budget) const;
+    struct JointPlace {
+        std::vector<SourceDepth> Sources;
+        std::vector<std::size_t> Points;  // of the chunk, one for each source
+        std::unique_ptr<JointSum> Sum;
+    };
+    JointPlace JointAt(std::size_t first, std::size_t last) const;
+    void JoinPlace(const JointPlace& place) const;
     void Keep(std::size_t point, const PointResult& result) const;
     /// Room for some points, of one thread.
     struct PointRoom {

@@ -41,7 +41,8 @@ inline void ThinDepth(const KernelDepth& depth, Vec x, const double* thin, doubl
         }
         return;
     }
-    const Vec y = x * (0.5 * (depth.FromTop - depth.FromBottom));
+    // The tops of a hundred layers are rounded by more than a film can bear.
+    const Vec y = x * (0.5 * ((depth.FromTop - depth.FromBottom) + (depth.FromTopLow - depth.FromBottomLow)));
     const Hyperbolic f = HyperbolicOf(y);
     const Vec even = y * f.Sinh;
     Vec n[ThinNumbers];
@@ -66,11 +67,11 @@ void DepthFunctions(const KernelDepth& depth, bool lastLayer, const double* xi, 
         }
         Vec f[4] = {All(0), All(0), All(0), All(0)};
         if (forms[node] == FormThick) {
-            const Vec zeta = x * depth.FromTop;
+            const Vec zeta = x * (depth.FromTop + depth.FromTopLow);
             f[0] = ExpMinus(zeta);
             f[1] = zeta * f[0];
             if (!lastLayer) {
-                const Vec eta = x * depth.FromBottom;
+                const Vec eta = x * (depth.FromBottom + depth.FromBottomLow);
                 f[2] = ExpMinus(eta);
                 f[3] = eta * f[2];
             }

@@ -40,30 +40,40 @@ void ChunkWork::DoJointly() const {
     }
     std::stable_sort(places.begin(), places.end(), [](const Place& a, const Place& b) { return a.Worst > b.Worst; });
     double budget = JointShare * budget_;
+    std::vector<JointPlace> joints;
     for (const Place& place : places) {
-        JoinPlace(place.First, place.Last, budget);
+        JointPlace joint = JointAt(place.First, place.Last);
+        if (joint.Sum->Cost() <= budget) {  // else nothing: too dear
+            budget -= joint.Sum->Cost();
+            joints.push_back(std::move(joint));
+        }
     }
+    ShareWith(work_.Helpers, joints.size(), [&](std::size_t i) {
+        JoinPlace(joints[i]);
+        joints[i].Sum.reset();  // its kernels are large
+    });
 }
 
-/// Points first .. last - 1, all of one place, those of them that want it; nothing where that is too dear.
-void ChunkWork::JoinPlace(std::size_t first, std::size_t last, double& budget) const {
-    std::vector<SourceDepth> sources;
-    std::vector<std::size_t> points;
+/// What points first .. last - 1, all of one place, want of a sum of all loads.
+ChunkWork::JointPlace ChunkWork::JointAt(std::size_t first, std::size_t last) const {
+    JointPlace place;
     for (std::size_t i = first; i < last; ++i) {
         const auto depth = static_cast<std::size_t>(chunk_.Points[i].Depth);
         if (!(WorstEstimate(work_.Results[chunk_.Points[i].Point]) <= RedoGoal)) {
-            sources.push_back(chunk_.Sources[depth]);
-            points.push_back(i);
+            place.Sources.push_back(chunk_.Sources[depth]);
+            place.Points.push_back(i);
         }
     }
-    const double x = chunk_.Points[first].X;
-    const double y = chunk_.Points[first].Y;
-    JointSum joint(work_.TheProblem, work_.Layers, work_.TheEngine, work_.Scale, x, y, sources);
-    if (joint.Cost() > budget) {
-        return;
-    }
-    budget -= joint.Cost();
-    std::vector<PointSums> sums = joint.Run();
+    place.Sum = std::make_unique<JointSum>(work_.TheProblem, work_.Layers, work_.TheEngine, work_.Scale,
+                                           chunk_.Points[first].X, chunk_.Points[first].Y, place.Sources);
+    return place;
+}
+
+void ChunkWork::JoinPlace(const JointPlace& place) const {
+    const auto& [sources, points, joint] = place;
+    const double x = chunk_.Points[points.front()].X;
+    const double y = chunk_.Points[points.front()].Y;
+    std::vector<PointSums> sums = joint->Run();
     for (const LoadGroup& group : work_.Groups) {
         for (const GroupLoad& load : group.Loads) {
             const PolarPosition position = PositionFrom(load, x, y);

@@ -144,6 +144,83 @@ TEST(Direct, PlacesAtFewDepthsStandOnTables) {
     }
 }
 
+/// What each load does alone, added up: no radius but its own stands behind it.
+PointResult SumOfLoads(const Problem& problem, const Point& point) {
+    PointResult sum;
+    Problem alone = problem;
+    for (const Load& load : problem.Loads) {
+        alone.Loads = {load};
+        const PointResult result = At(alone, point);
+        for (std::size_t i = 0; i < sum.Values.size(); ++i) {
+            sum.Values[i] += result.Values[i];
+        }
+    }
+    sum.Estimates.fill(1e-14);
+    return sum;
+}
+
+TEST(Direct, RadiiTakenTogetherAgreeWithEachLoadAlone) {
+    for (const double slip : {0.0, 0.6}) {
+        const Problem problem = Scattered(slip, 1e5, 60, 26);
+        std::vector<PointResult> results(problem.Points.size());
+        const Work work{problem, LayerTable(problem), GroupLoads(problem), BestEngine(), {}, results};
+        EXPECT_TRUE(PlanDirect(work, 26, false).Together);
+        EXPECT_EQ(PlanDirect(work, 26, false).Springs == 1, slip == 0);
+        results = Direct(problem, BestEngine());
+        const Solution tables = Solve(problem);  // too few pairs for direct sums
+        for (std::size_t i = 0; i < problem.Points.size(); i += 3) {
+            const PointResult sum = SumOfLoads(problem, problem.Points[i]);
+            EXPECT_LT(ShareOfBounds(sum, results[i]), 1) << slip << ' ' << i;
+            EXPECT_LT(ShareOfBounds(sum, tables.Points[i]), 1) << slip << ' ' << i;
+            EXPECT_LT(*std::max_element(results[i].Estimates.begin(), results[i].Estimates.end()), 1e-10);
+        }
+    }
+}
+
+// Springs that slip freely or hardly, at all interfaces, and radii 40 times apart.
+TEST(Direct, FewRadiiStandForAllThatLieBetween) {
+    std::vector<LoadGroup> groups(50);
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        groups[i].Radius = 4 * std::pow(40, static_cast<double>(i) / 49);
+    }
+    const int count = SpringNodesWanted(groups, false);
+    ASSERT_LE(count, MostMixed);
+    const SpringNodes nodes = SpringNodesOf(groups, count);
+    for (const double pole : {0.01, 1.0, 30.0, 1e4}) {
+        const auto field = [&](double a) { return 1 / (1 + a / pole); };
+        for (std::size_t g = 0; g < groups.size(); ++g) {
+            double sum = 0;
+            for (std::size_t i = 0; i < nodes.Radii.size(); ++i) {
+                sum += nodes.Mixes[g].Weights[i] * field(nodes.Radii[i]);
+            }
+            EXPECT_NEAR(sum, field(groups[g].Radius), 3e-15 * field(groups[0].Radius)) << pole << ' ' << g;
+        }
+    }
+}
+
+// The tops of many layers are rounded by more than the middle of a plate can bear, where it hardly bends; its depths
+// are known from both its ends beyond that.
+TEST(Direct, PlatesBelowManyLayersHaveTheirOwnDepths) {
+    Problem problem;
+    for (int i = 0; i < 41; ++i) {
+        const bool film = i % 2 == 1;
+        problem.Layers.push_back({film ? 0.03 : 20000.0, film ? 0.5 : 0.3, film ? 0.11 : 9.1 + 0.37 * i, 0});
+    }
+    problem.Layers.push_back({50, 0.35, 0, 0});
+    problem.Loads = {{245, 15, 0, 0, 0, 0}};
+    double top = 0;
+    for (std::size_t k = 0; k + 1 < problem.Layers.size(); ++k) {
+        for (const double share : {0.499, 0.49999, 0.5001}) {
+            problem.Points.push_back({static_cast<int>(k) + 1, 0, 0, top + share * problem.Layers[k].Thickness});
+        }
+        top += problem.Layers[k].Thickness;
+    }
+    const auto results = Direct(problem, BestEngine());
+    for (std::size_t i = 0; i < problem.Points.size(); ++i) {
+        EXPECT_LT(ShareOfBounds(At(problem, problem.Points[i]), results[i]), 1) << i;
+    }
+}
+
 TEST(Direct, ThreadsDoNotChangeABit) {
     const Problem problem = Scattered(0.6, 30, 20, 1500);
     const Solution one = Solve(problem, {1});
