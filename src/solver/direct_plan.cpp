@@ -164,9 +164,12 @@ std::vector<DepthChunk> WithDirectChunks(const Work& work, std::vector<DepthChun
             points += candidates[i].Chunk->Points.size();
         }
         const double parts = std::ceil(static_cast<double>(points) / static_cast<double>(most));
-        const double pairs =
-            perPair * loads.Count * static_cast<double>(points) +
-            parts * 2 * Nodes * PlanDirect(work, static_cast<double>(points) / parts, false).FieldsPerNode;
+        double fields = 0;
+        for (const DirectPart& part :
+             PlanDirect(work, static_cast<std::size_t>(static_cast<double>(points) / parts), false)) {
+            fields += part.FieldsPerNode;
+        }
+        const double pairs = perPair * loads.Count * static_cast<double>(points) + parts * 2 * Nodes * fields;
         if (pairs < ClearlyLess * table) {
             AddDirect(band, work.Layers.Thickness[0], most, direct);
         } else {

@@ -16,43 +16,65 @@ namespace {
 
 constexpr std::size_t MostPairs = 4000;     // that are summed at a time: 5 MB
 constexpr std::size_t GroupsOfPart = 8;     // that one thread takes at a time
+constexpr double AlikeRadii = 6;            // of those that share nodes, the largest over the smallest
 constexpr double CarefulBudgetShare = 0.1;  // what has run out of its budget is not mended by care
 
 }  // namespace
 
-/// How the pairs are parted: group by group, or all groups at once at some of the points. Costs of a node [ns].
-DirectPlan PlanDirect(const Work& work, double points, bool careful) {
-    DirectPlan plan;
+namespace {
+
+/// How the pairs of some groups are parted: group by group, or all at once at some of the points. Costs of a node [ns].
+DirectPart PlanPart(const Work& work, std::span<const LoadGroup> groups, double points, bool careful) {
+    DirectPart plan;
+    plan.Groups = groups;
     double loads = 0;
     bool vertical = false;
     bool horizontal = false;
-    for (const LoadGroup& group : work.Groups) {
+    for (const LoadGroup& group : groups) {
         loads += static_cast<double>(group.Loads.size());
         vertical = vertical || group.Vertical;
         horizontal = horizontal || group.Horizontal;
     }
-    const double groups = static_cast<double>(work.Groups.size());
+    const auto count = static_cast<double>(groups.size());
     const double field = FieldCost(work.Layers, vertical, horizontal);
-    plan.FieldsPerNode = groups * field;
-    if (work.Groups.size() < 2) {
+    plan.FieldsPerNode = count * field;
+    if (groups.size() < 2) {
         return plan;
     }
-    const double parts = std::ceil(points * loads / static_cast<double>(MostPairs));
+    const double pieces = std::ceil(points * loads / static_cast<double>(MostPairs));
     if (!work.Layers.Slips) {
-        plan.Together = parts < groups;
-        plan.Springs = 1;
-        plan.FieldsPerNode = field * std::min(parts, groups);
+        plan.Springs = pieces < count ? 1 : 0;
+        plan.FieldsPerNode = field * std::min(pieces, count);
         return plan;
     }
     // Plain kernels are cheap, and how much of them is rounding is known of one radius at a time only.
-    const int wanted = SpringNodesWanted(work.Groups, careful);
-    const double cost = wanted * (parts * field + points * loads * MixCost(vertical, horizontal));
+    const int wanted = SpringNodesWanted(groups, careful);
+    const double cost = wanted * (pieces * field + points * loads * MixCost(vertical, horizontal));
     if ((careful || work.Layers.Contrast > PreciseContrast) && wanted <= MostMixed && cost < plan.FieldsPerNode) {
-        plan.Together = true;
         plan.Springs = wanted;
         plan.FieldsPerNode = cost;
     }
     return plan;
+}
+
+}  // namespace
+
+/// Groups whose radii are alike: those of very different ones want nodes that are too different.
+std::vector<DirectPart> PlanDirect(const Work& work, std::size_t points, bool careful) {
+    const std::span<const LoadGroup> groups(work.Groups);
+    std::vector<DirectPart> parts;
+    for (std::size_t first = 0; first < groups.size();) {
+        const double whole = std::log(groups.back().Radius / groups[first].Radius);
+        const double part = whole / std::max(1.0, std::ceil(whole / std::log(AlikeRadii)));
+        const double largest = groups[first].Radius * std::exp(part) * (1 + 1e-9);
+        std::size_t last = first + 1;
+        while (last < groups.size() && groups[last].Radius <= largest) {
+            ++last;
+        }
+        parts.push_back(PlanPart(work, groups.subspan(first, last - first), static_cast<double>(points), careful));
+        first = last;
+    }
+    return parts;
 }
 
 /// Some loads of a group, or all of all groups, at points first .. last - 1.
@@ -101,69 +123,66 @@ void DirectWork::AddPiece(const Piece& piece, const SpringNodes& springs, Direct
 }
 
 /// Group by group, some of them on each thread; their sums are added in the order of the groups.
-void DirectWork::AddApart() const {
+void DirectWork::AddApart(std::span<const LoadGroup> groups, std::vector<PointSums>& sums) const {
     const std::size_t points = chunk_.Points.size();
-    const std::size_t parts = (work_.Groups.size() + GroupsOfPart - 1) / GroupsOfPart;
-    std::vector<std::vector<PointSums>> sums(parts);
-    ShareWith(work_.Helpers, parts, [&](std::size_t part) {
-        sums[part].resize(points);
+    std::vector<std::vector<PointSums>> parts((groups.size() + GroupsOfPart - 1) / GroupsOfPart);
+    ShareWith(work_.Helpers, parts.size(), [&](std::size_t part) {
+        parts[part].resize(points);
         DirectScratch scratch;
-        const std::size_t end = std::min((part + 1) * GroupsOfPart, work_.Groups.size());
+        const std::size_t end = std::min((part + 1) * GroupsOfPart, groups.size());
         for (std::size_t g = part * GroupsOfPart; g < end; ++g) {
-            const LoadGroup& group = work_.Groups[g];
-            const SpringNodes springs = OneSpringNode(group.Radius);
-            const std::size_t loads = group.Loads.size();
+            const SpringNodes springs = OneSpringNode(groups[g].Radius);
+            const std::size_t loads = groups[g].Loads.size();
             const std::size_t step = std::clamp<std::size_t>(MostPairs / points, 1, loads);
             for (std::size_t first = 0; first < loads; first += step) {
-                AddPiece({0, points, {&group, 1}, first, std::min(first + step, loads)}, springs, scratch,
-                         sums[part].data());
+                AddPiece({0, points, groups.subspan(g, 1), first, std::min(first + step, loads)}, springs, scratch,
+                         parts[part].data());
             }
         }
     });
-    for (std::size_t part = 1; part < parts; ++part) {
+    for (const auto& part : parts) {
         for (std::size_t i = 0; i < points; ++i) {
-            sums[0][i].Add(sums[part][i]);
+            sums[i].Add(part[i]);
         }
     }
-    Compose(0, sums[0]);
 }
 
 /// All groups at once, some of the points on each thread.
-void DirectWork::AddTogether(int count) const {
-    const SpringNodes springs = count > 1 ? SpringNodesOf(work_.Groups, count) : OneSpringNode(work_.Groups[0].Radius);
+void DirectWork::AddTogether(const DirectPart& plan, std::vector<PointSums>& sums) const {
+    const SpringNodes springs =
+        plan.Springs > 1 ? SpringNodesOf(plan.Groups, plan.Springs) : OneSpringNode(plan.Groups.front().Radius);
+    std::size_t loads = 0;
+    for (const LoadGroup& group : plan.Groups) {
+        loads += group.Loads.size();
+    }
     const std::size_t points = chunk_.Points.size();
-    const std::size_t step = std::max<std::size_t>(MostPairs / work_.TheProblem.Loads.size(), 1);
-    const std::size_t parts = (points + step - 1) / step;
-    ShareWith(work_.Helpers, parts, [&](std::size_t part) {
-        const Piece piece{part * points / parts, (part + 1) * points / parts, work_.Groups};
-        std::vector<PointSums> sums(piece.LastPoint - piece.FirstPoint);
+    const std::size_t step = std::max<std::size_t>(MostPairs / loads, 1);
+    const std::size_t pieces = (points + step - 1) / step;
+    ShareWith(work_.Helpers, pieces, [&](std::size_t i) {
+        const Piece piece{i * points / pieces, (i + 1) * points / pieces, plan.Groups};
         DirectScratch scratch;
-        AddPiece(piece, springs, scratch, sums.data());
-        Compose(piece.FirstPoint, sums);
+        AddPiece(piece, springs, scratch, sums.data() + piece.FirstPoint);
     });
 }
 
-/// Results of the points from `first` on.
-void DirectWork::Compose(std::size_t first, const std::vector<PointSums>& sums) const {
-    for (std::size_t i = 0; i < sums.size(); ++i) {
-        const ChunkPoint& point = chunk_.Points[first + i];
-        const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(point.Depth)];
+void DirectWork::Run() {
+    std::vector<PointSums> sums(chunk_.Points.size());
+    for (const DirectPart& part : PlanDirect(work_, chunk_.Points.size(), careful_)) {
+        if (part.Springs > 0) {
+            AddTogether(part, sums);
+        } else {
+            AddApart(part.Groups, sums);
+        }
+    }
+    for (std::size_t i = 0; i < chunk_.Points.size(); ++i) {
+        const PointDepth& depth = chunk_.Depths[static_cast<std::size_t>(chunk_.Points[i].Depth)];
         const auto layer = static_cast<std::size_t>(depth.Layer);
         const PointResult result = ComposeResult(sums[i], work_.Layers.M2[layer], work_.Layers.Nu[layer],
                                                  depth.Z == 0 && layer == 0, work_.Scale);
-        PointResult& kept = work_.Results[point.Point];
+        PointResult& kept = work_.Results[chunk_.Points[i].Point];
         if (!careful_ || WorstEstimate(result) <= WorstEstimate(kept)) {
             kept = result;
         }
-    }
-}
-
-void DirectWork::Run() {
-    const DirectPlan plan = PlanDirect(work_, static_cast<double>(chunk_.Points.size()), careful_);
-    if (plan.Together) {
-        AddTogether(plan.Springs);
-    } else {
-        AddApart();
     }
     DoAgain();
 }

@@ -1,6 +1,7 @@
 // One chunk of points each of whose pairs with a load has sums of its own. Caller: Solve, beside ChunkWork.
 #pragma once
 #include <cstddef>
+#include <span>
 #include <vector>
 
 #include "solver/depth_plan.h"
@@ -9,13 +10,13 @@
 
 namespace zirvo::solver {
 
-/// How the pairs of a chunk are parted.
-struct DirectPlan {
-    bool Together = false;     ///< all groups at once, else group by group
-    int Springs = 0;           ///< radii that fields are made for, where all groups are taken at once
+/// Groups whose pairs are parted in one way.
+struct DirectPart {
+    std::span<const LoadGroup> Groups;
+    int Springs = 0;  ///< radii that fields are made for, where all groups are taken at once; 0: group by group
     double FieldsPerNode = 0;  ///< about what the fields of a node cost, and what mixing them adds [ns]
 };
-DirectPlan PlanDirect(const Work& work, double points, bool careful);
+std::vector<DirectPart> PlanDirect(const Work& work, std::size_t points, bool careful);
 
 class DirectWork {
 public:
@@ -29,9 +30,8 @@ private:
     struct Piece;
     std::vector<Pair> PairsOf(const Piece& piece) const;
     void AddPiece(const Piece& piece, const SpringNodes& springs, DirectScratch& scratch, PointSums* sums) const;
-    void AddApart() const;
-    void AddTogether(int count) const;
-    void Compose(std::size_t first, const std::vector<PointSums>& sums) const;
+    void AddApart(std::span<const LoadGroup> groups, std::vector<PointSums>& sums) const;
+    void AddTogether(const DirectPart& plan, std::vector<PointSums>& sums) const;
     void DoAgain() const;
 
     const Work& work_;

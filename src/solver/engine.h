@@ -130,7 +130,7 @@ inline constexpr int PairNodes = 64;
 inline constexpr int ThinNumbers = 8;
 
 /// Radii that fields are made for at most, where those of the loads lie between them.
-inline constexpr int MostMixed = 48;
+inline constexpr int MostMixed = 64;
 /// Numbers of the components of one of them (see Components).
 inline constexpr int ComponentNumbers = (FieldComponents + Kinds) * PairNodes;
 

@@ -164,8 +164,10 @@ TEST(Direct, RadiiTakenTogetherAgreeWithEachLoadAlone) {
         const Problem problem = Scattered(slip, 1e5, 60, 26);
         std::vector<PointResult> results(problem.Points.size());
         const Work work{problem, LayerTable(problem), GroupLoads(problem), BestEngine(), {}, results};
-        EXPECT_TRUE(PlanDirect(work, 26, false).Together);
-        EXPECT_EQ(PlanDirect(work, 26, false).Springs == 1, slip == 0);
+        const auto plan = PlanDirect(work, 26, false);
+        EXPECT_TRUE(std::any_of(plan.begin(), plan.end(), [&](const DirectPart& part) {
+            return slip == 0 ? part.Springs == 1 : part.Springs > 1;
+        }));
         results = Direct(problem, BestEngine());
         const Solution tables = Solve(problem);  // too few pairs for direct sums
         for (std::size_t i = 0; i < problem.Points.size(); i += 3) {
