@@ -60,6 +60,14 @@ function(zirvo_library name)
   endif()
 endfunction()
 
+# zirvo_common_header(NAME HEADER): a large header that every file of a library includes, itself or through others, so that it
+# hides of none what it lacks. Compiled once; units have it once as they are.
+function(zirvo_common_header name header)
+  if(NOT CMAKE_UNITY_BUILD)
+    target_precompile_headers(${name} PRIVATE ${header})
+  endif()
+endfunction()
+
 # zirvo_precompiled(NAME [LINK target...]): the headers that nearly every test includes, compiled once. Test programs that
 # compile with the same flags share it; Qt's add theirs, so they have one of their own.
 function(zirvo_precompiled name)
