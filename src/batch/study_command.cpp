@@ -40,9 +40,12 @@ void TellOutcome(const StudyRequest& request, const study::RunOutcome& outcome, 
 
 /// Why a file of this run would take the place of one that the study is read from; empty if none would.
 std::string ReasonAgainstFiles(const StudyRequest& request, const study::Study& study) {
+    // With what lies beside them until they are whole.
     const std::array outputs{
-        std::pair{"--output", request.Output + ".csv"}, std::pair{"--output", request.Output + "_bad.csv"},
-        std::pair{"--output", request.Output + ".sqlite"}, std::pair{"--plot", request.Plot.Picture}};
+        std::pair{"--output", request.Output + ".csv"},         std::pair{"--output", request.Output + ".csv.new"},
+        std::pair{"--output", request.Output + "_bad.csv"},     std::pair{"--output", request.Output + "_bad.csv.new"},
+        std::pair{"--output", request.Output + ".sqlite"},      std::pair{"--output", request.Output + ".sqlite.new"},
+        std::pair{"--output", request.Output + ".sqlite.lock"}, std::pair{"--plot", request.Plot.Picture}};
     for (const auto& [option, output] : outputs) {
         for (const std::string& input : {study.File, study.BaseFile, study.TableFile}) {
             if (!input.empty() && !output.empty() && solver::IsSameFile(output, input)) {

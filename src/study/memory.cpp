@@ -17,6 +17,8 @@ Memory::Memory(const Study& study, const std::string& path, RowRange range)
         RequireMarks(database_, study, range);
         finished_ = HasTable(database_, "results");
         done_ = finished_ ? range.Count() : CountDone();
+    } else if (HasAnyTable(database_)) {
+        throw FileError{path, 0, "is a database of something else; move it away or choose --output"};
     }
     database_.Execute("ROLLBACK; PRAGMA synchronous=NORMAL");
     waiting_.Range = {range.First + done_, range.First + done_};

@@ -56,9 +56,6 @@ public:
     /// Closes the file and puts another one in its place, which has been made for it.
     void ReplaceBy(Unfinished& file);
 
-    /// Closes the file as it is, with nothing beside it: it may be carried to another machine.
-    void Close();
-
 private:
     const Study& study_;
     RowRange range_;

@@ -76,7 +76,7 @@ bool Unfinished::PutInPlace() {
 }
 
 ResultsDatabase::ResultsDatabase(const Study& study, const std::string& target, const std::string& told, RowRange range)
-    : file_(target), numbers_(NumbersOfRow(study)) {
+    : file_(target), told_(told), numbers_(NumbersOfRow(study)), missing_(range.Count()) {
     {
         const NotInterrupted untilItIsThere;
         database_.emplace(file_.Path(), Database::Mode::ReadWrite, told);
@@ -93,6 +93,7 @@ ResultsDatabase::ResultsDatabase(const Study& study, const std::string& target, 
 
 void ResultsDatabase::Add(const Block& block) {
     const std::size_t count = block.Numbers.size() / numbers_;
+    missing_ -= count;
     for (std::size_t row = 0; row < count;) {
         const bool many = count - row >= RowsOfInsertion;
         Statement& insert = many ? *insertMany_ : *insertOne_;
@@ -111,9 +112,15 @@ void ResultsDatabase::Add(const Block& block) {
 
 void ResultsDatabase::Add(const BadRow& bad) {
     InsertBad(*insertBad_, bad);
+    --missing_;
 }
 
 Unfinished& ResultsDatabase::Finish() {
+    if (missing_ != 0) {  // what an earlier run has left is no more what it was
+        throw FileError{told_, 0,
+                        "would have another number of rows than the study: what was made earlier is damaged; move it "
+                        "away, and it is made anew"};
+    }
     insertMany_.reset();
     insertOne_.reset();
     insertBad_.reset();

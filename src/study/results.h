@@ -50,12 +50,14 @@ public:
     void Add(const Block& block);
     /// Behind all good rows.
     void Add(const BadRow& bad);
-    /// Now it is whole, and can be put in place.
+    /// Now it is whole, and can be put in place. An error: not every row has been added, or one of them twice.
     Unfinished& Finish();
 
 private:
     Unfinished file_;
+    std::string told_;
     std::size_t numbers_;
+    std::uint64_t missing_;  // rows that have not been added
     std::optional<Database> database_;
     std::optional<Statement> insertMany_;
     std::optional<Statement> insertOne_;

@@ -169,12 +169,15 @@ private:
                 memory_.Add(block);
                 Write(block);
                 progress_.Done += block.Range.Count();
+                if (memory_.Waiting() > MostUncommitted) {  // the disk may have been slow, and the threads far ahead
+                    memory_.Commit();
+                }
             }
             const Clock::time_point now = Clock::now();
             progress_.RowsPerSecond = static_cast<double>(progress_.Done - earlier) / SecondsOf(now - start);
             progress_.SecondsLeft =
                 static_cast<double>(progress_.Rows - progress_.Done) / std::max(progress_.RowsPerSecond, 1e-9);
-            if (now >= commit || memory_.Waiting() > MostUncommitted) {
+            if (now >= commit) {
                 if (progress_.SecondsLeft > SecondsOf(FirstCommit)) {  // else the results are there as soon
                     memory_.Commit();
                 }
@@ -254,7 +257,8 @@ int PartsInFolder(const RunOptions& options) {
     const std::string stem = FileNameOf(options.Output) + ".part-1-of-";
     const std::string end = ".sqlite";
     std::set<int> counts;
-    for (const std::string& name : NamesIn(folder.empty() ? "." : folder)) {
+    const std::vector<std::string> names = NamesIn(folder.empty() ? "." : folder);
+    for (const std::string& name : names) {
         if (name.starts_with(stem) && name.ends_with(end)) {
             const char* const first = name.data() + stem.size();
             const char* const last = name.data() + std::max(name.size() - end.size(), stem.size());
@@ -267,8 +271,9 @@ int PartsInFolder(const RunOptions& options) {
     }
     if (counts.size() != 1) {
         throw FileError{options.Output + ".part-1-of-N.sqlite", 0,
-                        counts.empty() ? "there is no such file: run the parts first"
-                                       : "there are parts of different numbers N: move those of the wrong one away"};
+                        names.empty()    ? "its folder is empty or cannot be read"
+                        : counts.empty() ? "there is no such file: run the parts first"
+                                         : "there are parts of different numbers N: move those of the wrong one away"};
     }
     return *counts.begin();
 }

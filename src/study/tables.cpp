@@ -87,6 +87,10 @@ bool HasTable(const Database& database, const std::string& name) {
     return statement.Step();
 }
 
+bool HasAnyTable(const Database& database) {
+    return Statement(database, "SELECT 1 FROM sqlite_schema").Step();
+}
+
 std::string InsertInto(const char* table, std::size_t columns, std::size_t rows) {
     std::string row = "(?";
     for (std::size_t i = 1; i < columns; ++i) {

@@ -25,6 +25,7 @@ void MakeResultsTable(Database& database, const Study& study);
 void MakeBadTable(Database& database, const Study& study);
 
 bool HasTable(const Database& database, const std::string& name);
+bool HasAnyTable(const Database& database);
 
 /// "INSERT INTO t VALUES(?,?),(?,?)".
 std::string InsertInto(const char* table, std::size_t columns, std::size_t rows = 1);

@@ -88,7 +88,11 @@ TEST(RunOfAStudy, PartsThatAreMissingUnfinishedOrOfAnotherStudyAreNamed) {
     EXPECT_FALSE(folder.Has("p.part-2-of-2.sqlite"));
     {
         Memory unfinished(study, folder.Path("p.part-2-of-2.sqlite"), RangeOf(study.Rows, 2, 2));
-        unfinished.Add({.Range = {75, 80}, .Numbers = {}, .Lines = "", .Bad = {}});
+        Block block{.Range = {75, 80}, .Numbers = {}, .Lines = "", .Bad = {}};
+        for (std::uint64_t row = block.Range.First; row < block.Range.Last; ++row) {
+            block.Bad.push_back({row, {5, 20}, "no"});
+        }
+        unfinished.Add(block);
         unfinished.Commit();
     }
     EXPECT_EQ(ToldOf(MergeParts(study, {folder.Path("p")}), folder),
@@ -116,6 +120,37 @@ TEST(RunOfAStudy, ResultsOfAnotherStudyAreLeftAsTheyAre) {
     EXPECT_NE(ToldOf(RunStudy(other, {folder.Path("b"), 1}), folder).find("b.sqlite: is no results file"),
               std::string::npos);
     EXPECT_EQ(folder.Get("b.sqlite").substr(0, 16), "this is a letter");
+}
+
+// The file of another program was taken for an empty memory, and replaced by the results.
+TEST(RunOfAStudy, ADatabaseOfSomethingElseIsLeftAsItIs) {
+    const StudyFolder folder;
+    {
+        Database other(folder.Path("a.sqlite"), Database::Mode::ReadWrite);
+        other.Execute("CREATE TABLE addresses(name, street); INSERT INTO addresses VALUES('aunt', 'Main Street')");
+    }
+    const std::string before = folder.Get("a.sqlite");
+    EXPECT_EQ(ToldOf(RunStudy(folder.StudyOf(Grid()), {folder.Path("a"), 1}), folder),
+              "a.sqlite: is a database of something else; move it away or choose --output");
+    EXPECT_TRUE(folder.Get("a.sqlite") == before);
+    EXPECT_FALSE(folder.Has("a.csv"));
+}
+
+// Rows that had gone from a memory were missing in the results, and nothing was said.
+TEST(RunOfAStudy, RowsThatAreMissingInWhatWasMadeEarlierAreTold) {
+    const StudyFolder folder;
+    const Study study = folder.StudyOf(Grid());
+    for (int part = 1; part <= 2; ++part) {
+        RunAll(study, {folder.Path("p"), 1, part, 2});
+    }
+    {
+        Database database(folder.Path("p.part-2-of-2.sqlite"), Database::Mode::ReadWrite);
+        database.Execute("DELETE FROM results WHERE row=100");
+    }
+    EXPECT_NE(ToldOf(MergeParts(study, {folder.Path("p")}), folder).find("p.sqlite: would have another number of rows"),
+              std::string::npos);
+    EXPECT_FALSE(folder.Has("p.csv"));
+    EXPECT_FALSE(folder.Has("p.sqlite.new"));
 }
 
 TEST(RunOfAStudy, ASecondRunOfTheSameStudyIsRefused) {

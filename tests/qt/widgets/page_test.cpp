@@ -192,6 +192,17 @@ TEST_F(Printing, ACopyThatCannotBeWrittenIsTold) {
     EXPECT_EQ(Failure(print), QString::fromUtf8("印刷できません。\n\n/dev/full"));
 }
 
+// A folder may have the name of the file: what lies in it must not go.
+TEST_F(Printing, AFolderInThePlaceOfTheFileIsToldAndLeft) {
+    ASSERT_TRUE(QDir(folder_.path()).mkpath("page.pdf/inside"));
+    EXPECT_EQ(Failure([this] { Strike(Qt::Key_P, Qt::ControlModifier); }),
+              QString("This cannot be printed.\n\n") + QDir::toNativeSeparators(Pdf()));
+    EXPECT_EQ(asked_, 1);
+    EXPECT_EQ(QDir(folder_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList("page.pdf"));
+    EXPECT_TRUE(QFileInfo(Pdf() + "/inside").isDir());
+}
+
 class Manual : public Printing {
 protected:
     QWidget& Help() {
