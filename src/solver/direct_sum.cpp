@@ -107,11 +107,11 @@ void DirectSum::Sum(const std::vector<std::size_t>& pairs, const WaveRange& rang
     alignas(64) double weight[NodeBlock];
     for (long first = 0;;) {
         const int nodes = NodesOfBlock(expected, first, nodeBlock_);
-        FillNodes(rule_, first, nodes, xi_, xiLow_, weight);
+        FillNodes(work_.TheEngine, rule_, first, nodes, xi_, xiLow_, weight);
         for (int s = 0; s * Segment < nodes; ++s) {
             const double xi = xi_[std::min((s + 1) * Segment, nodes) - 1];
-            segmentRounding_[s] = (springs_.Mixed() ? MixedRounding : PairRounding) +
-                                  UnitRounding * UnknownArgument(rule_, range.Reach, xi);
+            segmentRounding_[s] =
+                (springs_.Mixed() ? MixedRounding : PairRounding) + ArgumentRounding(xi * range.Reach);
             segmentEnvelope_[s] = 0.9 / std::sqrt(lowest);
             lowest = xi;
         }
@@ -202,9 +202,14 @@ void DirectSum::MakeFields(int nodes) {
     const int before = deepest_;
     const FieldsPlace place{scratch_.Fields.data(), static_cast<std::ptrdiff_t>(slots * slotNumbers),
                             static_cast<std::ptrdiff_t>(slotNumbers), scratch_.Forms.data()};
-    (precise_ ? engine.PreciseFields : engine.Fields)(work_.Layers.View(), springs_.Radii.data(),
-                                                      static_cast<int>(radii), xi_, nodes, slots_.data(),
-                                                      deepestWanted_, vertical_, horizontal_, deepest_, place);
+    const auto count = static_cast<int>(radii);
+    if (precise_) {
+        engine.PreciseFields(work_.Layers.View(), springs_.Radii.data(), count, xi_, xiLow_, nodes, slots_.data(),
+                             deepestWanted_, vertical_, horizontal_, deepest_, place);
+    } else {
+        engine.Fields(work_.Layers.View(), springs_.Radii.data(), count, xi_, nodes, slots_.data(), deepestWanted_,
+                      vertical_, horizontal_, deepest_, place);
+    }
     for (std::size_t slot = 0; slot < slots; ++slot) {
         if (thinPlaces_[slot] == slot) {
             engine.ThinFunctions(work_.Layers.Thickness[static_cast<std::size_t>(slotLayers_[slot])], xi_, nodes,
@@ -230,14 +235,15 @@ void DirectSum::SampleRounding(int nodes, int deepest) {
         scratch_.Precise.resize(count * RowCount * NodeBlock);
     }
     const double least = LeastRounding + ContrastRounding * work_.Layers.Contrast;
-    alignas(64) double xi[Segments];
+    alignas(64) double xi[Segments], xiLow[Segments];
     int node[Segments];
     for (int s = 0; s < Segments; ++s) {
         node[s] = std::min(std::min(s, segments - 1) * Segment + Segment / 2, nodes - 1);
         xi[s] = xi_[node[s]];
+        xiLow[s] = xiLow_[node[s]];
     }
     const Engine& engine = work_.TheEngine;
-    engine.PreciseKernels(work_.Layers.View(), springs_.Radii.front(), xi, Segments, samples_.data(),
+    engine.PreciseKernels(work_.Layers.View(), springs_.Radii.front(), xi, xiLow, Segments, samples_.data(),
                           static_cast<int>(count), vertical_, horizontal_, deepest, scratch_.Precise.data(), nullptr);
     alignas(64) double depth[4 * NodeBlock];
     for (std::size_t sample = 0; sample < count; ++sample) {

@@ -73,6 +73,18 @@ struct BesselTable {
 /// Interpolation on Chebyshev nodes of the first kind, x_k = cos((k + 1/2) pi / 16) on -1..1.
 inline constexpr int ChebyshevCount = 16;
 
+/// What nodes of the sums over wavenumbers are made of (engine_nodes.inl), in two parts: powers 2^(i / 64), i from -32;
+/// numbers c of 12 digits near 1 / (1 + i / 64), and -ln c.
+struct NodeTable {
+    static constexpr int Parts = 64;
+    double Power[Parts + 1], PowerLow[Parts + 1];
+    double Inverse[Parts + 1], Log[Parts + 1], LogLow[Parts + 1];
+};
+/// The map of the nodes, wavenumbers.h. C, Start and Step have 24 digits.
+struct NodeMap {
+    double C, AtLowEnd, Start, Step;  // AtLowEnd: exp(sL)
+};
+
 /// Gauss nodes of the angular sums of the half-space: panels halved towards 0. Panel p < MaxPanels covers pi 2^-(p+1)
 /// to pi 2^-p; core panel p covers 0 to pi 2^-p.
 struct AngleTable {
@@ -178,11 +190,15 @@ struct Engine {
     void (*Kernels)(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
                     int depthCount, bool vertical, bool horizontal, int& deepest, double* out);
 
-    /// The same in numbers of two parts, rounded to a double at the end: for pavements whose kernels lose digits, and
-    /// to tell how many. What rounding takes goes to `low`, of the same size, where that is not null.
-    void (*PreciseKernels)(const LayeredSystem& system, double radius, const double* xi, int nodes,
+    /// The same in numbers of two parts, wavenumbers too, rounded to a double at the end: for pavements whose kernels
+    /// lose digits, and to tell how many. What rounding takes goes to `low`, of the same size, where that is not null.
+    void (*PreciseKernels)(const LayeredSystem& system, double radius, const double* xi, const double* xiLow, int nodes,
                            const KernelDepth* depths, int depthCount, bool vertical, bool horizontal, int& deepest,
                            double* out, double* low);
+
+    /// Nodes first .. first + count - 1 (a multiple of 8) in two parts, with their weights but for a window.
+    void (*Nodes)(const NodeTable& table, const NodeMap& map, double first, int count, double* xi, double* xiLow,
+                  double* weight);
 
     /// Fields of the layers that have a slot (slots[layer] >= 0, up to layer deepestWanted) at a block of wavenumbers,
     /// for loads of some radii.
@@ -192,8 +208,8 @@ struct Engine {
 
     /// The same, made in numbers of two parts and rounded at the end.
     void (*PreciseFields)(const LayeredSystem& system, const double* radii, int radiusCount, const double* xi,
-                          int nodes, const int* slots, int deepestWanted, bool vertical, bool horizontal, int& deepest,
-                          const FieldsPlace& out);
+                          const double* xiLow, int nodes, const int* slots, int deepestWanted, bool vertical,
+                          bool horizontal, int& deepest, const FieldsPlace& out);
 
     /// For a thickness: out[number * NodeBlock + node], for DepthFunctions. Nodes at which it is not thin are left out.
     void (*ThinFunctions)(double thickness, const double* xi, int nodes, double* out);

@@ -24,16 +24,20 @@ namespace {
 }  // namespace
 
 // In a file of its own (engine_precise.inl), compiled without contraction.
-void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
-                    int depthCount, bool vertical, bool horizontal, int& deepest, double* out, double* low);
+void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, const double* xiLow, int nodes,
+                    const KernelDepth* depths, int depthCount, bool vertical, bool horizontal, int& deepest,
+                    double* out, double* low);
 
-void PreciseFields(const LayeredSystem& system, const double* radii, int radiusCount, const double* xi, int nodes,
-                   const int* slots, int deepestWanted, bool vertical, bool horizontal, int& deepest,
-                   const FieldsPlace& out);
+void MakeNodes(const NodeTable& table, const NodeMap& map, double first, int count, double* xi, double* xiLow,
+               double* weight);
+
+void PreciseFields(const LayeredSystem& system, const double* radii, int radiusCount, const double* xi,
+                   const double* xiLow, int nodes, const int* slots, int deepestWanted, bool vertical, bool horizontal,
+                   int& deepest, const FieldsPlace& out);
 
 extern const Engine TheEngine;
-const Engine TheEngine = {ZIRVO_ENGINE_NAME, Kernels,          PreciseKernels, Fields,     PreciseFields,
-                          ThinFunctions,     DepthFunctions,   AddToPair,      Components, MissedByMixing,
-                          AddMixedToPair,    MixRow,           Weigh,          Bessel,     Accumulate,
-                          Interpolate,       ChebyshevWeights, HalfSpace};
+const Engine TheEngine = {ZIRVO_ENGINE_NAME, Kernels,        PreciseKernels,   MakeNodes, Fields,
+                          PreciseFields,     ThinFunctions,  DepthFunctions,   AddToPair, Components,
+                          MissedByMixing,    AddMixedToPair, MixRow,           Weigh,     Bessel,
+                          Accumulate,        Interpolate,    ChebyshevWeights, HalfSpace};
 }  // namespace zirvo::solver::ZIRVO_ENGINE

@@ -141,7 +141,7 @@ struct FieldTaker {
     }
 };
 
-void Fields(const LayeredSystem& system, const double* radii, int radiusCount, const double* xi, int nodes,
+void Fields(const LayeredSystem& system, const double* radii, int radiusCount, NodePlace xi, int nodes,
             const int* slots, int deepestWanted, bool vertical, bool horizontal, int& deepest, const FieldsPlace& out) {
     LayerState states[MostLayers];
     for (int node = 0; node < nodes; node += ZIRVO_LANES) {

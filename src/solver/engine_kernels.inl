@@ -327,7 +327,7 @@ inline void Upwards(const LayeredSystem& system, double radius, Number xi, int b
     }
 }
 
-void Kernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
+void Kernels(const LayeredSystem& system, double radius, NodePlace xi, int nodes, const KernelDepth* depths,
              int depthCount, bool vertical, bool horizontal, int& deepest, RowPlace out) {
     LayerState states[MostLayers];
     for (int node = 0; node < nodes; node += ZIRVO_LANES) {

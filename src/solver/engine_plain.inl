@@ -19,7 +19,9 @@ inline Vec Size(Number x) {
     return Absolute(x);
 }
 
-inline Number NumberAt(const double* p) {
+/// Where wavenumbers stand.
+using NodePlace = const double*;
+inline Number NumberAt(NodePlace p) {
     return Load(p);
 }
 /// Where kernels go.

@@ -25,8 +25,16 @@ inline Number NumberOf(double x) {
 inline Constant ConstantOf(double high, double low) {
     return {All(high), All(low)};
 }
-inline Number NumberAt(const double* p) {
-    return {Load(p), All(0.0)};
+/// Where wavenumbers stand.
+struct NodePlace {
+    const double* High;
+    const double* Low;
+};
+inline NodePlace operator+(NodePlace place, int n) {
+    return {place.High + n, place.Low + n};
+}
+inline Number NumberAt(NodePlace p) {
+    return {Load(p.High), Load(p.Low)};
 }
 /// Where kernels go; what they lose to rounding may be wanted too.
 struct RowPlace {
@@ -72,24 +80,36 @@ inline Hyperbolic HyperbolicOf(Number q) {
 #include "solver/engine_kernels.inl"
 // The fields of whole layers with these numbers.
 #include "solver/engine_fields.inl"
+// Nodes need the numbers alone.
+#include "solver/engine_nodes.inl"
 }  // namespace
 
-void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
-                    int depthCount, bool vertical, bool horizontal, int& deepest, double* out, double* low);
+void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, const double* xiLow, int nodes,
+                    const KernelDepth* depths, int depthCount, bool vertical, bool horizontal, int& deepest,
+                    double* out, double* low);
 
-void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, int nodes, const KernelDepth* depths,
-                    int depthCount, bool vertical, bool horizontal, int& deepest, double* out, double* low) {
-    Kernels(system, radius, xi, nodes, depths, depthCount, vertical, horizontal, deepest, RowPlace{out, low});
+void PreciseKernels(const LayeredSystem& system, double radius, const double* xi, const double* xiLow, int nodes,
+                    const KernelDepth* depths, int depthCount, bool vertical, bool horizontal, int& deepest,
+                    double* out, double* low) {
+    Kernels(system, radius, {xi, xiLow}, nodes, depths, depthCount, vertical, horizontal, deepest, RowPlace{out, low});
 }
 
-void PreciseFields(const LayeredSystem& system, const double* radii, int radiusCount, const double* xi, int nodes,
-                   const int* slots, int deepestWanted, bool vertical, bool horizontal, int& deepest,
-                   const FieldsPlace& out);
+void MakeNodes(const NodeTable& table, const NodeMap& map, double first, int count, double* xi, double* xiLow,
+               double* weight);
 
-void PreciseFields(const LayeredSystem& system, const double* radii, int radiusCount, const double* xi, int nodes,
-                   const int* slots, int deepestWanted, bool vertical, bool horizontal, int& deepest,
-                   const FieldsPlace& out) {
-    Fields(system, radii, radiusCount, xi, nodes, slots, deepestWanted, vertical, horizontal, deepest, out);
+void MakeNodes(const NodeTable& table, const NodeMap& map, double first, int count, double* xi, double* xiLow,
+               double* weight) {
+    Nodes(table, map, first, count, xi, xiLow, weight);
+}
+
+void PreciseFields(const LayeredSystem& system, const double* radii, int radiusCount, const double* xi,
+                   const double* xiLow, int nodes, const int* slots, int deepestWanted, bool vertical, bool horizontal,
+                   int& deepest, const FieldsPlace& out);
+
+void PreciseFields(const LayeredSystem& system, const double* radii, int radiusCount, const double* xi,
+                   const double* xiLow, int nodes, const int* slots, int deepestWanted, bool vertical, bool horizontal,
+                   int& deepest, const FieldsPlace& out) {
+    Fields(system, radii, radiusCount, {xi, xiLow}, nodes, slots, deepestWanted, vertical, horizontal, deepest, out);
 }
 
 }  // namespace zirvo::solver::ZIRVO_ENGINE

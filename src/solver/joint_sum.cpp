@@ -26,8 +26,7 @@ constexpr double DepthCost = 600;     // of a depth
 constexpr double GivenUpPhase = 120;  // xi * ze at which a sum ends in any case
 constexpr double EndedShare = 1e-13;  // of the value, of what is cut off
 constexpr double Floor = 1e-4;        // of a unit of the load: errors are shares of the value plus that
-constexpr double Rounding = 1.1e-16;
-constexpr double WeightRounding = 3 * Rounding;
+constexpr double WeightRounding = 3 * UnitRounding;
 constexpr double PairRounding = 1e-30;          // of two parts: Bessel functions
 constexpr double PairContrastRounding = 1e-32;  // kernels, for the ratio of the moduli
 constexpr int MostBlocks = 4000;
@@ -73,6 +72,7 @@ JointSum::JointSum(const Problem& problem, const LayerTable& layers, const Engin
       depths_(KernelDepthsOf(layers, sources)),
       sums_(sources.size()) {
     double gap = HUGE_VAL;
+    double reach = 0;
     for (const Load& load : problem.Loads) {
         const auto place =
             std::find_if(rings_.begin(), rings_.end(), [&](const Ring& ring) { return ring.Radius >= load.Radius; });
@@ -87,9 +87,9 @@ JointSum::JointSum(const Problem& problem, const LayerTable& layers, const Engin
         ring->Force += (std::fabs(load.Vertical) + 2 * std::fabs(load.Horizontal)) / area;
         ring->Loads.push_back(seen);
         gap = std::min(gap, std::fabs(seen.R.High - load.Radius));
-        reach_ = std::max(reach_, seen.R.High);
+        reach = std::max(reach, seen.R.High);
     }
-    reach_ += rings_.back().Radius;
+    reach += rings_.back().Radius;
     double ze = HUGE_VAL;
     for (const SourceDepth& source : sources) {
         ze = std::min(ze, source.Effective);
@@ -97,7 +97,7 @@ JointSum::JointSum(const Problem& problem, const LayerTable& layers, const Engin
     for (const Ring& ring : rings_) {
         forces_ += ring.Force;
     }
-    const WaveRange range = RangeOf(reach_, gap, ze, layers.LowScale, false);
+    const WaveRange range = RangeOf(reach, gap, ze, layers.LowScale, false);
     rule_ = MakeNodeRule(range, 1, layers.Slips);
     expected_ = NodesBelow(rule_, range.Largest);
 }
@@ -189,7 +189,7 @@ void JointSum::MakeKernels(Ring& ring, int nodes) {
     const std::size_t size = depths_.size() * RowCount * NodeBlock;
     ring.High.resize(size);
     ring.Low.resize(size);
-    engine_.PreciseKernels(layers_.View(), layers_.Slips ? ring.Radius : 0, xi_, nodes, depths_.data(),
+    engine_.PreciseKernels(layers_.View(), layers_.Slips ? ring.Radius : 0, xi_, xiLow_, nodes, depths_.data(),
                            static_cast<int>(depths_.size()), vertical_, horizontal_, ring.Deepest, ring.High.data(),
                            ring.Low.data());
 }
@@ -273,8 +273,6 @@ void JointSum::SumBlock(long first, int nodes, const double* weight) {
             factors = {};
             size = 0;
         }
-        // As in level_errors.cpp: of a node below C the argument is known to a rounding.
-        const double unknown = std::min(xi * reach_, 3 * rule_.C * reach_ * std::exp(-xi / rule_.C));
         for (std::size_t d = 0; d < depths_.size(); ++d) {
             DepthSum& sum = sums_[d];
             std::array<double, 2> largest{};
@@ -286,7 +284,7 @@ void JointSum::SumBlock(long first, int nodes, const double* weight) {
             }
             for (std::size_t kind = 0; kind < 2; ++kind) {
                 sum.Magnitude[kind] += largest[kind];
-                sum.Segment[kind] += largest[kind] * (WeightRounding + Rounding * unknown);
+                sum.Segment[kind] += largest[kind] * (WeightRounding + NodeRounding);
             }
         }
         if ((node + 1) % Segment == 0 || node + 1 == nodes) {
@@ -376,7 +374,7 @@ std::vector<PointSums> JointSum::Run() {
     for (int block = 0; block < MostBlocks; ++block) {
         const double left = std::max(expected_ - static_cast<double>(first), 64.0);
         const int nodes = left >= NodeBlock ? NodeBlock : (static_cast<int>(left) + 15) / 16 * 16;
-        FillNodes(rule_, first, nodes, xi_, xiLow_, weight);
+        FillNodes(engine_, rule_, first, nodes, xi_, xiLow_, weight);
         SumBlock(first, nodes, weight);
         first += nodes;
         if (Ended(xi_[nodes - 1])) {

@@ -86,7 +86,6 @@ private:
     bool vertical_ = false, horizontal_ = false;
     NodeRule rule_;
     double expected_ = 0;  // nodes
-    double reach_ = 0;     // cm
     double forces_ = 0;
     std::vector<DepthSum> sums_;
     alignas(64) double xi_[NodeBlock] = {};

@@ -114,7 +114,7 @@ bool LevelSum::Finish() {
     smooth_ = true;
     segmentRounding_.clear();
     for (const double xi : segmentXi_) {
-        segmentRounding_.push_back(SumRounding + UnitRounding * UnknownArgument(rule_, level_.Range.Reach, xi));
+        segmentRounding_.push_back(SumRounding + ArgumentRounding(xi * level_.Range.Reach));
     }
     errors_.assign(work_.Slots() * static_cast<std::size_t>(sources_), {});
     for (std::size_t g = 0; g < work_.Groups.size(); ++g) {

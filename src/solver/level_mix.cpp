@@ -37,8 +37,9 @@ void LevelSum::MakeMixedKernels(bool vertical, bool horizontal, int nodes) {
     mixedDeepest_ = 0;
     for (std::size_t i = 0; i < radii; ++i) {
         int deepest = before;
-        work_.TheEngine.PreciseKernels(work_.Layers.View(), springs_.Radii[i], xi_, nodes, depths_.data(), sources_,
-                                       vertical, horizontal, deepest, scratch_.Mixed.data() + i * numbers, nullptr);
+        work_.TheEngine.PreciseKernels(work_.Layers.View(), springs_.Radii[i], xi_, xiLow_, nodes, depths_.data(),
+                                       sources_, vertical, horizontal, deepest, scratch_.Mixed.data() + i * numbers,
+                                       nullptr);
         mixedDeepest_ = std::max(mixedDeepest_, deepest);
     }
     std::fill(rounding_.begin(), rounding_.end(), 0.0);

@@ -138,7 +138,7 @@ void LevelSum::Sum(int refinement) {
     const double expected = NodesBelow(rule_, level_.Range.Largest);
     for (long first = 0;;) {
         const int nodes = NodesOfBlock(expected, first, NodeBlock);
-        FillNodes(rule_, first, nodes, xi_, xiLow_, weight);
+        FillNodes(work_.TheEngine, rule_, first, nodes, xi_, xiLow_, weight);
         SumBlock(weight, nodes);
         first += nodes;
         nodes_ = first;
@@ -153,8 +153,8 @@ void LevelSum::Sum(int refinement) {
 void LevelSum::MakeKernels(double radius, bool vertical, bool horizontal, int nodes, GroupSum& sum) {
     const int before = sum.Deepest;
     if (care_.Precise) {
-        work_.TheEngine.PreciseKernels(work_.Layers.View(), radius, xi_, nodes, depths_.data(), sources_, vertical,
-                                       horizontal, sum.Deepest, raw_.data(), nullptr);
+        work_.TheEngine.PreciseKernels(work_.Layers.View(), radius, xi_, xiLow_, nodes, depths_.data(), sources_,
+                                       vertical, horizontal, sum.Deepest, raw_.data(), nullptr);
     } else {
         work_.TheEngine.Kernels(work_.Layers.View(), radius, xi_, nodes, depths_.data(), sources_, vertical, horizontal,
                                 sum.Deepest, raw_.data());
@@ -188,13 +188,14 @@ void LevelSum::SampleRounding(double radius, bool vertical, bool horizontal, int
     // Where layers turn from thin to thick a kernel may lose more for a few nodes: in proportion to the contrast.
     const double least = LeastRounding + ContrastRounding * work_.Layers.Contrast;
     const int segments = (nodes + Segment - 1) / Segment;
-    alignas(64) double xi[Segments];
+    alignas(64) double xi[Segments], xiLow[Segments];
     int node[Segments];
     for (int s = 0; s < Segments; ++s) {
         node[s] = std::min(std::min(s, segments - 1) * Segment + Segment / 2, nodes - 1);
         xi[s] = xi_[node[s]];
+        xiLow[s] = xiLow_[node[s]];
     }
-    work_.TheEngine.PreciseKernels(work_.Layers.View(), radius, xi, Segments, depths_.data(), sources_, vertical,
+    work_.TheEngine.PreciseKernels(work_.Layers.View(), radius, xi, xiLow, Segments, depths_.data(), sources_, vertical,
                                    horizontal, deepest, precise_.data(), nullptr);
     for (int d = 0; d < sources_; ++d) {
         for (int s = 0; s < segments; ++s) {

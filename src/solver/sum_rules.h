@@ -12,6 +12,7 @@ namespace zirvo::solver {
 inline constexpr double AbsoluteGoal = 1e-14;  // in units of the load
 inline constexpr double RelativeGoal = 2e-11;  // or as a share of the value
 inline constexpr double UnitRounding = 1.1e-16;
+inline constexpr double NodeRounding = 0.3 * UnitRounding;  // of an argument xi r: measured at most 0.26
 inline constexpr double RuleSafety = 2;
 
 inline constexpr double PreciseContrast = 1000;  // of the moduli, beyond which plain kernels lose too much too suddenly
@@ -50,9 +51,11 @@ inline double RoundingShare(double off, double precise, double plain) {
     return off > 0 && precise > 0 && plain > 0 ? off / std::max(precise, off) : 0;
 }
 
-/// Arguments xi r whose rounding is not known: those of the nodes below C (wavenumbers.h).
-inline double UnknownArgument(const NodeRule& rule, double reach, double xi) {
-    return std::min(xi * reach, 3 * rule.C * reach * std::exp(-xi / rule.C));
+/// What an argument xi r up to `largest` is off: by what the nodes are, and where its multiple of a right angle is a
+/// number of more digits than an exact product has room for (engine_bessel.inl), by its own rounding.
+inline double ArgumentRounding(double largest) {
+    constexpr double LargestExact = 1.6e6;
+    return NodeRounding + (largest > LargestExact ? UnitRounding * largest : 0);
 }
 
 /// Nodes of the block that begins at `first`, at most `most`: fewer where the sum is expected to end.

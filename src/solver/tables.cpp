@@ -183,4 +183,24 @@ const std::array<std::array<double, ChebyshevCount>, 2>& ChebyshevTail() {
     return rows;
 }
 
+const NodeTable& NodeParts() {
+    static const NodeTable table = [] {
+        NodeTable parts{};
+        const auto split = [](long double x, double& high, double& low) {
+            high = static_cast<double>(x);
+            low = static_cast<double>(x - static_cast<long double>(high));
+        };
+        for (int i = 0; i <= NodeTable::Parts; ++i) {
+            const int power = i - NodeTable::Parts / 2;
+            split(std::exp2(static_cast<long double>(power) / NodeTable::Parts), parts.Power[i], parts.PowerLow[i]);
+            constexpr double Digits = 4096;
+            const double inverse = 1 / (1 + static_cast<double>(i) / NodeTable::Parts);
+            parts.Inverse[i] = std::nearbyint(inverse * Digits) / Digits;
+            split(-std::log(static_cast<long double>(parts.Inverse[i])), parts.Log[i], parts.LogLow[i]);
+        }
+        return parts;
+    }();
+    return table;
+}
+
 }  // namespace zirvo::solver

@@ -10,6 +10,9 @@ namespace zirvo::solver {
 /// higher orders Miller's backward recurrence on them; of the asymptotic terms Abramowitz and Stegun 9.2.9, 9.2.10.
 const BesselTable& Bessels();
 
+/// Parts of the nodes of the sums over wavenumbers.
+const NodeTable& NodeParts();
+
 /// Gauss nodes of the angular sums, 16 to a panel (Boost.Math).
 const AngleTable& Angles();
 

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "solver/tables.h"
+
 namespace zirvo::solver {
 
 namespace {
@@ -42,25 +44,15 @@ double WindowEnd(const NodeRule& rule) {
     return rule.WindowWidth > 0 ? 2 * rule.WindowCentre : std::numeric_limits<double>::infinity();
 }
 
-void FillNodes(const NodeRule& rule, long first, int count, double* xi, double* xiLow, double* weight) {
-    // The geometric end by a recurrence: its rounding is that of a part of t which is small wherever a weight is not.
-    double low = std::exp(rule.LowEnd - (rule.Start + rule.Step * static_cast<double>(first)));
-    const double shrink = std::exp(-rule.Step);
-    for (int i = 0; i < count; ++i, low *= shrink) {
-        const double s = rule.Start + rule.Step * static_cast<double>(first + i);  // exact: few digits each
-        const double t = s - low;
-        const double e = std::exp(-std::fabs(t));
-        const double log = std::log1p(e);
-        // t + log in two parts, times C, whose digits are few enough for exact products with halves.
-        const double sum = t > 0 ? t + log : log;
-        const double rest = t > 0 ? (log - (sum - t)) + ((s - t) - low) : 0;
-        const double half = static_cast<float>(sum);
-        const double product = rule.C * sum;
-        // A node below the smallest normal number still stands for a wavenumber of its own: its weight is nothing.
-        xi[i] = std::max(product, 1e-280);
-        xiLow[i] = product < 1e-250 ? 0 : ((rule.C * half - product) + rule.C * (sum - half)) + rule.C * rest;
-        weight[i] = rule.Step * rule.C * (1 + low) * (t > 0 ? 1 / (1 + e) : e / (1 + e));
-        if (rule.WindowWidth > 0 && xi[i] > 0.01 * rule.WindowWidth) {
+void FillNodes(const Engine& engine, const NodeRule& rule, long first, int count, double* xi, double* xiLow,
+               double* weight) {
+    const NodeMap map{rule.C, std::exp(rule.LowEnd), rule.Start, rule.Step};
+    engine.Nodes(NodeParts(), map, static_cast<double>(first), count, xi, xiLow, weight);
+    if (rule.WindowWidth == 0) {
+        return;
+    }
+    for (int i = 0; i < count; ++i) {
+        if (xi[i] > 0.01 * rule.WindowWidth) {
             weight[i] *= 0.5 * std::erfc((xi[i] - rule.WindowCentre) / rule.WindowWidth);
         }
     }

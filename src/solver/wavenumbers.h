@@ -7,6 +7,8 @@
 #pragma once
 #include <vector>
 
+#include "solver/engine.h"
+
 namespace zirvo::solver {
 
 struct NodeRule {
@@ -39,9 +41,9 @@ NodeRule MakeNodeRule(const WaveRange& range, int refinement, bool slips = false
 /// Wavenumber at which a windowed sum has ended; infinity without a window.
 double WindowEnd(const NodeRule& rule);
 
-/// Nodes first .. first + count - 1 in two parts, with their weights (window included). Of a node below C the low part
-/// is not known: it is off by rounding.
-void FillNodes(const NodeRule& rule, long first, int count, double* xi, double* xiLow, double* weight);
+/// Nodes first .. first + count - 1 (a multiple of 8) in two parts, with their weights (window included).
+void FillNodes(const Engine& engine, const NodeRule& rule, long first, int count, double* xi, double* xiLow,
+               double* weight);
 
 /// About how many nodes lie below `largest`; and rougher still, for plans.
 double NodesBelow(const NodeRule& rule, double largest);

@@ -20,12 +20,36 @@ double Sum(const NodeRule& rule, double end, F f) {
     std::vector<double> weight(64);
     double sum = 0;
     for (long first = 0;; first += 64) {
-        FillNodes(rule, first, 64, xi.data(), low.data(), weight.data());
+        FillNodes(BestEngine(), rule, first, 64, xi.data(), low.data(), weight.data());
         for (std::size_t i = 0; i < 64; ++i) {
             sum += weight[i] * f(xi[i]);
         }
         if (xi[63] > end) {
             return sum;
+        }
+    }
+}
+
+// A node's two parts, in all engines, against the map in numbers of 64 bits: at a far point the argument of a Bessel
+// function is a thousand times the node's own size, and sums of ten digits that cancel hang on it.
+TEST(NodeRule, NodesAreKnownFarBeyondADouble) {
+    const Engine* engines[4];
+    const int count = RunnableEngines(engines);
+    for (const double reach : {20.0, 500.0, 1e6}) {
+        const NodeRule rule = MakeNodeRule({reach, 42, 0, 50}, 0);
+        for (int e = 0; e < count; ++e) {
+            alignas(64) double xi[NodeBlock], low[NodeBlock], weight[NodeBlock];
+            for (long first = 0; first < 2L * NodeBlock; first += NodeBlock) {
+                FillNodes(*engines[e], rule, first, NodeBlock, xi, low, weight);
+                for (int i = 0; i < NodeBlock; ++i) {
+                    const long double s =
+                        static_cast<long double>(rule.Start) + static_cast<long double>(rule.Step) * (first + i);
+                    const long double t = s - std::exp(static_cast<long double>(rule.LowEnd) - s);
+                    const long double all = rule.C * (t > 0 ? t + std::log1p(std::exp(-t)) : std::log1p(std::exp(t)));
+                    const auto off = static_cast<double>((all - xi[i]) - low[i]);
+                    EXPECT_LE(std::fabs(off) * reach, 0.4 * 1.1e-16 + 2e-19 * xi[i] * reach) << engines[e]->Name;
+                }
+            }
         }
     }
 }
