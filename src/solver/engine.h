@@ -82,7 +82,8 @@ struct NodeTable {
 };
 /// The map of the nodes, wavenumbers.h. C, Start and Step have 24 digits.
 struct NodeMap {
-    double C, AtLowEnd, Start, Step;  // AtLowEnd: exp(sL)
+    double C, AtLowEnd, Start, Step;    // AtLowEnd: exp(sL)
+    double WindowCentre, InverseWidth;  // InverseWidth 0: no window
 };
 
 /// Gauss nodes of the angular sums of the half-space: panels halved towards 0. Panel p < MaxPanels covers pi 2^-(p+1)
@@ -196,7 +197,7 @@ struct Engine {
                            const KernelDepth* depths, int depthCount, bool vertical, bool horizontal, int& deepest,
                            double* out, double* low);
 
-    /// Nodes first .. first + count - 1 (a multiple of 8) in two parts, with their weights but for a window.
+    /// Nodes first .. first + count - 1 (a multiple of 8) in two parts, with their weights.
     void (*Nodes)(const NodeTable& table, const NodeMap& map, double first, int count, double* xi, double* xiLow,
                   double* weight);
 

@@ -107,14 +107,15 @@ std::array<double, RowCount> HalfSpaceRows(const Engine& engine, double m2, doub
     return rows;
 }
 
-HalfSpaceRounding HalfSpaceRoundingAt(double a, double gap, double z) {
+HalfSpaceRounding HalfSpaceRoundingAt(double nu, double a, double gap, double z) {
     // Three integrals at most, each 7E-16 off in comparisons with 30 digits.
     constexpr double Rounding = 1.5e-15;
     const double r = a + gap;
     const double nearest = std::max(std::sqrt(gap * gap + z * z), EdgeShare * a);
     // The mean of a / distance over the circle: a logarithm near the edge, a / r far away.
     const double near = nearest < a ? 1 + 0.3 * std::log(a / nearest) : 1;
-    return {Rounding * near * std::min(1.0, 2 * a / std::sqrt(r * r + z * z)), Rounding};
+    const double strain = Rounding * near * std::min(1.0, 2 * a / std::sqrt(r * r + z * z));
+    return {strain, Rounding, z == 0 ? (1 - 2 * nu) * Rounding * std::min(1.0, 2 * a / r) : strain};
 }
 
 }  // namespace zirvo::solver

@@ -26,10 +26,12 @@ std::array<double, RowCount> HalfSpaceRows(const Engine& engine, double m2, doub
                                            bool vertical, bool horizontal);
 
 /// What rounding may leave in those rows, in units of 1 / m2 (strains) and a / m2 (displacements): the angular sums are
-/// sums of 1 / distance.
+/// sums of 1 / distance. At z = 0 pressure leaves strains as its own share 1 - 2 nu only, for their integrals are set
+/// there and tractions are the loads' own.
 struct HalfSpaceRounding {
     double Strain = 0, Displacement = 0;
+    double PressureStrain = 0;  ///< of pressure alone; Strain is of shear
 };
-HalfSpaceRounding HalfSpaceRoundingAt(double a, double gap, double z);
+HalfSpaceRounding HalfSpaceRoundingAt(double nu, double a, double gap, double z);
 
 }  // namespace zirvo::solver

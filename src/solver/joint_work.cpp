@@ -10,6 +10,7 @@ namespace zirvo::solver {
 namespace {
 
 constexpr double JointShare = 0.3;  // of the budget
+constexpr double AlarmShare = 10;   // for places that miss the promise: all that the sums with less care had
 
 }  // namespace
 
@@ -40,11 +41,13 @@ void ChunkWork::DoJointly() const {
     }
     std::stable_sort(places.begin(), places.end(), [](const Place& a, const Place& b) { return a.Worst > b.Worst; });
     double budget = JointShare * budget_;
+    double alarmBudget = AlarmShare * budget_;
     std::vector<JointPlace> joints;
     for (const Place& place : places) {
         JointPlace joint = JointAt(place.First, place.Last);
-        if (joint.Sum->Cost() <= budget) {  // else nothing: too dear
-            budget -= joint.Sum->Cost();
+        double& left = place.Worst > PromisedError ? alarmBudget : budget;
+        if (joint.Sum->Cost() <= left) {  // else nothing: too dear
+            left -= joint.Sum->Cost();
             joints.push_back(std::move(joint));
         }
     }

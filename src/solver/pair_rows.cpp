@@ -35,9 +35,10 @@ void AddHalfSpace(const Work& work, const PointDepth& depth, const GroupLoad& lo
     for (std::size_t row = 0; row < RowCount; ++row) {
         rows[row] += own[row];
     }
-    const HalfSpaceRounding rounding = HalfSpaceRoundingAt(radius, gap, depth.Z);
+    const HalfSpaceRounding rounding = HalfSpaceRoundingAt(work.Layers.Nu[0], radius, gap, depth.Z);
+    errors.Strain[0] += rounding.PressureStrain / m2;
+    errors.Strain[1] += rounding.Strain / m2;
     for (std::size_t k = 0; k < 2; ++k) {
-        errors.Strain[k] += rounding.Strain / m2;
         errors.Displacement[k] += rounding.Displacement * radius / m2;
     }
 }
@@ -48,6 +49,12 @@ void AddLoad(const GroupLoad& load, const PolarPosition& position, double radius
         // On the axis all Bessel functions but J0 vanish: no rounding noise in place of a zero.
         for (std::size_t row = 0; row < RowCount; ++row) {
             rows[row] = RowOrder[row] == 0 ? rows[row] : 0;
+        }
+    }
+    if (z == 0) {
+        // Tractions are the loads' own there: what rounding leaves of the sums is in no value.
+        for (const int row : {RowVerticalS, RowVerticalT, RowHorizontalS, RowShear0, RowShear2}) {
+            rows[row] = 0;
         }
     }
     AddRows(load, position, rows, sums);

@@ -210,9 +210,10 @@ PointResult ComposeResult(const PointSums& sums, double m2, double nu, bool surf
     };
     // Of the sums that make them up; a shear strain is twice its traction over m2.
     constexpr double Rounding = 8 * 1.1e-16;
-    const double error = sums.StrainError + Rounding * (sums.StrainSize + std::fabs(sigz) / m2);
-    const double stressError = error * m2 * (1 + nu) / (1 - nu) + sweptStress;
-    const double strainError = 2 * error + sweptStrain;
+    const double normal = Rounding * std::fabs(sigz) / m2;
+    const double error = sums.StrainError + Rounding * sums.StrainSize;
+    const double stressError = (error + normal) * m2 * (1 + nu) / (1 - nu) + sweptStress;
+    const double strainError = 2 * (error + normal * (1 - 2 * nu) / (1 - nu)) + sweptStrain;
     const double displacementError = sums.DisplacementError + Rounding * sums.DisplacementSize + sweptDisplacement;
     const auto share = [sharpness = sums.Sharpness](double bound, double allowance) {
         // Below that nothing is told apart: sums of a thousand rounded terms, weights, positions.

@@ -46,16 +46,9 @@ double WindowEnd(const NodeRule& rule) {
 
 void FillNodes(const Engine& engine, const NodeRule& rule, long first, int count, double* xi, double* xiLow,
                double* weight) {
-    const NodeMap map{rule.C, std::exp(rule.LowEnd), rule.Start, rule.Step};
+    const NodeMap map{rule.C,    std::exp(rule.LowEnd), rule.Start,
+                      rule.Step, rule.WindowCentre,     rule.WindowWidth > 0 ? 1 / rule.WindowWidth : 0};
     engine.Nodes(NodeParts(), map, static_cast<double>(first), count, xi, xiLow, weight);
-    if (rule.WindowWidth == 0) {
-        return;
-    }
-    for (int i = 0; i < count; ++i) {
-        if (xi[i] > 0.01 * rule.WindowWidth) {
-            weight[i] *= 0.5 * std::erfc((xi[i] - rule.WindowCentre) / rule.WindowWidth);
-        }
-    }
 }
 
 double NodesBelow(const NodeRule& rule, double largest) {
