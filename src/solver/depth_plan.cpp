@@ -7,7 +7,6 @@ namespace zirvo::solver {
 
 namespace {
 
-constexpr double BandRatio = 1.7;       // of the effective depths in one chunk
 constexpr double DepthCellShare = 0.6;  // width of a cell in z over its smallest effective depth
 constexpr std::size_t WorthNodes = 20;  // distinct depths in a cell from which on its nodes are cheaper
 

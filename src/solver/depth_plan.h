@@ -45,6 +45,9 @@ struct DepthChunk {
     bool Direct = false;             ///< each pair of a load and a point has sums of its own (direct_work.h)
 };
 
+/// Largest ratio of the effective depths in one chunk.
+inline constexpr double BandRatio = 1.7;
+
 /// ze of a depth in a layer (0-based) [cm].
 double EffectiveDepth(int layer, double z, double firstThickness);
 

@@ -19,7 +19,6 @@ constexpr std::size_t WorthPlanning = 2000;  // pairs from which on the question
 constexpr std::size_t MostPoints = 1000;     // of a direct chunk: several for each thread where there is much to do
 constexpr std::size_t MostPrecise = 2000;    // where kernels in two parts are dear
 constexpr double MostNumbers = 1e7;          // of a table: 80 MB for each thread
-constexpr double BandRatio = 1.7;            // of the effective depths in one direct chunk
 constexpr double ClearlyLess = 0.4;          // of costs this rough
 constexpr double Nodes = 220;                // of a sum, roughly
 constexpr double TableNodes = 1.5 * Nodes;   // of one of a table, whose radii crowd where sums are long

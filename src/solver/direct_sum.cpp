@@ -299,7 +299,7 @@ void DirectSum::CompareSample(std::size_t sample, int segment, int node, const d
         const double precise = scratch_.Precise[(sample * RowCount + static_cast<std::size_t>(i)) * NodeBlock +
                                                 static_cast<std::size_t>(segment)];
         const auto kind = static_cast<std::size_t>(RowKind[i]);
-        off[kind] = std::max(off[kind], std::fabs(row[i] - precise));
+        off[kind] = LargerOrNone(off[kind], std::fabs(row[i] - precise));
         largest[kind] = std::max(largest[kind], std::fabs(precise));
         plain[kind] = std::max(plain[kind], std::fabs(row[i]));
     }

@@ -27,8 +27,8 @@ constexpr double GivenUpPhase = 120;  // xi * ze at which a sum ends in any case
 constexpr double EndedShare = 1e-13;  // of the value, of what is cut off
 constexpr double Floor = 1e-4;        // of a unit of the load: errors are shares of the value plus that
 constexpr double WeightRounding = 3 * UnitRounding;
-constexpr double PairRounding = 1e-30;          // of two parts: Bessel functions
-constexpr double PairContrastRounding = 1e-32;  // kernels, for the ratio of the moduli
+constexpr double TwoPartRounding = 1e-30;          // of two parts: Bessel functions
+constexpr double TwoPartContrastRounding = 1e-32;  // kernels, for the ratio of the moduli
 constexpr int MostBlocks = 4000;
 
 void Turn(TwoPart c, TwoPart s, TwoPart cosine, TwoPart sine, TwoPart out[2]) {
@@ -360,7 +360,7 @@ PointSums JointSum::ResultAt(std::size_t depth) const {
         }
         const double scale = std::min(forces_ / scale_.Pressure * Unit(depth, kind), sum.Magnitude[kind]);
         error[kind] = (scale > 0 ? RuleError(half, scale) : 0) + Cut(depth, kind) + std::sqrt(sum.Rounding[kind]) +
-                      (PairRounding + PairContrastRounding * layers_.Contrast) * sum.Alone[kind];
+                      (TwoPartRounding + TwoPartContrastRounding * layers_.Contrast) * sum.Alone[kind];
         (kind == 1 ? result.DisplacementSize : result.StrainSize) = size;
     }
     result.StrainError = error[0];

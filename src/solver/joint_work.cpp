@@ -80,7 +80,7 @@ void ChunkWork::JoinPlace(const JointPlace& place) const {
     for (const LoadGroup& group : work_.Groups) {
         for (const GroupLoad& load : group.Loads) {
             const PolarPosition position = PositionFrom(load, x, y);
-            const double gap = GapFrom(load, group.Radius, position, x, y);
+            const double gap = ExactGapFrom(load, group.Radius, position, x, y);
             for (std::size_t i = 0; i < points.size(); ++i) {
                 if (sources[i].Layer > 0) {
                     continue;

@@ -8,12 +8,6 @@
 
 namespace zirvo::solver {
 
-namespace {
-
-constexpr double TailShare = 0.5;  // of the last two Chebyshev coefficients: what follows them at most
-
-}  // namespace
-
 SumTable::SumTable(const LayerTable& layers, const std::vector<LoadGroup>& groups, const DepthChunk& chunk,
                    std::vector<RadiusItem> items, const Engine& engine, const TableCare& care)
     : items_(std::move(items)), places_(items_.size()), sources_(chunk.Sources.size()) {

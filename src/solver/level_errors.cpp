@@ -22,7 +22,6 @@ namespace zirvo::solver {
 
 namespace {
 
-constexpr double TailShare = 0.5;                   // of the last two Chebyshev coefficients: what follows them at most
 constexpr double SumRounding = 1.5 * UnitRounding;  // of a product of kernel and Bessel functions
 constexpr double CellSpread = 2;
 

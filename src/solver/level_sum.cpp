@@ -208,7 +208,7 @@ void LevelSum::SampleRounding(double radius, bool vertical, bool horizontal, int
                 const double precise = precise_[place + static_cast<std::size_t>(s)];
                 const auto kind = static_cast<std::size_t>(RowKind[row]);
                 const double raw = raw_[place + static_cast<std::size_t>(node[s])];
-                off[kind] = std::max(off[kind], std::fabs(raw - precise));
+                off[kind] = LargerOrNone(off[kind], std::fabs(raw - precise));
                 largest[kind] = std::max(largest[kind], std::fabs(precise));
                 plain[kind] = std::max(plain[kind], std::fabs(raw));
             }

@@ -10,16 +10,20 @@ namespace zirvo::solver {
 
 namespace {
 
-/// How many times its rounding a place (R, depth) shows in the sums.
-double SharpnessAt(const Work& work, const PointDepth& depth, double r, double gap) {
+/// How many times its rounding a place (R, depth) shows in the sums: R over the distance of their singularities, and 1,
+/// or depth over thickness where they are interpolated in z.
+double SharpnessAt(const Work& work, const PointDepth& depth, double radius, double r, double gap) {
     const auto& thickness = work.Layers.Thickness;
-    if (thickness.size() == 1) {
-        return 0;  // the gap is known to the last digit
-    }
     const auto layer = static_cast<std::size_t>(depth.Layer);
+    // Near the edge the half-space has the gap to the last digit.
+    const bool rounded = layer == 0 && std::fabs(gap) > ExactGapShare * radius;
+    const double own = rounded ? r / std::sqrt(gap * gap + depth.Z * depth.Z) : 0;
+    if (thickness.size() == 1) {
+        return own;
+    }
     const double ze = layer == 0 ? 2 * thickness[0] - depth.Z : depth.Z;
     const double inDepth = depth.Source < 0 && layer + 1 < thickness.size() ? depth.Z / thickness[layer] : 1;
-    return r / std::sqrt(gap * gap + ze * ze) + inDepth;
+    return std::max(own, r / std::sqrt(gap * gap + ze * ze)) + inDepth;
 }
 
 }  // namespace
@@ -70,8 +74,14 @@ void AddLoad(const GroupLoad& load, const PolarPosition& position, double radius
 
 void AddToPoint(const Work& work, const PointDepth& depth, const GroupLoad& load, const PolarPosition& position,
                 double radius, double gap, double* rows, const SumErrors& errors, PointSums& sums) {
+    const double strain = sums.StrainSize;
+    const double displacement = sums.DisplacementSize;
     AddLoad(load, position, radius, gap, depth.Z, rows, errors, sums);
-    sums.Sharpness = std::max(sums.Sharpness, SharpnessAt(work, depth, position.R, gap));
+    // Each load has a place of its own, whose rounding stays where loads cancel.
+    constexpr double PlaceRounding = 2.2e-16;
+    const double place = PlaceRounding * SharpnessAt(work, depth, radius, position.R, gap);
+    sums.StrainError += place * (sums.StrainSize - strain);
+    sums.DisplacementError += place * (sums.DisplacementSize - displacement);
 }
 
 }  // namespace zirvo::solver

@@ -3,6 +3,7 @@
 #pragma once
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "solver/wavenumbers.h"
 
@@ -25,6 +26,7 @@ inline constexpr double EndedKernel = 1e-15;  // share of its peak below which a
 inline constexpr double EndedPhase = 40;      // and xi * ze above which it may
 inline constexpr int ExtraNodes = 64;         // block beyond the expected end
 inline constexpr int MostRefinements = 2;
+inline constexpr double TailShare = 0.5;           // of the last two Chebyshev coefficients: what follows them at most
 inline constexpr double LeastRounding = 2e-16;     // share of a kernel that a sample is not believed below
 inline constexpr double ContrastRounding = 6e-18;  // more of it for the ratio of the moduli
 inline constexpr double KernelSafety = 1;      // of a sampled difference: within a segment errors are added unsigned
@@ -44,10 +46,18 @@ inline double Envelope(double x) {
     return std::min(0.5 * x, 0.8 / std::sqrt(x));
 }
 
+/// The larger of two; what is no number stays.
+inline double LargerOrNone(double a, double b) {
+    return b <= a || std::isnan(a) ? a : b;
+}
+
 /// Share of a kernel that is rounding, from the sizes of a plain one, of one in two parts and of their difference.
 /// Where one of both has left the layer out as not reached (engine_kernels.inl), they tell nothing: so little is there
 /// that it must not be taken for the rounding of neighbours that are a million times as large.
 inline double RoundingShare(double off, double precise, double plain) {
+    if (std::isnan(off)) {
+        return std::numeric_limits<double>::infinity();
+    }
     return off > 0 && precise > 0 && plain > 0 ? off / std::max(precise, off) : 0;
 }
 

@@ -49,9 +49,13 @@ struct TwoSum {
 }  // namespace
 
 double GapFrom(const GroupLoad& load, double radius, const PolarPosition& position, double x, double y) {
-    if (std::fabs(position.R - radius) > 0.1 * radius) {
+    if (std::fabs(position.R - radius) > ExactGapShare * radius) {
         return position.R - radius;
     }
+    return ExactGapFrom(load, radius, position, x, y);
+}
+
+double ExactGapFrom(const GroupLoad& load, double radius, const PolarPosition& position, double x, double y) {
     TwoSum sum;  // r^2 - a^2
     sum.AddSquaredDifference(x, load.X);
     sum.AddSquaredDifference(y, load.Y);
@@ -73,7 +77,6 @@ void PointSums::Add(const PointSums& other) {
     StrainError += other.StrainError;
     DisplacementSize += other.DisplacementSize;
     StrainSize += other.StrainSize;
-    Sharpness = std::max(Sharpness, other.Sharpness);
     SurfaceNormal += other.SurfaceNormal;
     SurfaceX += other.SurfaceX;
     SurfaceY += other.SurfaceY;
@@ -215,13 +218,11 @@ PointResult ComposeResult(const PointSums& sums, double m2, double nu, bool surf
     const double stressError = (error + normal) * m2 * (1 + nu) / (1 - nu) + sweptStress;
     const double strainError = 2 * (error + normal * (1 - 2 * nu) / (1 - nu)) + sweptStrain;
     const double displacementError = sums.DisplacementError + Rounding * sums.DisplacementSize + sweptDisplacement;
-    const auto share = [sharpness = sums.Sharpness](double bound, double allowance) {
-        // Below that nothing is told apart: sums of a thousand rounded terms, weights, positions.
+    const auto share = [](double bound, double allowance) {
+        // Below that nothing is told apart: sums of a thousand rounded terms, weights.
         constexpr double Least = 2e-14;
-        constexpr double PlaceRounding = 2.2e-16;
-        return bound > 0
-                   ? Least + PlaceRounding * sharpness + bound / std::max(allowance, std::numeric_limits<double>::min())
-                   : (bound == 0 ? 0 : std::numeric_limits<double>::infinity());  // no number is no bound
+        return bound > 0 ? Least + bound / std::max(allowance, std::numeric_limits<double>::min())
+                         : (bound == 0 ? 0 : std::numeric_limits<double>::infinity());  // no number is no bound
     };
     result.Estimates = {
         share(displacementError, largest(U, W) + Floor * scale.Pressure * scale.Radius / modulus),

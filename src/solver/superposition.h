@@ -19,6 +19,10 @@ PolarPosition PositionFrom(const GroupLoad& load, double x, double y);
 /// Distance of (x, y) outside the edge of the load (inside: negative), to the last digit also where it is far smaller
 /// than the coordinates: the field near the edge hangs on it.
 double GapFrom(const GroupLoad& load, double radius, const PolarPosition& position, double x, double y);
+/// The same to the last digit anywhere, which is dear.
+double ExactGapFrom(const GroupLoad& load, double radius, const PolarPosition& position, double x, double y);
+/// Share of the radius from the edge within which GapFrom gives the last digit.
+inline constexpr double ExactGapShare = 0.1;
 
 /// What is added up at a point. Tractions over m2 of the point's layer, strains as plain numbers, displacements in cm.
 struct PointSums {
@@ -30,9 +34,6 @@ struct PointSums {
     double ShearStrain = 0;         ///< GAMxy
     double DisplacementError = 0, StrainError = 0;
     double DisplacementSize = 0, StrainSize = 0;  ///< sums of sizes, whose rounding comes on top
-    /// R over the distance of the field's singularities, plus 1, or depth over thickness where sums are interpolated in
-    /// z: what a rounded place does to values.
-    double Sharpness = 0;
     /// At z = 0: the surface traction itself, in the unit of the moduli.
     double SurfaceNormal = 0, SurfaceX = 0, SurfaceY = 0;
     bool OnEdge = false;
