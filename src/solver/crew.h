@@ -5,7 +5,6 @@
 #include <atomic>
 #include <condition_variable>
 #include <cstddef>
-#include <deque>
 #include <exception>
 #include <functional>
 #include <mutex>
@@ -46,7 +45,7 @@ private:
 
     std::mutex lock_;
     std::condition_variable changed_;
-    std::deque<Job*> jobs_;  // the oldest first: its parts are the largest
+    std::vector<Job*> jobs_;  // the oldest first: its parts are the largest
     bool ended_ = false;
     std::vector<std::thread> helpers_;
 };

@@ -53,7 +53,36 @@ void AddPoints(const Problem& problem, const std::vector<std::size_t>& order, co
     }
 }
 
+/// True if all depths have the same places, in ascending order: a grid.
+bool IsGrid(const DepthChunk& chunk) {
+    const std::size_t places = chunk.Points.size() / chunk.Depths.size();
+    if (places * chunk.Depths.size() != chunk.Points.size()) {
+        return false;
+    }
+    for (std::size_t i = 0; i < chunk.Points.size(); ++i) {
+        const ChunkPoint& point = chunk.Points[i];
+        const ChunkPoint& first = chunk.Points[i % places];
+        const bool ascends = i == 0 || i >= places ||
+                             std::tie(chunk.Points[i - 1].X, chunk.Points[i - 1].Y) < std::tie(point.X, point.Y);
+        if (point.Depth != static_cast<int>(i / places) || point.X != first.X || point.Y != first.Y || !ascends) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Points that stand by depth, as they are taken from the problem, by place.
 void SortByPlace(DepthChunk& chunk) {
+    if (chunk.Depths.size() > 1 && IsGrid(chunk)) {
+        const std::vector<ChunkPoint> points = std::move(chunk.Points);
+        const std::size_t places = points.size() / chunk.Depths.size();
+        chunk.Points.clear();
+        chunk.Points.reserve(points.size());
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            chunk.Points.push_back(points[i % chunk.Depths.size() * places + i / chunk.Depths.size()]);
+        }
+        return;
+    }
     const auto before = [](const ChunkPoint& a, const ChunkPoint& b) {
         return std::tie(a.X, a.Y, a.Depth, a.Point) < std::tie(b.X, b.Y, b.Depth, b.Point);
     };

@@ -57,7 +57,7 @@ struct PointResult {
 };
 
 struct SolveOptions {
-    int Threads = 0;  ///< 0: as many as the machine has
+    int Threads = 0;  ///< at most; 0: as many as the machine has. What is done before a thread has started takes one
 };
 
 struct Solution {

@@ -90,9 +90,9 @@ Solution Solve(const Problem& problem, const SolveOptions& options) {
     std::vector<LoadGroup> groups = GroupLoads(problem);
     const LoadScale scale = ScaleOf(problem);
     Work work{problem, LayerTable(problem), std::move(groups), BestEngine(), scale, solution.Points};
-    const unsigned machine = IsSmall(work) ? 1 : std::max(1U, std::thread::hardware_concurrency());
+    const unsigned machine = std::max(1U, std::thread::hardware_concurrency());
     const std::size_t wanted = options.Threads > 0 ? static_cast<unsigned>(options.Threads) : machine;
-    Crew crew(std::min(wanted, problem.Points.size()));
+    Crew crew(IsSmall(work) ? 1 : std::min(wanted, problem.Points.size()));
     work.Helpers = &crew;
     auto chunks = WithDirectChunks(work, PlanDepths(problem, MostSources, &crew));
     // The largest first, so that little is left for one thread alone.
