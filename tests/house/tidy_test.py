@@ -176,9 +176,12 @@ def check_memory(root):
     expect("units of one that has", units_looked_at(root), "0")
     expect("units if all are asked for", units_looked_at(root, "--all"), "1")
     commands = root / "build/compile_commands.json"
-    commands.write_text(commands.read_text(encoding="utf-8").replace("ccache ", "").replace(" -c ", " -fpch-preprocess -c "),
+    (root / "build/pch.hxx.gch").write_text("of another compiler", encoding="utf-8")
+    local = f" -fpch-preprocess -Winvalid-pch -include {root}/build/pch.hxx -c "
+    commands.write_text(commands.read_text(encoding="utf-8").replace("ccache ", "").replace(" -c ", local),
                         encoding="utf-8")
-    expect("units with another launcher", units_looked_at(root), "0")
+    expect("units with another launcher and a precompiled header", units_looked_at(root), "0")
+    expect("what they say if all are asked for", run(["scripts/tidy", "--all"], root).returncode, 0)
     commands.write_text(commands.read_text(encoding="utf-8").replace("-std=c++20", "-std=c++17"), encoding="utf-8")
     expect("units with other flags", units_looked_at(root), "1")
 
