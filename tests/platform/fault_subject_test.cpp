@@ -176,8 +176,10 @@ TEST(FaultSubject, ANameWithoutAFolderIsToldWithTheCurrentOne) {
 
 TEST(Naming, GivesWhatTheWorkGivesAndNamesTheFaultsThatTellNothing) {
     EXPECT_EQ(Naming(FaultMatter::File, "/a", [] { return 7; }), 7);
-    EXPECT_EQ(Wrong([] { Naming(FaultMatter::File, "/a", [] { throw RuntimeFault(62); }); }, 62, File("/a")), "");
-    EXPECT_EQ(Wrong([] { Naming(FaultMatter::File, "/a", [] { RaiseFileFault(53, "/b"); }); }, 53, File("/b")), "");
+    EXPECT_EQ(Wrong([] { Naming(FaultMatter::File, "/a", [] { throw RuntimeFault(62); }); }, 62, File(FullPath("/a"))),
+              "");
+    EXPECT_EQ(
+        Wrong([] { Naming(FaultMatter::File, "/a", [] { RaiseFileFault(53, "/b"); }); }, 53, File(FullPath("/b"))), "");
 }
 
 }  // namespace

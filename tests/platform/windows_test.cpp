@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "base/fault_of.h"
+#include "platform/fault_subject.h"
 #include "platform/files.h"
 #include "platform/process.h"
 #include "platform/temporary_folder.h"
@@ -81,6 +82,19 @@ TEST(WindowsPaths, BothSlashesSeparateAndADriveHasARoot) {
     EXPECT_EQ(FolderOf("C:\\a"), "C:\\");
     EXPECT_EQ(FolderOf("d:/a"), "d:/");
     EXPECT_EQ(FolderOf("a"), "");
+}
+
+TEST(WindowsPaths, AFullPathHasItsDrive) {
+    const std::string before = CurrentFolder();
+    const std::string drive = before.substr(0, 2);
+    EXPECT_EQ(drive[1], ':');
+    EXPECT_EQ(FullPath("\\folder\\x"), drive + "\\folder\\x");
+    EXPECT_EQ(FullPath("/folder/x"), drive + "/folder/x");
+    EXPECT_EQ(FullPath("\\"), drive + "\\");
+    EXPECT_EQ(FullPath("x"), JoinPath(before, "x"));
+    for (const char* whole : {"C:\\x", "z:/x", "C:x", "\\\\server\\share\\x", "//server/share/x", ""}) {
+        EXPECT_EQ(FullPath(whole), whole);
+    }
 }
 
 TEST(WindowsPaths, TheProgramsFolderHoldsTheProgram) {
