@@ -1,31 +1,15 @@
 // What the window of a form does for its user beside what the form knows of: larger letters, looking for words,
 // printing, files that are dropped on it; see form_window.h.
-#include <QDir>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QMimeData>
 #include <QTimer>
-#include <QUrl>
 #include <optional>
 
 #include "forms/text_box.h"
+#include "qt/widgets/dropped_file.h"
 #include "qt/widgets/form_window.h"
 
 namespace zirvo::widgets {
-namespace {
-
-/// The one file that is dragged, with the separators of the system, as its dialogs give it; nothing for several, and
-/// for what lies on no disk.
-std::optional<std::string> FileOf(const QMimeData& dragged) {
-    const QList<QUrl> urls = dragged.urls();
-    if (urls.size() != 1 || !urls.constFirst().isLocalFile()) {
-        return std::nullopt;
-    }
-    return QDir::toNativeSeparators(urls.constFirst().toLocalFile()).toStdString();
-}
-
-}  // namespace
-
 /// A stroke with Ctrl that is for the window itself. True if that is all there is to do.
 bool FormWindow::WindowKey(const QKeyEvent& event) {
     if (const std::optional<TextStep> step = TextStepOf(event)) {
