@@ -14,8 +14,9 @@ namespace zirvo {
 inline constexpr const char* RunLockName = ".zirvo-lock";
 
 /// The current folder for one run, from its first work file to the last report that is read. The system lets go of it
-/// where the program is killed: once the solver that it has started has ended too, on Windows at once. Where no lock
-/// can be had at all (a folder without the right to write, a drive that knows none) the run goes on without.
+/// where the program is killed: once the solver that it has started has ended too, on Windows at once, since the
+/// solver is ended with it. Where no lock can be had at all (a folder without the right to write, a drive that knows
+/// none) the run goes on without.
 class RunLock {
 public:
     RunLock();

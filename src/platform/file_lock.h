@@ -16,7 +16,7 @@ public:
     /// Locks a file that is there; nothing where it is missing or anybody holds it, this program included.
     static std::unique_ptr<FileLock> OfFile(const std::string& path);
     /// Locks a file, which is made where it is missing. What the program starts meanwhile holds it too, except on
-    /// Windows.
+    /// Windows, where that ends with the program.
     /// @param held  set to whether another holds it; else there is no lock to be had
     static std::unique_ptr<FileLock> OfAnyFile(const std::string& path, bool& held);
     ~FileLock();

@@ -30,31 +30,54 @@ HANDLE OpenNullDevice() {
     return device;
 }
 
-/// The list of handles that a child inherits: one, and none of this process's files besides.
-class InheritedHandle {
+HANDLE MakeJobOfChildren() {
+    const HANDLE job = CreateJobObjectW(nullptr, nullptr);
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+    if (job == nullptr ||
+        SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits) == 0) {
+        RaiseSystemFault(GetLastError(), "");
+    }
+    return job;
+}
+
+/// The job that every child is in: the system ends them with this process, however it ends, since nobody else has the
+/// job. A solver has no window in which its user could end it, and would write on in a folder that is free for others
+/// by then.
+HANDLE JobOfChildren() {
+    static const HANDLE job = MakeJobOfChildren();
+    return job;
+}
+
+/// What a child is started with: the handle that it inherits, and none of this process's files besides; its job.
+class StartAttributes {
 public:
-    explicit InheritedHandle(HANDLE handle) : handle_(handle) {
+    explicit StartAttributes(HANDLE inherited) : inherited_(inherited) {
         SIZE_T size = 0;
-        InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
+        InitializeProcThreadAttributeList(nullptr, 2, 0, &size);
         memory_.resize(size);
-        if (InitializeProcThreadAttributeList(List(), 1, 0, &size) == 0) {
+        if (InitializeProcThreadAttributeList(List(), 2, 0, &size) == 0) {
             RaiseSystemFault(GetLastError(), "");
         }
-        if (UpdateProcThreadAttribute(List(), 0, PROC_THREAD_ATTRIBUTE_HANDLE_LIST, &handle_, sizeof handle_, nullptr,
-                                      nullptr) == 0) {
+        if (!Set(PROC_THREAD_ATTRIBUTE_HANDLE_LIST, inherited_) || !Set(PROC_THREAD_ATTRIBUTE_JOB_LIST, job_)) {
             const DWORD error = GetLastError();
             DeleteProcThreadAttributeList(List());
             RaiseSystemFault(error, "");
         }
     }
-    ~InheritedHandle() { DeleteProcThreadAttributeList(List()); }
-    InheritedHandle(const InheritedHandle&) = delete;
-    InheritedHandle& operator=(const InheritedHandle&) = delete;
+    ~StartAttributes() { DeleteProcThreadAttributeList(List()); }
+    StartAttributes(const StartAttributes&) = delete;
+    StartAttributes& operator=(const StartAttributes&) = delete;
     LPPROC_THREAD_ATTRIBUTE_LIST List() { return reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(memory_.data()); }
 
 private:
+    bool Set(DWORD_PTR attribute, HANDLE& handle) {
+        return UpdateProcThreadAttribute(List(), 0, attribute, &handle, sizeof handle, nullptr, nullptr) != 0;
+    }
+
     std::vector<std::byte> memory_;
-    HANDLE handle_;
+    HANDLE inherited_;
+    HANDLE job_ = JobOfChildren();
 };
 
 /// The fault of a program that could not be started.
@@ -133,7 +156,7 @@ private:
         const std::wstring name = ToWide(program);
         std::wstring commandLine = L"\"" + name + L"\"";
         const OwnedHandle device(OpenNullDevice());
-        InheritedHandle inherited(device.Get());
+        StartAttributes attributes(device.Get());
         STARTUPINFOEXW startup{};
         startup.StartupInfo.cb = sizeof startup;
         startup.StartupInfo.dwFlags = STARTF_USESTDHANDLES | STARTF_USESHOWWINDOW;
@@ -141,7 +164,7 @@ private:
         startup.StartupInfo.hStdInput = device.Get();
         startup.StartupInfo.hStdOutput = device.Get();
         startup.StartupInfo.hStdError = device.Get();
-        startup.lpAttributeList = inherited.List();
+        startup.lpAttributeList = attributes.List();
         PROCESS_INFORMATION information{};
         auto child = std::make_unique<Child>();
         const NotInterrupted untilItIsNoted;
