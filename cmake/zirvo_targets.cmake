@@ -89,6 +89,11 @@ function(zirvo_test_options name)
   endif()
 endfunction()
 
+set(ZIRVO_DRIVE)
+if(CMAKE_CROSSCOMPILING)
+  set(ZIRVO_DRIVE Z:)  # as wine calls this machine's root
+endif()
+
 # zirvo_test(NAME SOURCES file... [LINK target...]): one test program, each of its tests known to ctest.
 function(zirvo_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
@@ -107,14 +112,10 @@ function(zirvo_test name)
   else()
     target_precompile_headers(${name} REUSE_FROM zirvo_precompiled)
   endif()
-  set(drive)
-  if(CMAKE_CROSSCOMPILING)
-    set(drive Z:)  # as wine calls this machine's root
-  endif()
   target_compile_definitions(${name} PRIVATE
-    ZIRVO_TEST_DATA="${drive}${CMAKE_SOURCE_DIR}/tests/data"
-    ZIRVO_SAMPLES="${drive}${CMAKE_SOURCE_DIR}/samples"
-    ZIRVO_BIN="${drive}${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+    ZIRVO_TEST_DATA="${ZIRVO_DRIVE}${CMAKE_SOURCE_DIR}/tests/data"
+    ZIRVO_SAMPLES="${ZIRVO_DRIVE}${CMAKE_SOURCE_DIR}/samples"
+    ZIRVO_BIN="${ZIRVO_DRIVE}${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
   if(CMAKE_CROSSCOMPILING)
     zirvo_add_windows_tests(${name})
@@ -142,8 +143,10 @@ function(zirvo_add_windows_tests name)
   if(CMAKE_CROSSCOMPILING_EMULATOR)
     zirvo_posix_only(sources names)
     list(JOIN names ":" names)
-    add_test(NAME ${name} COMMAND ${name} --gtest_brief=1 --gtest_filter=-${names})
-    set_tests_properties(${name} PROPERTIES TIMEOUT 900 RESOURCE_LOCK wine)  # one server, one display for all
+    add_test(NAME ${name}
+      COMMAND ${CMAKE_SOURCE_DIR}/tests/windows/in_session ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${name}>
+              --gtest_brief=1 --gtest_filter=-${names})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 900 RESOURCE_LOCK wine FIXTURES_REQUIRED wine_session)
   endif()
 endfunction()
 

@@ -119,8 +119,7 @@ TEST_F(AnalyzeFailure, ALeftOverTemporaryFileIsFaultFiftyEight) {
 
 TEST_F(AnalyzeFailure, AMissingSolverIsFaultFiftyThreeAndLeavesTheControlFile) {
     const WorkFolder programs;
-    std::filesystem::copy_file(ZIRVO_BIN "/zirvo-batch", programs.Path("zirvo-batch"));
-    const Outcome outcome = Run({.Program = programs.Path("zirvo-batch")});
+    const Outcome outcome = Run({.Program = PutBatch(programs.Path())});
     EXPECT_EQ(outcome.Code, 1);
     EXPECT_EQ(outcome.Err,
               "road.eva: Run-time error '53': File not found (" + programs.Path("ZIRVO_SV12.EXE") + " is missing)\n");
@@ -129,9 +128,9 @@ TEST_F(AnalyzeFailure, AMissingSolverIsFaultFiftyThreeAndLeavesTheControlFile) {
 
 TEST_F(AnalyzeFailure, ASolverThatLeavesNoReportIsFaultFiftyThree) {
     const WorkFolder programs;
-    std::filesystem::copy_file(ZIRVO_BIN "/zirvo-batch", programs.Path("zirvo-batch"));
-    std::filesystem::copy_file("/bin/true", programs.Path("ZIRVO_SV12.EXE"));
-    const Outcome outcome = Run({.Program = programs.Path("zirvo-batch")});
+    PutWaitingSolver(programs.Path(), "ZIRVO_SV12.EXE");
+    programs.Put("go", "");
+    const Outcome outcome = Run({.Program = PutBatch(programs.Path())});
     EXPECT_EQ(outcome.Code, 1);
     EXPECT_EQ(outcome.Err, "road.eva: Run-time error '53': File not found (the solver left no report: road.san)\n");
     EXPECT_EQ(Folder.Names(), Lines{"road.eva"});

@@ -7,6 +7,7 @@
 
 #include "batch/work_folder.h"
 #include "platform/code_page.h"
+#include "platform/files.h"
 
 namespace zirvo::test {
 namespace {
@@ -113,14 +114,15 @@ TEST(AnalyzeRoad, WorksInTheFolderOfTheFileAndNamesItAsTheUserDid) {
 
 TEST(AnalyzeRoad, NamesInJapaneseWorkForFolderInputAndReports) {
     const WorkFolder folder;
-    std::filesystem::create_directory(folder.Path("国道一号"));
+    std::filesystem::create_directory(Utf8Path(folder.Path("国道一号")));
     std::string bytes = With(SampleBytes("road.eva"), "road.bre", EncodeName("表層.bre"));
     bytes = With(bytes, "road.san", EncodeName("表層.san"));
     folder.Put("国道一号/道路.eva", bytes);
     const Outcome outcome = folder.Batch({"analyze", "国道一号/道路.eva", "--units", "3", "--language", "ja"});
     EXPECT_EQ(outcome.Code, 0) << outcome.Err;
+    const std::string in = JoinPath("国道一号", "");
     EXPECT_EQ(LinesOf(outcome.Out),
-              (Lines{"国道一号/表層.san", "国道一号/表層_san.csv", "国道一号/表層.bre", "国道一号/表層_bre.csv"}));
+              (Lines{in + "表層.san", in + "表層_san.csv", in + "表層.bre", in + "表層_bre.csv"}));
     EXPECT_NE(DecodeText(folder.Get("国道一号/表層.bre")).find("道路.eva"), std::string::npos);
 }
 

@@ -158,6 +158,11 @@ TEST(Lives, WrongUsageAndBadInputAreSaid) {
         EXPECT_EQ(outcome.Out, "");
         EXPECT_NE(outcome.Err.find(told), std::string::npos) << testing::PrintToString(line) << outcome.Err;
     }
+}
+
+TEST(Lives, AFullDiskBehindStandardOutputIsAFailure) {
+    const WorkFolder folder;
+    folder.PutSample("road.eva");
     EXPECT_EQ(
         folder.Batch({"lives", "road.eva", "--units", "3", "--life", "ai-fatigue:2"}, {.OutputFile = "/dev/full"}).Err,
         "standard output: cannot be written\n");

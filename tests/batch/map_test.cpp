@@ -16,19 +16,19 @@ class Map : public testing::Test {
 protected:
     WorkFolder Folder;
     const TemporaryFolder Temporary;
+    Surroundings Here;
 
     Map() {
         Folder.PutSample("road.ven");
-        setenv("TMPDIR", Temporary.Path().c_str(), 1);
+        Here.Variables.emplace_back(TemporaryVariable, Temporary.Path());
     }
-    ~Map() override { unsetenv("TMPDIR"); }
 
     /// The picture's bytes; the run succeeds, says nothing, and leaves nothing else.
     std::string Picture(const Arguments& options, const std::string& name = "map.bmp",
                         const std::string& sample = "road.ven", const std::string& language = "en") {
         Arguments line{"map", sample, "--units", "3", "--language", language, "-o", name};
         line.insert(line.end(), options.begin(), options.end());
-        const Outcome outcome = Folder.Batch(line);
+        const Outcome outcome = Folder.Batch(line, Here);
         EXPECT_EQ(outcome.Code, 0) << testing::PrintToString(options);
         EXPECT_EQ(outcome.Out, "");
         EXPECT_EQ(outcome.Err, "");
@@ -159,15 +159,12 @@ TEST_F(Map, ADepthAboveThePavementIsDrawnWithANote) {
 
 TEST_F(Map, NeedsNoDisplayWhateverTheEnvironmentSays) {
     const std::string plain = Picture(Surface());
-    setenv("QT_QPA_PLATFORM", "xcb", 1);
-    setenv("DISPLAY", ":4711", 1);
-    setenv("QT_QPA_PLATFORMTHEME", "gtk3", 1);
-    setenv("QT_SCALE_FACTOR", "2", 1);
-    setenv("QT_FONT_DPI", "192", 1);
+    Here.Variables.insert(Here.Variables.end(), {{"QT_QPA_PLATFORM", "xcb"},
+                                                 {"DISPLAY", ":4711"},
+                                                 {"QT_QPA_PLATFORMTHEME", "gtk3"},
+                                                 {"QT_SCALE_FACTOR", "2"},
+                                                 {"QT_FONT_DPI", "192"}});
     EXPECT_EQ(Picture(Surface()), plain);
-    for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "QT_QPA_PLATFORMTHEME", "QT_SCALE_FACTOR", "QT_FONT_DPI"}) {
-        unsetenv(name);
-    }
 }
 
 TEST_F(Map, AnOrdinaryUserWithoutAHomeDrawsTheSame) {

@@ -1,4 +1,4 @@
-// Running the real programs, see process_run.h.
+// Running the real programs on POSIX, see process_run.h.
 #include "batch/process_run.h"
 
 #include <fcntl.h>
@@ -92,8 +92,9 @@ namespace {
 
 }  // namespace
 
-/// Where the program's words go.
-struct RunningProcess::Streams {
+/// The process and where its words go.
+struct RunningProcess::State {
+    pid_t Id = -1;
     const TemporaryFolder Folder;
     const Terminal Screen;
     bool OutputIsRead = true;
@@ -101,50 +102,54 @@ struct RunningProcess::Streams {
 };
 
 RunningProcess::RunningProcess(const std::vector<std::string>& arguments, const Surroundings& surroundings)
-    : streams_(std::make_unique<Streams>()) {
-    streams_->OutputIsRead = surroundings.OutputFile.empty();
-    streams_->ErrorsOnTerminal = surroundings.ErrorsOnTerminal;
-    const std::string outputPath = streams_->OutputIsRead ? streams_->Folder.Path("out") : surroundings.OutputFile;
+    : state_(std::make_unique<State>()) {
+    state_->OutputIsRead = surroundings.OutputFile.empty();
+    state_->ErrorsOnTerminal = surroundings.ErrorsOnTerminal;
+    const std::string outputPath = state_->OutputIsRead ? state_->Folder.Path("out") : surroundings.OutputFile;
     const int output = open(outputPath.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
-    const int errors = open(streams_->Folder.Path("err").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+    const int errors = open(state_->Folder.Path("err").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
     Require(output >= 0 && errors >= 0, "no file for the streams");
-    id_ = fork();
-    if (id_ == 0) {
-        Become(arguments, surroundings, output, streams_->ErrorsOnTerminal ? streams_->Screen.Slave() : errors);
+    state_->Id = fork();
+    if (state_->Id == 0) {
+        Become(arguments, surroundings, output, state_->ErrorsOnTerminal ? state_->Screen.Slave() : errors);
     }
     close(output);
     close(errors);
 }
 
 RunningProcess::~RunningProcess() {
-    if (id_ > 0) {
-        kill(id_, SIGKILL);
-        waitpid(id_, nullptr, 0);
+    if (state_->Id > 0) {
+        kill(state_->Id, SIGKILL);
+        waitpid(state_->Id, nullptr, 0);
     }
 }
 
 void RunningProcess::Send(int signal) const {
-    kill(id_, signal);
+    kill(state_->Id, signal);
+}
+
+void RunningProcess::Kill() const {
+    Send(SIGKILL);
 }
 
 bool RunningProcess::HasEnded() const {
     siginfo_t information{};
-    return waitid(P_PID, static_cast<id_t>(id_), &information, WEXITED | WNOHANG | WNOWAIT) != 0 ||
+    return waitid(P_PID, static_cast<id_t>(state_->Id), &information, WEXITED | WNOHANG | WNOWAIT) != 0 ||
            information.si_pid != 0;
 }
 
 std::string RunningProcess::ErrorsSoFar() const {
-    return streams_->Folder.Get("err");
+    return state_->Folder.Get("err");
 }
 
 Outcome RunningProcess::Wait() {
     int status = 0;
-    waitpid(id_, &status, 0);
-    id_ = -1;
+    waitpid(state_->Id, &status, 0);
+    state_->Id = -1;
     Outcome outcome;
     outcome.Code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-    outcome.Out = streams_->OutputIsRead ? streams_->Folder.Get("out") : "";
-    outcome.Err = streams_->ErrorsOnTerminal ? streams_->Screen.Text() : streams_->Folder.Get("err");
+    outcome.Out = state_->OutputIsRead ? state_->Folder.Get("out") : "";
+    outcome.Err = state_->ErrorsOnTerminal ? state_->Screen.Text() : state_->Folder.Get("err");
     return outcome;
 }
 

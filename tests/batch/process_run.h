@@ -1,7 +1,5 @@
-// Running the real programs as a user does. POSIX only.
+// Running the real programs as a user does.
 #pragma once
-#include <sys/types.h>
-
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -17,8 +15,17 @@ struct Outcome {
     std::string Err;
 };
 
+#ifdef _WIN32
+inline constexpr const char* BatchName = "zirvo-batch.exe";
+inline constexpr const char* TemporaryVariable = "TMP";
+#else
+inline constexpr const char* BatchName = "zirvo-batch";
+inline constexpr const char* TemporaryVariable = "TMPDIR";  ///< of the environment: the folder for temporary files
+#endif
+
+/// What Windows lacks ends the test with an exception: another user, a terminal, a limit on memory, most signals.
 struct Surroundings {
-    std::string Program = ZIRVO_BIN "/zirvo-batch";
+    std::string Program = std::string(ZIRVO_BIN "/") + BatchName;
     std::string Folder{};           ///< current folder of the process
     std::string OutputFile{};       ///< takes standard output in place of Outcome::Out, for example /dev/full
     bool OrdinaryUser = false;      ///< root may write everywhere; this one may not
@@ -36,6 +43,8 @@ public:
     RunningProcess& operator=(const RunningProcess&) = delete;
 
     void Send(int signal) const;
+    /// As the system does it for somebody who has lost his patience: the program can do nothing more.
+    void Kill() const;
     bool HasEnded() const;
     /// What it has written on standard error by now.
     std::string ErrorsSoFar() const;
@@ -43,9 +52,8 @@ public:
     Outcome Wait();
 
 private:
-    struct Streams;
-    std::unique_ptr<Streams> streams_;
-    pid_t id_ = -1;
+    struct State;
+    std::unique_ptr<State> state_;
 };
 
 /// Runs the program to its end.

@@ -211,6 +211,9 @@ TEST_F(Solve, BadInputIsToldWithFileRowLineValueAndReason) {
 TEST_F(Solve, FilesThatCannotBeReadAreNamed) {
     EXPECT_EQ(Folder.Batch({"solve", "none.eva", "--units", "3"}).Err, "none.eva: the file does not exist\n");
     EXPECT_EQ(Folder.Batch({"solve", ".", "--units", "3"}).Err, ".: the file cannot be read\n");
+}
+
+TEST_F(Solve, APipeInPlaceOfAFileIsNamedAndNotWaitedFor) {
     ASSERT_EQ(mkfifo(Folder.Path("pipe.eva").c_str(), 0666), 0);  // nobody ever writes to it: no hang
     EXPECT_EQ(Folder.Batch({"solve", "pipe.eva", "--units", "3"}).Err, "pipe.eva: the file cannot be read\n");
 }

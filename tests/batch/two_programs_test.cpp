@@ -1,8 +1,5 @@
 // Two programs in one folder: the second waits for the first, and never reads the other's report.
 #include <gtest/gtest.h>
-#include <sys/prctl.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
 
 #include <csignal>
 #include <filesystem>
@@ -28,9 +25,7 @@ class TwoPrograms : public testing::Test {
 protected:
     const WorkFolder Folder;
 
-    Surroundings Here(const std::string& program = ZIRVO_BIN "/zirvo-batch") const {
-        return {.Program = program, .Folder = Folder.Path()};
-    }
+    Surroundings Here() const { return {.Folder = Folder.Path()}; }
     void WaitUntilItWaits(const RunningProcess& process) const {
         while (!process.HasEnded() && process.ErrorsSoFar().empty()) {
             std::this_thread::yield();
@@ -93,35 +88,6 @@ TEST_F(TwoPrograms, ManyAtOnceGiveTheReportsOfEachAlone) {
                     name.ends_with(".csv"))
             << name;
     }
-}
-
-// Its solver may still write what the second one would take for its own.
-TEST_F(TwoPrograms, TheFolderIsBusyUntilTheSolverOfAKilledProgramHasEnded) {
-    prctl(PR_SET_CHILD_SUBREAPER, 1);
-    Folder.PutSample("road.eva");
-    const WorkFolder programs;
-    std::filesystem::copy_file(ZIRVO_BIN "/zirvo-batch", programs.Path("zirvo-batch"));
-    ASSERT_EQ(mkfifo(programs.Path("go").c_str(), 0600), 0);
-    programs.Put("ZIRVO_SV12.EXE", "#!/bin/sh\n: > works\nread line < " + programs.Path("go") + "\n");
-    chmod(programs.Path("ZIRVO_SV12.EXE").c_str(), 0755);
-    RunningProcess first(ToAnalyze("road.eva"), Here(programs.Path("zirvo-batch")));
-    while (!first.HasEnded() && !Folder.Has("works")) {
-        std::this_thread::yield();
-    }
-    first.Send(SIGKILL);
-    EXPECT_EQ(first.Wait().Code, 128 + SIGKILL);
-    RunningProcess second(ToAnalyze("road.eva"), Here());
-    WaitUntilItWaits(second);
-    EXPECT_FALSE(second.HasEnded());
-    EXPECT_FALSE(Folder.Has("road.bre"));
-    programs.Put("go", "\n");  // the solver ends
-    const Outcome outcome = second.Wait();
-    EXPECT_EQ(outcome.Code, 0) << outcome.Err;
-    EXPECT_EQ(outcome.Err, std::string("road.eva: ") + Waiting);
-    while (waitpid(-1, nullptr, 0) > 0) {
-    }
-    prctl(PR_SET_CHILD_SUBREAPER, 0);
-    EXPECT_FALSE(Folder.Has(LockName));
 }
 
 TEST_F(TwoPrograms, ALockThatAKilledProgramHasLeftIsNoHindrance) {

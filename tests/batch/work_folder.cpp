@@ -26,10 +26,29 @@ std::string WorkFolder::PutSample(const std::string& name) const {
 std::vector<std::string> WorkFolder::Names() const {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(Path())) {
-        names.push_back(entry.path().filename().string());
+        names.push_back(NameOf(entry.path().filename()));
     }
     std::sort(names.begin(), names.end());
     return names;
+}
+
+std::string PutBatch(const std::string& folder) {
+    namespace fs = std::filesystem;
+    const fs::path to = Utf8Path(folder);
+    fs::copy_file(fs::path(ZIRVO_BIN) / BatchName, to / BatchName);
+#ifdef _WIN32
+    for (const fs::directory_entry& entry : fs::directory_iterator(ZIRVO_BIN)) {
+        if (entry.path().extension() == ".dll" || entry.path().filename() == "qt.conf") {
+            fs::copy_file(entry.path(), to / entry.path().filename());
+        }
+    }
+    fs::copy(fs::path(ZIRVO_BIN) / "plugins", to / "plugins", fs::copy_options::recursive);
+#endif
+    return folder + Slash + BatchName;
+}
+
+void PutWaitingSolver(const std::string& folder, const std::string& name) {
+    std::filesystem::copy_file(ZIRVO_WAITING_PROGRAM, Utf8Path(folder + "/" + name));
 }
 
 std::string SampleBytes(const std::string& name) {
@@ -42,7 +61,7 @@ std::vector<std::string> SampleNames() {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(ZIRVO_SAMPLES)) {
         if (entry.path().extension() == ".eva") {
-            names.push_back(entry.path().filename().string());
+            names.push_back(NameOf(entry.path().filename()));
         }
     }
     std::sort(names.begin(), names.end());

@@ -5,6 +5,7 @@
 
 #include "graphics/map_starts.h"
 #include "pavement/scripted_process.h"
+#include "platform/files.h"
 
 namespace zirvo {
 namespace {
@@ -137,7 +138,7 @@ TEST(Form6Run, WhileItRunsOnlyTheNoteShows) {
                       " 1 \r\n\r\nInput FileName\r\nZIRVO_SV.EVA\r\n");
         };
         screens.Start();
-        EXPECT_EQ(log, (Texts{"start programs/ZIRVO_SV22.exe", "open 41"}));
+        EXPECT_EQ(log, (Texts{"start " + JoinPath("programs", "ZIRVO_SV22.exe"), "open 41"}));
         EXPECT_EQ(screens.Desktop.Log, (Texts{"paint Form6", "discard", "end 1"}));
         EXPECT_EQ(FaultOf(screens), 53) << "there is no report, since nothing was solved";
         EXPECT_FALSE(form.Label24.Visible);

@@ -1,5 +1,6 @@
 // A folder of its own for a test that works on real files.
 #pragma once
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -9,6 +10,12 @@
 #include "platform/utf8_path.h"
 
 namespace zirvo {
+
+#ifdef _WIN32
+inline constexpr char Slash = '\\';
+#else
+inline constexpr char Slash = '/';
+#endif
 
 /// Made empty, and removed with all that is in it. Other users may enter and write, so that rights of files can be
 /// tested from under another user.
@@ -30,7 +37,13 @@ public:
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     const std::string& Path() const { return path_; }
-    std::string Path(const std::string& name) const { return path_ + "/" + name; }
+    std::string Path(const std::string& name) const {
+        std::string path = path_ + Slash + name;
+        if (Slash != '/') {  // as the program itself would put it
+            std::replace(path.begin(), path.end(), '/', Slash);
+        }
+        return path;
+    }
 
     /// Writes a file with these bytes, by other means than those under test; gives its path.
     std::string Put(const std::string& name, std::string_view bytes) const {

@@ -294,7 +294,7 @@ TEST_F(Screens, Form2ComesBackAsItWasLeftAndMayBeChanged) {
 
 TEST_F(Screens, FolderWithANameOutsideTheCodePageIsKeptFromRunToRun) {
     const std::string folder = Work.Path("Straße 層");
-    std::filesystem::create_directory(folder);
+    std::filesystem::create_directory(test::Utf8Path(folder));
     Form2& form = StartSettings();
     Desktop.Paths = {folder};
     form.Command1.UserClick();

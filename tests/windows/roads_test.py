@@ -13,7 +13,8 @@ import tempfile
 import unittest
 
 from display import Display
-from wine import in_wine, linux, main, prefix, server, windows
+from wine import in_wine, linux, main, windows
+from wine_server import prefix, server
 
 ANALYSIS, GRAPHICS = 1, 2
 

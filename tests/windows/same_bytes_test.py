@@ -4,6 +4,7 @@
 Called by ctest.
 """
 import concurrent.futures
+import itertools
 import os
 import pathlib
 import shutil
@@ -11,7 +12,7 @@ import subprocess
 import tempfile
 import unittest
 
-from wine import in_wine, linux, main, samples, server, temporary_folders, windows
+from wine import in_wine, linux, main, samples, temporary_folders, windows
 
 LINUX = [str(linux / "zirvo-batch")]
 WINDOWS = [str(in_wine), str(windows / "zirvo-batch.exe")]
@@ -32,17 +33,6 @@ def run(program, arguments, folder):
 
 def files_of(folder):
     return {path.name: path.read_bytes() for path in sorted(folder.iterdir())}
-
-
-def setUpModule():
-    # Most of the time of a short run is the start of wine's server and of what it starts in turn.
-    run([str(in_wine)], ["hostname"], samples)  # wine's folder is there from now on
-    server("-w")
-    server("-p60")
-
-
-def tearDownModule():
-    server("-k")
 
 
 class Case(unittest.TestCase):
@@ -90,10 +80,15 @@ class SameBytes(Case):
                        f"{sample} {units} {language}")
                       for sample in names("*.eva") for units in UNITS for language in LANGUAGES], least=5)
 
-    def test_maps_of_every_sample_as_bmp_in_all_units_and_languages(self):
-        self.compare([(sample, ["map", sample, "--units", units, "--language", language, "--section", "xz", "--position",
-                                "0", "--component", "EPSx", "-o", "map.bmp"], f"{sample} {units} {language}")
-                      for sample in names("*.ven") for units in UNITS for language in LANGUAGES], least=2)
+    # Units and languages change the words of a map and no more than the numbers beside them: each pair has one sample or
+    # two, each sample one pair.
+    def test_maps_of_every_sample_as_bmp_and_all_units_and_languages(self):
+        pairs = list(itertools.product(UNITS, LANGUAGES))
+        works = [(sample, ["map", sample, "--units", units, "--language", language, "--section", "xz", "--position", "0",
+                           "--component", "EPSx", "-o", "map.bmp"], f"{sample} {units} {language}")
+                 for sample, (units, language) in zip(names("*.ven"), itertools.cycle(pairs))]
+        self.assertGreaterEqual(len(works), len(pairs))
+        self.compare(works, least=2)
 
     def test_maps_of_every_sample_as_pdf_svg_and_png(self):
         self.compare([(sample, ["map", sample, "--units", "3", "--language", "ja", "--section", "xz", "--position", "10",

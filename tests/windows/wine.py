@@ -1,21 +1,13 @@
 """What the tests are called with: TEST LINUX_BIN WINDOWS_BIN IN_WINE SAMPLES [NAME...]."""
 import os
 import pathlib
-import subprocess
 import sys
 import unittest
 
+from wine_server import prefix
+
 linux, windows, in_wine, samples = (pathlib.Path(word).resolve() for word in sys.argv[1:5])
-prefix = pathlib.Path(os.environ.get("WINEPREFIX") or
-                      pathlib.Path(os.environ.get("XDG_CACHE_HOME") or pathlib.Path.home() / ".cache") / "zirvo/wine")
 SKIPPED = 77
-
-
-def server(option):
-    """wine's server, which by itself ends with its last program: -w waits for that, -p60 lets it stay for 60 s more, and
-    -k ends it. The folder of wine's files is for tests alone."""
-    subprocess.run(["wineserver", option], env={**os.environ, "WINEPREFIX": str(prefix)}, stdin=subprocess.DEVNULL,
-                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
 
 
 def temporary_folders():
