@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "batch/waiting_solver.h"
 #include "batch/work_folder.h"
 #include "platform/code_page.h"
 

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <thread>
 
+#include "batch/waiting_solver.h"
 #include "batch/work_folder.h"
 
 namespace zirvo::test {

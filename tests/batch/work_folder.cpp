@@ -47,10 +47,6 @@ std::string PutBatch(const std::string& folder) {
     return folder + Slash + BatchName;
 }
 
-void PutWaitingSolver(const std::string& folder, const std::string& name) {
-    std::filesystem::copy_file(ZIRVO_WAITING_PROGRAM, Utf8Path(folder + "/" + name));
-}
-
 std::string SampleBytes(const std::string& name) {
     std::ifstream file(std::string(ZIRVO_SAMPLES "/") + name, std::ios::binary);
     EXPECT_TRUE(file.is_open()) << name;

@@ -26,9 +26,6 @@ public:
 /// zirvo-batch in that folder, with what it cannot start without and without the solvers; gives its path.
 std::string PutBatch(const std::string& folder);
 
-/// A solver of that name beside it, which computes nothing (waiting_program.cpp).
-void PutWaitingSolver(const std::string& folder, const std::string& name);
-
 /// The bytes of a sample.
 std::string SampleBytes(const std::string& name);
 
