@@ -1,5 +1,5 @@
-// Stands for a solver that computes nothing and leaves no report: a file "works", which it holds open, tells that it runs,
-// and it ends as soon as there is a file "go". Both lie beside it.
+// Stands for a solver that computes nothing and leaves no report: a file "works", which it holds open, tells that it
+// runs, and it ends as soon as there is a file "go". Both lie beside it.
 #include <filesystem>
 #include <fstream>
 #include <thread>
