@@ -17,7 +17,8 @@ namespace {
 int MissingFault(const std::string& path) {
     const std::string folder = FolderOf(path);
     struct stat status {};
-    const bool folderThere = folder.empty() || (stat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode));
+    const bool folderThere = folder.empty() || (Uninterrupted([&] { return stat(folder.c_str(), &status); }) == 0 &&
+                                                S_ISDIR(status.st_mode));
     return folderThere ? fault::FileNotFound : fault::PathNotFound;
 }
 
@@ -62,6 +63,18 @@ void RequireUsablePath(const std::string& path) {
     if (path.find('\0') != std::string::npos) {
         RaiseFileFault(fault::BadFileName, path);
     }
+}
+
+Place PlaceOf(const std::string& path, int file) {
+    struct stat open {};
+    struct stat named {};
+    if (Uninterrupted([&] { return fstat(file, &open); }) != 0) {
+        return Place::Unknown;
+    }
+    if (Uninterrupted([&] { return lstat(path.c_str(), &named); }) != 0) {
+        return errno == ENOENT ? Place::Elsewhere : Place::Unknown;
+    }
+    return open.st_dev == named.st_dev && open.st_ino == named.st_ino ? Place::Here : Place::Elsewhere;
 }
 
 Descriptor::~Descriptor() {

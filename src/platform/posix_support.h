@@ -26,6 +26,10 @@ auto Uninterrupted(const Call& call) {
 /// Fault 52 for a path that holds a NUL: the system would cut it there and take another file.
 void RequireUsablePath(const std::string& path);
 
+/// Whether a path still leads to an open file: another program may have removed it, or put another one in its place.
+enum class Place { Here, Elsewhere, Unknown };
+Place PlaceOf(const std::string& path, int file);
+
 /// An open descriptor that is closed when it goes out of sight.
 class Descriptor {
 public:

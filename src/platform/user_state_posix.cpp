@@ -18,14 +18,6 @@ namespace {
 constexpr std::intptr_t None = -1;
 constexpr int MostTries = 100;
 
-/// Whether the path still leads to the open file: another program may have removed it before it was locked.
-bool IsAt(const std::string& path, int file) {
-    struct stat open {};
-    struct stat named {};
-    return fstat(file, &open) == 0 && stat(path.c_str(), &named) == 0 && open.st_dev == named.st_dev &&
-           open.st_ino == named.st_ino;
-}
-
 bool Lock(int file) {
     return Uninterrupted([&] { return flock(file, LOCK_EX | LOCK_NB); }) == 0;
 }
@@ -33,7 +25,7 @@ bool Lock(int file) {
 /// Lets go of a file that could not be locked. One that was made for it goes again: where a drive knows no locks they
 /// would gather.
 void LeaveUnlocked(const std::string& path, int file, bool made) {
-    if (made && IsAt(path, file)) {
+    if (made && PlaceOf(path, file) == Place::Here) {
         Uninterrupted([&] { return unlink(path.c_str()); });
     }
     close(file);
@@ -45,7 +37,7 @@ std::intptr_t LockedFile(const std::string& path, int flags) {
     if (file < 0) {
         return None;
     }
-    if (!Lock(file) || !IsAt(path, file)) {
+    if (!Lock(file) || PlaceOf(path, file) != Place::Here) {
         LeaveUnlocked(path, file, (flags & O_EXCL) != 0);
         return None;
     }
@@ -110,10 +102,16 @@ std::unique_ptr<FileLock> FileLock::OfAnyFile(const std::string& path, bool& hel
             LeaveUnlocked(path, file, made && !held);
             return nullptr;
         }
-        if (IsAt(path, file)) {
-            return std::unique_ptr<FileLock>(new FileLock(path, file));
+        switch (PlaceOf(path, file)) {
+            case Place::Here:
+                return std::unique_ptr<FileLock>(new FileLock(path, file));
+            case Place::Elsewhere:  // its owner has removed it in between
+                close(file);
+                break;
+            case Place::Unknown:
+                LeaveUnlocked(path, file, made);
+                return nullptr;
         }
-        close(file);  // its owner has removed it in between
     }
     held = true;
     return nullptr;

@@ -3,7 +3,8 @@
 // Steps           1. Links are followed, so that the temporary file lies beside the file itself and not beside a link.
 //                 2. An existing target is opened for writing, which tells whether the user may, and closed untouched.
 //                 3. The temporary file is written, brought to the disk if wanted, and closed: each of these can tell
-//                 of a full disk. It takes the owner and the permissions of the target.
+//                 of a full disk. It takes the owner and the permissions of the target, and is locked until step 4
+//                 is done; what killed programs have left in the folder goes (left_temporaries.h).
 //                 4. It is renamed over the target. On any failure before, it is deleted.
 // Special cases   a device or a pipe has no earlier file that could be lost, and must not be replaced by a file: it is
 //                 written straight.
@@ -23,6 +24,7 @@
 #include "platform/fault_subject.h"
 #include "platform/files.h"
 #include "platform/interruption.h"
+#include "platform/left_temporaries.h"
 #include "platform/posix_support.h"
 #include "platform/temporary_names.h"
 
@@ -69,12 +71,18 @@ public:
     /// @param target  whose name a fault shall tell, since the user knows no other
     /// @param name    a fixed one, or empty
     TemporaryFile(const std::string& target, const std::string& name) : target_(target) {
-        const NotInterrupted untilItIsNoted;
-        file_.Reset(name.empty() ? OpenNew() : OpenFixed(name));
-        if (!file_.IsOpen()) {
-            RaiseSystemFault(errno == ENOENT ? ENOTDIR : errno, target_);
+        {
+            const NotInterrupted untilItIsNoted;
+            file_.Reset(name.empty() ? OpenNew() : OpenFixed(name));
+            if (!file_.IsOpen()) {
+                RaiseSystemFault(errno == ENOENT ? ENOTDIR : errno, target_);
+            }
+            lies_ = true;
         }
-        lies_ = true;
+        if (name.empty()) {
+            HoldTemporary(file_.Number());
+            RemoveLeftTemporaries(FolderOf(target_), file_.Number());
+        }
     }
     ~TemporaryFile() {
         const NotInterrupted untilItIsGone;
@@ -85,10 +93,10 @@ public:
 
     void TakeOwnerAndPermissions(const struct stat& status) {
         // The owner can be set by root only; a file that becomes the user's own is as good.
-        if (fchown(file_.Number(), status.st_uid, status.st_gid) != 0) {
+        if (Uninterrupted([&] { return fchown(file_.Number(), status.st_uid, status.st_gid); }) != 0) {
             errno = 0;
         }
-        if (fchmod(file_.Number(), status.st_mode & PermissionBits) != 0) {
+        if (Uninterrupted([&] { return fchmod(file_.Number(), status.st_mode & PermissionBits); }) != 0) {
             RaiseSystemFault(errno, target_);
         }
     }
@@ -104,6 +112,8 @@ public:
             errno != ENOTSUP) {
             RaiseSystemFault(errno, target_);
         }
+        // The double keeps the lock: closing the file itself is what tells of a write that has failed.
+        const Descriptor held(Uninterrupted([&] { return fcntl(file_.Number(), F_DUPFD_CLOEXEC, 0); }));
         if (!file_.Close()) {
             RaiseSystemFault(errno, target_);
         }
@@ -172,7 +182,7 @@ public:
             RaiseFileFault(fault::PathAccess, path);
         }
         struct stat status {};
-        const bool exists = stat(path.c_str(), &status) == 0;
+        const bool exists = Uninterrupted([&] { return stat(path.c_str(), &status); }) == 0;
         if (exists && S_ISDIR(status.st_mode)) {
             RaiseFileFault(fault::PathAccess, path);
         }
