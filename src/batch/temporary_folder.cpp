@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "base/runtime_fault.h"
+#include "platform/ask_again.h"
 #include "platform/files.h"
 
 namespace zirvo::batch {
@@ -16,7 +17,12 @@ namespace {
 constexpr int MostTries = 100;
 
 std::filesystem::path MakeFreshFolder() {
-    const std::filesystem::path parent = std::filesystem::temp_directory_path();
+    std::error_code missing;
+    const std::filesystem::path parent =
+        AskAgain([](std::error_code& code) { return std::filesystem::temp_directory_path(code); }, missing);
+    if (missing) {
+        throw std::filesystem::filesystem_error("", missing);
+    }
     std::random_device random;
     for (int tries = 0; tries < MostTries; ++tries) {
         std::filesystem::path folder = parent / ("zirvo-" + std::to_string(random()) + "-" + std::to_string(random()));
@@ -29,6 +35,18 @@ std::filesystem::path MakeFreshFolder() {
         }
     }
     throw RuntimeFault(fault::FileAlreadyExists);
+}
+
+/// For this user alone.
+void MakePrivate(const std::filesystem::path& folder) {
+    std::error_code error;
+    const auto set = [&](std::error_code& code) {
+        std::filesystem::permissions(folder, std::filesystem::perms::owner_all, code);
+        return !code;
+    };
+    if (!AskAgain(set, error)) {
+        throw std::filesystem::filesystem_error("", folder, error);
+    }
 }
 
 /// Windows takes a folder for being used until the last of a process is gone that worked in it, which may be a moment
@@ -59,7 +77,7 @@ TemporaryFolder::TemporaryFolder() : earlier_(CurrentFolder()) {
         folder_ = MakeFreshFolder();
     }
     try {
-        std::filesystem::permissions(folder_, std::filesystem::perms::owner_all);
+        MakePrivate(folder_);
         ChangeFolder(Utf8Of(folder_));
     } catch (...) {
         const NotInterrupted untilItIsGone;

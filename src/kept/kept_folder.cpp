@@ -77,7 +77,7 @@ KeptFolder::~KeptFolder() {
 /// another program between its making and its locking, and be removed as one that nobody needs: then the next name is
 /// tried.
 bool KeptFolder::OpenOwn() {
-    if (lock_ != nullptr && WrittenAt(JoinPath(own_, LockName))) {
+    if (lock_ != nullptr && !IsGone(JoinPath(own_, LockName))) {
         return true;
     }
     lock_.reset();
@@ -106,7 +106,7 @@ bool KeptFolder::Write(const KeptScreen& screen) {
             return false;
         }
         const std::string file = Own(screen.Screen) + LastEnd;
-        if (another_.erase(screen.Screen) != 0 && WrittenAt(file)) {
+        if (another_.erase(screen.Screen) != 0) {
             MoveOver(file, Own(screen.Screen) + BeforeEnd);
         }
         WriteWholeFile(file, KeptJson(screen));
@@ -149,7 +149,7 @@ void KeptFolder::AddCandidates(const std::string& run, const std::string& screen
         const std::string lock = JoinPath(run, LockName);
         owner = WrittenAt(lock) ? FileLock::OfFile(lock) : nullptr;
         if (owner == nullptr) {
-            if (!WrittenAt(run)) {   // no file that somebody has put here
+            if (IsFolder(run)) {     // and no file that somebody has put here
                 RemoveIfThere(run);  // goes only if it is empty: killed before it had a lock
             }
             return;
@@ -229,7 +229,7 @@ void KeptFolder::Decline(const KeptOffer& offer) {
     } else {
         const std::string base = JoinPath(FolderOf(offer.File), offer.Data.Screen);
         int number = 1;
-        while (number < MostDeclined && WrittenAt(base + DeclinedEndOf(number))) {
+        while (number < MostDeclined && !IsGone(base + DeclinedEndOf(number))) {
             ++number;
         }
         MoveOver(offer.File, base + DeclinedEndOf(number));

@@ -20,15 +20,16 @@ namespace {
 struct stat StatusOf(const std::string& path) {
     RequireUsablePath(path);
     struct stat status {};
-    if (stat(path.c_str(), &status) != 0) {
+    if (Uninterrupted([&] { return stat(path.c_str(), &status); }) != 0) {
         RaiseSystemFault(errno, path);
     }
     return status;
 }
 
-bool SomethingIsAt(const std::string& path) {
+/// The errno of a look at what stands there, be it a link; 0 where something does.
+int ErrorOfLook(const std::string& path) {
     struct stat status {};
-    return lstat(path.c_str(), &status) == 0;
+    return Uninterrupted([&] { return lstat(path.c_str(), &status); }) == 0 ? 0 : errno;
 }
 
 void RequireReadableLength(std::uint64_t length, const std::string& path) {
@@ -48,15 +49,19 @@ int RenameWithoutReplacing(const std::string& from, const std::string& to) {
     }
 #endif
     // A file system that cannot promise it: the look before the rename is all there is.
-    if (SomethingIsAt(to)) {
-        return EEXIST;
+    if (const int error = ErrorOfLook(from); error != 0) {
+        return error;
+    }
+    if (const int error = ErrorOfLook(to); error != ENOENT) {
+        return error == 0 ? EEXIST : error;
     }
     return Uninterrupted([&] { return rename(from.c_str(), to.c_str()); }) == 0 ? 0 : errno;
 }
 
 std::string FolderOfTheSystem() {
     std::array<char, PATH_MAX> folder{};
-    if (getcwd(folder.data(), folder.size()) == nullptr) {
+    const auto ask = [&] { return getcwd(folder.data(), folder.size()) == nullptr ? -1 : 0; };
+    if (Uninterrupted(ask) != 0) {
         RaiseSystemFault(errno == ENOENT ? ENOTDIR : errno, "");
     }
     return folder.data();
@@ -81,7 +86,7 @@ std::uint64_t FileLength(const std::string& path) {
 
 FileAttributes AttributesOf(const std::string& path) {
     const struct stat status = StatusOf(path);
-    const bool writable = faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+    const bool writable = Uninterrupted([&] { return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS); }) == 0;
     return {.Directory = S_ISDIR(status.st_mode), .ReadOnly = !writable};
 }
 
@@ -93,7 +98,7 @@ std::string ReadFileBytes(const std::string& path) {
         RaiseSystemFault(errno, path);
     }
     struct stat status {};
-    if (fstat(file.Number(), &status) != 0) {
+    if (Uninterrupted([&] { return fstat(file.Number(), &status); }) != 0) {
         RaiseSystemFault(errno, path);
     }
     if (!S_ISREG(status.st_mode)) {  // a folder, or a device without an end
@@ -126,12 +131,11 @@ void RenameFile(const std::string& from, const std::string& to) {
     const NotInterrupted whole;
     RequireUsablePath(from);
     RequireUsablePath(to);
-    struct stat status {};
-    if (lstat(from.c_str(), &status) != 0) {
-        RaiseSystemFault(errno, from);
-    }
     if (const int error = RenameWithoutReplacing(from, to); error != 0) {
-        // Missing is the folder of the one, or the other since it was looked at.
+        if (const int first = ErrorOfLook(from); first != 0) {
+            RaiseSystemFault(first, from);
+        }
+        // Missing is the folder of the one, or the other before it was looked at.
         const bool gone = error == ENOENT && SystemFaultOf(error, to) == fault::FileNotFound;
         RaiseSystemFault(error, gone ? from : to);
     }
@@ -140,14 +144,7 @@ void RenameFile(const std::string& from, const std::string& to) {
 void RemoveFile(const std::string& path) {
     const NotInterrupted whole;
     RequireUsablePath(path);
-    struct stat status {};
-    if (lstat(path.c_str(), &status) != 0) {
-        RaiseSystemFault(errno, path);
-    }
-    if (S_ISDIR(status.st_mode)) {
-        RaiseFileFault(fault::PathAccess, path);
-    }
-    if (Uninterrupted([&] { return unlink(path.c_str()); }) != 0) {
+    if (Uninterrupted([&] { return unlink(path.c_str()); }) != 0) {  // a folder is EISDIR or EPERM
         RaiseSystemFault(errno, path);
     }
 }
@@ -160,7 +157,7 @@ void ChangeFolder(const std::string& path) {
     RequireUsablePath(path);
     const bool absolute = !path.empty() && path.front() == '/';
     const std::string text = absolute ? path : JoinPath(CurrentFolder(), path);
-    if (chdir(path.c_str()) != 0) {
+    if (Uninterrupted([&] { return chdir(path.c_str()); }) != 0) {
         const int number = SystemFaultOf(errno == ENOENT ? ENOTDIR : errno, path);
         throw RuntimeFault(number, AboutPath(FaultMatter::Folder, path));
     }

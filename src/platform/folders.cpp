@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "platform/ask_again.h"
+
 namespace zirvo {
 namespace {
 
@@ -28,13 +30,35 @@ bool Succeeds(const Call& call) {
     }
 }
 
+/// Does it again while a signal interrupts it. Gives whether it went through.
+template <class Act>
+bool Again(const Act& act) {
+    std::error_code error;
+    const auto done = [&](std::error_code& code) {
+        act(code);
+        return !code;
+    };
+    return AskAgain(done, error);
+}
+
+/// What stands there; file_type::none where it cannot be known.
+fs::file_type TypeOf(const std::string& path) {
+    fs::file_type type = fs::file_type::none;
+    Succeeds([&] {
+        const fs::path file = PathOf(path);
+        std::error_code error;
+        type = AskAgain([&](std::error_code& code) { return fs::status(file, code).type(); }, error);
+        return true;
+    });
+    return type;
+}
+
 }  // namespace
 
 bool MakePrivateFolders(const std::string& path) {
     return Succeeds([&] {
         const fs::path folder = PathOf(path);
-        std::error_code error;
-        if (fs::is_directory(folder, error)) {
+        if (IsFolder(path)) {
             return true;
         }
         const fs::path above = folder.parent_path();
@@ -46,49 +70,47 @@ bool MakeNewFolder(const std::string& path) {
     return Succeeds([&] {
         const fs::path folder = PathOf(path);
         std::error_code error;
-        bool made = false;
-        do {
-            made = fs::create_directory(folder, error);
-        } while (error == std::errc::interrupted);
-        if (!made || error) {
+        if (!AskAgain([&](std::error_code& code) { return fs::create_directory(folder, code); }, error)) {
             return false;
         }
-        fs::permissions(folder, fs::perms::owner_all, error);
+        Again([&](std::error_code& code) { fs::permissions(folder, fs::perms::owner_all, code); });
         return true;
     });
 }
 
+bool IsFolder(const std::string& path) {
+    return TypeOf(path) == fs::file_type::directory;
+}
+
+bool IsGone(const std::string& path) {
+    return TypeOf(path) == fs::file_type::not_found;
+}
+
 std::vector<std::string> NamesIn(const std::string& folder) {
     std::vector<std::string> names;
-    Succeeds([&] {
-        std::error_code error;
-        for (fs::directory_iterator entry(PathOf(folder), error), end; !error && entry != end; entry.increment(error)) {
-            names.push_back(TextOf(entry->path().filename()));
-        }
-        return true;
+    const bool all = Succeeds([&] {
+        return Again([&](std::error_code& error) {
+            names.clear();
+            for (fs::directory_iterator entry(PathOf(folder), error), end; !error && entry != end;
+                 entry.increment(error)) {
+                names.push_back(TextOf(entry->path().filename()));
+            }
+        });
     });
+    if (!all) {
+        names.clear();
+    }
     std::sort(names.begin(), names.end());
     return names;
 }
 
 bool MoveOver(const std::string& from, const std::string& to) {
-    return Succeeds([&] {
-        std::error_code error;
-        do {
-            fs::rename(PathOf(from), PathOf(to), error);
-        } while (error == std::errc::interrupted);
-        return !error;
-    });
+    return Succeeds(
+        [&] { return Again([&](std::error_code& error) { fs::rename(PathOf(from), PathOf(to), error); }); });
 }
 
 bool RemoveIfThere(const std::string& path) {
-    return Succeeds([&] {
-        std::error_code error;
-        do {
-            fs::remove(PathOf(path), error);
-        } while (error == std::errc::interrupted);
-        return !error;
-    });
+    return Succeeds([&] { return Again([&](std::error_code& error) { fs::remove(PathOf(path), error); }); });
 }
 
 std::optional<std::int64_t> WrittenAt(const std::string& path) {
@@ -96,8 +118,8 @@ std::optional<std::int64_t> WrittenAt(const std::string& path) {
     Succeeds([&] {
         std::error_code error;
         const fs::path file = PathOf(path);
-        const auto written = fs::last_write_time(file, error);
-        if (!error && fs::is_regular_file(file, error)) {
+        const auto written = AskAgain([&](std::error_code& code) { return fs::last_write_time(file, code); }, error);
+        if (!error && TypeOf(path) == fs::file_type::regular) {
             time = written.time_since_epoch().count();
         }
         return true;

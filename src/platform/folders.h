@@ -21,7 +21,13 @@ bool MakePrivateFolders(const std::string& path);
 /// be made.
 bool MakeNewFolder(const std::string& path);
 
-/// Names of all that lies in a folder, sorted; none where it cannot be read.
+/// Whether a folder is known to be there.
+bool IsFolder(const std::string& path);
+
+/// Whether nothing is known to be there. False where it cannot be looked at.
+bool IsGone(const std::string& path);
+
+/// Names of all that lies in a folder, sorted; none where it cannot be read to its end.
 std::vector<std::string> NamesIn(const std::string& folder);
 
 /// Renames a file over another one, which is replaced as a whole or not at all. Gives whether it went through.

@@ -30,6 +30,12 @@ void HearOfFailure(void* /*nothing*/, int code, const char* /*text*/) {
     }
 }
 
+/// Asked once behind a failure. Where SQLite has told of nothing it may still know the system's error.
+bool WasInterrupted(sqlite3* handle) {
+    return std::exchange(InterruptedOnThisThread(), false) ||
+           (handle != nullptr && sqlite3_system_errno(handle) == EINTR);
+}
+
 void HearOfFailures() {
     static const int once = sqlite3_config(SQLITE_CONFIG_LOG, HearOfFailure, nullptr);
     static_cast<void>(once);  // where it cannot be heard of an interrupted call is told like any other
@@ -44,8 +50,13 @@ Database::Database(const std::string& path, Mode mode, const std::string& told)
     const int flags = access | SQLITE_OPEN_NOMUTEX;  // each is used by one thread
     if (sqlite3_open_v2(PlainName(path).c_str(), &handle_, flags, nullptr) != SQLITE_OK) {
         const std::string reason = handle_ != nullptr ? sqlite3_errmsg(handle_) : "there is not enough memory";
+        const bool interrupted = WasInterrupted(handle_);
         sqlite3_close(handle_);
-        throw FileError{told_, 0, "cannot be opened: " + reason};
+        const FileError failure{told_, 0, "cannot be opened: " + reason};
+        if (interrupted) {
+            throw InterruptedCall{failure};
+        }
+        throw failure;
     }
     const char* const name = sqlite3_db_filename(handle_, "main");
     real_ = name == nullptr || *name == '\0' ? path_ : name;
@@ -82,7 +93,7 @@ void Database::CloseWhole() {
 void Database::Fail() const {
     const int code = sqlite3_errcode(handle_);
     const std::string reason = sqlite3_errmsg(handle_);
-    if (std::exchange(InterruptedOnThisThread(), false) && (code == SQLITE_IOERR || code == SQLITE_CANTOPEN)) {
+    if (WasInterrupted(handle_) && (code == SQLITE_IOERR || code == SQLITE_CANTOPEN)) {
         throw InterruptedCall{{told_, 0, reason}};
     }
     switch (code) {

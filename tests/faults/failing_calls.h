@@ -1,10 +1,12 @@
 // One call to the system that fails, chosen by its number: the first, the second, and so on until none is left.
 //
-// How it works    failing_calls.cpp defines open, write, rename and the like itself. A test program that links it calls
-//                 these in place of the system's, the standard library included; so does a real program into which it
-//                 is loaded before all others. The programs themselves know nothing of it and are what users get.
-// What counts     Calls about files in the folders of the test, starts of programs and waits for them, from the moment
-//                 when a FailingCall is made, or in a real program from its beginning.
+// How it works    failing_functions.cpp and failing_looks.cpp define open, stat, write, rename and the like themselves.
+//                 A test program that links them calls these in place of the system's, the standard library included;
+//                 so does a real program into which they are loaded before all others. The programs themselves know
+//                 nothing of it and are what users get.
+// What counts     Calls about files in the folders of the test, starts of programs and threads and waits for programs,
+//                 from the moment when a FailingCall is made, or in a real program from its beginning. What only looks
+//                 at something is no moment to be killed at.
 #pragma once
 #include <array>
 #include <string>
@@ -48,6 +50,9 @@ public:
     /// So many calls have been made since then.
     static int Calls();
 };
+
+/// Whether a call that has failed, as Failed() gives it, would only have looked at something.
+bool OnlyLooks(const std::string& call);
 
 /// The variables of the environment with which a real program has a call that fails.
 /// @param folders  each of them and all below it is what counts

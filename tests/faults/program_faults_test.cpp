@@ -31,8 +31,10 @@ protected:
 
     /// The folder as it was before the run.
     void Prepare(const Work& work) const {
-        for (const std::string& name : Folder.Names()) {
-            std::filesystem::remove_all(Folder.Path(name));
+        for (const WorkFolder* folder : {&Folder, &Temporary}) {
+            for (const std::string& name : folder->Names()) {
+                std::filesystem::remove_all(folder->Path(name));
+            }
         }
         for (const auto& [name, bytes] : work.Input) {
             Folder.Put(name, bytes);
@@ -88,6 +90,9 @@ protected:
                     ++failed;
                     Judge(work, whole, trouble, outcome);
                     GoOn(work, whole, final);
+                }
+                if (!all && OnlyLooks(Logs.Get("failed"))) {  // one way each, another one at the next
+                    break;
                 }
             }
             if (failed == before) {
@@ -153,7 +158,8 @@ protected:
             const std::string found = Folder.Get(name);
             EXPECT_TRUE(found == bytes || (!done && IsWhole(work, name, found, bytes))) << name << ":\n" << found;
         }
-        ExpectNoTemporary(work, failed);
+        ExpectNoTemporary(work, trouble, failed);
+        EXPECT_TRUE(trouble == Trouble::Gone || outcome.Err.find("does not exist") == std::string::npos);
         if (!done) {
             EXPECT_TRUE(Names(work, failed, outcome.Err));
         }
@@ -173,7 +179,7 @@ protected:
         return report && (found == "<missing>" || found == whole.substr(whole.find('\n') + 1));
     }
 
-    void ExpectNoTemporary(const Work& work, const std::string& failed) const {
+    void ExpectNoTemporary(const Work& work, Trouble trouble, const std::string& failed) const {
         const std::set<std::string> expected = Known(work);
         const auto belongsToAMemory = [&](const std::string& name) {
             return std::any_of(expected.begin(), expected.end(), [&](const std::string& memory) {
@@ -186,12 +192,25 @@ protected:
                 failed == "remove " + Folder.Path(name) || (name == "Initial_File" && failed.starts_with("start "));
             EXPECT_TRUE(told || expected.contains(name) || belongsToAMemory(name)) << name;
         }
-        EXPECT_EQ(Temporary.Names(), std::vector<std::string>{});
+        for (const std::string& name : Temporary.Names()) {
+            // What is said to be gone is not removed, and Qt tries but once to make a folder of its own, and to remove
+            // it.
+            const bool ofQt = failed.find(Temporary.Path("qt_temp-")) != std::string::npos;
+            EXPECT_TRUE((trouble == Trouble::Gone && failed.find(Temporary.Path(name)) != std::string::npos) ||
+                        (ofQt && (name.starts_with("qt_temp-") || name.starts_with("runtime-"))))
+                << name;
+        }
     }
 
     /// Whether the message names the file, folder or program of the call that failed, as the user knows it.
     bool Names(const Work& work, const std::string& failed, const std::string& message) const {
         const auto has = [&](const std::string& name) { return message.find(name) != std::string::npos; };
+        // So the rules have it: a report that cannot be looked at is one that is missing.
+        const bool uncompleted = failed.starts_with("stat ") && has("ANALYSIS UNCOMPLETED");
+        const bool parts = failed.starts_with("list ") && has(".part-1-of-N.sqlite: its folder");
+        if (uncompleted || parts) {
+            return true;
+        }
         if (failed.find(Temporary.Path()) != std::string::npos) {  // what lay there is gone: the input tells more
             return has(work.Input.begin()->first);
         }
@@ -209,7 +228,7 @@ protected:
                 return true;
             }
             // What lies beside a file for a while bears its name with more behind it; a folder is brought to the disk.
-            const bool folder = path == Folder.Path() && !work.Memories.empty();
+            const bool folder = path == Folder.Path();
             if (std::any_of(known.begin(), known.end(),
                             [&](const std::string& file) { return (folder || name.starts_with(file)) && has(file); })) {
                 return true;

@@ -82,7 +82,7 @@ Work StudyWork() {
             .Results = {"r.csv", "r_bad.csv"},
             .Memories = {"r.sqlite"},
             .FinalFiles = {"r.sqlite"},
-            .CallsApart = 3,
+            .CallsApart = 6,
             .TroublesOfEach = 1};
 }
 
@@ -93,7 +93,7 @@ Work PartWork() {
             .Memories = {FirstPart},
             .LineBehind = {"study", "s.toml", "-o", "p", "--merge"},
             .FinalFiles = {"p.sqlite", "p.csv", "p_bad.csv"},
-            .CallsApart = 3,
+            .CallsApart = 6,
             .TroublesOfEach = 1};
 }
 
@@ -103,7 +103,7 @@ Work MergeWork() {
             .Results = {"p.csv", "p_bad.csv"},
             .Memories = {"p.sqlite"},
             .FinalFiles = {"p.sqlite"},
-            .CallsApart = 3,
+            .CallsApart = 6,
             .TroublesOfEach = 1};
 }
 

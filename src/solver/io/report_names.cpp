@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/ask_again.h"
 #include "platform/files.h"
 #include "solver/io/control_file.h"
 
@@ -15,8 +16,13 @@ std::filesystem::path PathOf(const std::string& name) {
     return std::filesystem::path(std::u8string(name.begin(), name.end()));
 }
 
+/// What stands there; file_type::none where it cannot be known.
+std::filesystem::file_type TypeOf(const std::string& name) {
+    std::error_code error;
+    return AskAgain([&](std::error_code& code) { return std::filesystem::status(PathOf(name), code).type(); }, error);
+}
+
 Word JudgeName(const std::string& name, const std::string& inputName) {
-    std::error_code ignored;
     if (name.empty()) {
         return Word::NameEmpty;
     }
@@ -26,7 +32,7 @@ Word JudgeName(const std::string& name, const std::string& inputName) {
     if (FileNameOf(name) != name) {
         return Word::NameHasFolder;
     }
-    if (name == "." || name == ".." || std::filesystem::is_directory(PathOf(name), ignored)) {
+    if (name == "." || name == ".." || TypeOf(name) == std::filesystem::file_type::directory) {
         return Word::NameIsFolder;
     }
     if (IsSameFile(name, inputName) || IsSameFile(name, ControlFileName)) {
@@ -39,12 +45,16 @@ Word JudgeName(const std::string& name, const std::string& inputName) {
 
 bool IsSameFile(const std::string& a, const std::string& b) {
     std::error_code missing;
-    return a == b || (std::filesystem::equivalent(PathOf(a), PathOf(b), missing) && !missing);
+    const auto same = [&](std::error_code& error) { return std::filesystem::equivalent(PathOf(a), PathOf(b), error); };
+    return a == b || (AskAgain(same, missing) && !missing);
 }
 
-bool IsPlainFile(const std::string& path) {
-    std::error_code missing;
-    return std::filesystem::is_regular_file(PathOf(path), missing);
+Word ReasonAgainstReading(const std::string& path) {
+    const std::filesystem::file_type type = TypeOf(path);
+    if (type == std::filesystem::file_type::not_found) {
+        return Word::FileMissing;
+    }
+    return type == std::filesystem::file_type::regular ? Word::None : Word::FileUnreadable;
 }
 
 InputError JudgeReportNames(std::span<const std::string> names, const std::string& inputName) {

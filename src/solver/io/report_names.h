@@ -11,8 +11,9 @@ namespace zirvo::solver {
 /// True if both names stand for one existing file, or are the same text.
 bool IsSameFile(const std::string& a, const std::string& b);
 
-/// True if the path is a file that can be read, not a folder or a device.
-bool IsPlainFile(const std::string& path);
+/// Why a path cannot be read: nothing is there, or it cannot be looked at, or it is a folder or a pipe that might never
+/// end. None for a plain file.
+Word ReasonAgainstReading(const std::string& path);
 
 /// Judges the names that the input gives for its reports, in the current folder: not empty, no folder in it, no folder
 /// itself, neither the input nor the control file, not the same twice. Nothing is changed.

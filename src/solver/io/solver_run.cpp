@@ -9,7 +9,6 @@
 
 #include <array>
 #include <exception>
-#include <filesystem>
 #include <fstream>
 #include <new>
 #include <span>
@@ -58,13 +57,8 @@ InputError WithReason(Word reason, std::vector<std::string> arguments = {}) {
 
 /// Opens a plain file; why it cannot be read, or None.
 Word OpenForReading(const std::string& name, std::ifstream& file) {
-    const std::filesystem::path path(std::u8string(name.begin(), name.end()));
-    std::error_code ignored;
-    if (!std::filesystem::exists(path, ignored)) {
-        return Word::FileMissing;
-    }
-    if (!IsPlainFile(name)) {  // a folder, or a pipe that might never end
-        return Word::FileUnreadable;
+    if (const Word reason = ReasonAgainstReading(name); reason != Word::None) {
+        return reason;
     }
     return OpenStream(name, file) ? Word::None : Word::FileUnreadable;
 }
