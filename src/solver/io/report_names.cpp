@@ -17,12 +17,12 @@ std::filesystem::path PathOf(const std::string& name) {
 }
 
 /// What stands there; file_type::none where it cannot be known.
-std::filesystem::file_type TypeOf(const std::string& name) {
-    std::error_code error;
+std::filesystem::file_type TypeOf(const std::string& name, std::error_code& error) {
     return AskAgain([&](std::error_code& code) { return std::filesystem::status(PathOf(name), code).type(); }, error);
 }
 
 Word JudgeName(const std::string& name, const std::string& inputName) {
+    std::error_code ignored;
     if (name.empty()) {
         return Word::NameEmpty;
     }
@@ -32,7 +32,7 @@ Word JudgeName(const std::string& name, const std::string& inputName) {
     if (FileNameOf(name) != name) {
         return Word::NameHasFolder;
     }
-    if (name == "." || name == ".." || TypeOf(name) == std::filesystem::file_type::directory) {
+    if (name == "." || name == ".." || TypeOf(name, ignored) == std::filesystem::file_type::directory) {
         return Word::NameIsFolder;
     }
     if (IsSameFile(name, inputName) || IsSameFile(name, ControlFileName)) {
@@ -50,8 +50,11 @@ bool IsSameFile(const std::string& a, const std::string& b) {
 }
 
 Word ReasonAgainstReading(const std::string& path) {
-    const std::filesystem::file_type type = TypeOf(path);
-    if (type == std::filesystem::file_type::not_found) {
+    std::error_code error;
+    const std::filesystem::file_type type = TypeOf(path, error);
+    // Nothing can be there under what the system takes for no name.
+    const bool noName = error == std::errc::filename_too_long || error == std::errc::invalid_argument;
+    if (type == std::filesystem::file_type::not_found || noName) {
         return Word::FileMissing;
     }
     return type == std::filesystem::file_type::regular ? Word::None : Word::FileUnreadable;
