@@ -42,6 +42,13 @@ void Limit(benchmark::State& state) {
 void HarshLimit(benchmark::State& state) {
     Run(state, zirvo::bench::HarshLimitWork(), 2);
 }
+// Of any legal pavement 100 points take 2 s at most, and the limit 5 s.
+void Films(benchmark::State& state) {
+    Run(state, zirvo::bench::FilmsWork(static_cast<double>(state.range(0)) / 10), 2);
+}
+void HarshFilms(benchmark::State& state) {
+    Run(state, zirvo::bench::HarshFilmsWork(), 2);
+}
 void Scattered(benchmark::State& state) {
     Run(state, zirvo::bench::ScatteredWork(), 1);
 }
@@ -69,6 +76,8 @@ BENCHMARK(Gear)->Unit(benchmark::kMillisecond);
 BENCHMARK(GearOnThreads)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(Limit)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(HarshLimit)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
+BENCHMARK(Films)->Arg(0)->Arg(5)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
+BENCHMARK(HarshFilms)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
 BENCHMARK(Scattered)->Unit(benchmark::kMillisecond);
 BENCHMARK(Layers)->Arg(2)->Arg(5)->Arg(20)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(LayersWithSlip)->Arg(2)->Arg(5)->Arg(20)->Arg(100)->Unit(benchmark::kMillisecond);

@@ -126,6 +126,39 @@ solver::Problem HarshLimitWork() {
     return problem;
 }
 
+solver::Problem FilmsWork(double slip) {
+    solver::Problem problem;
+    std::mt19937 random(20261122);
+    std::uniform_real_distribution<double> share(0, 1);
+    std::uniform_real_distribution<double> plane(-290, 290);
+    double bottom = 0;
+    for (int i = 0; i < 99; ++i) {
+        const bool film = i % 2 == 1;
+        const double modulus = film ? 1e-3 * (1 + share(random)) : 1e5 * (1 - 0.5 * share(random));
+        problem.Layers.push_back({modulus, film ? 0.5 : 0.35, film ? 0.2 : 2.0, i % 3 == 2 ? slip : 0});
+        bottom += problem.Layers.back().Thickness;
+    }
+    problem.Layers.push_back({50, 0.35, 0, 0});
+    for (int i = 0; i < 100; ++i) {
+        problem.Loads.push_back(
+            {250, 8 + 0.1 * i, -300 + 600 * (i % 10) / 9.0, -300 + 600 * (i / 10) / 9.0, 50, 3.6 * i});
+    }
+    for (int i = 0; i < 100; ++i) {
+        const double x = plane(random);
+        const double y = plane(random);
+        AddPoint(problem, x, y, bottom * share(random));
+    }
+    return problem;
+}
+
+solver::Problem HarshFilmsWork() {
+    solver::Problem problem = HarshLimitWork();
+    for (std::size_t i = 0; i + 1 < problem.Layers.size(); ++i) {
+        problem.Layers[i].Modulus = i % 2 == 1 ? 1e-3 : 1e5;
+    }
+    return problem;
+}
+
 solver::Problem ScaledWork(int layers, int loads, int points, int depths, double slip) {
     solver::Problem problem;
     for (int i = 0; i + 1 < layers; ++i) {

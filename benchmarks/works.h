@@ -26,6 +26,15 @@ solver::Problem LimitWork();
 /// The limit where nothing can be shared: a radius for each load, a place and a depth for each point.
 solver::Problem HarshLimitWork();
 
+/// A hundred layers, every second one a film 1E8 times as soft as the others, 100 braking wheels with a radius each,
+/// and 100 points anywhere: kernels in two parts, with nothing to be shared but what loads of many radii have in
+/// common.
+/// @param slip  below every third layer
+solver::Problem FilmsWork(double slip);
+
+/// The harsh limit with such films.
+solver::Problem HarshFilmsWork();
+
 /// A pavement of `layers` layers, `loads` wheels and `points` points at `depths` depths; slip below every second layer
 /// if wanted. Places are scattered with a fixed seed.
 solver::Problem ScaledWork(int layers, int loads, int points, int depths, double slip);

@@ -43,49 +43,51 @@ void LevelSum::MakeMixedKernels(bool vertical, bool horizontal, int nodes) {
         mixedDeepest_ = std::max(mixedDeepest_, deepest);
     }
     std::fill(rounding_.begin(), rounding_.end(), 0.0);
-    std::vector<double>& missed = scratch_.Missed;  // of a kind: at each node, and its least size for any radius
     for (int d = 0; d < sources_; ++d) {
         for (int kind = vertical ? 0 : 2; kind < (horizontal ? Kinds : 2); ++kind) {
-            missed.assign(NodeBlock, 0);
-            std::vector<double> least(NodeBlock, HUGE_VAL);
-            for (std::size_t i = 0; i < radii; ++i) {
-                double size[NodeBlock] = {};
-                for (int row = 0; row < RowCount; ++row) {
-                    const double* at =
-                        scratch_.Mixed.data() + i * numbers + static_cast<std::size_t>(d * RowCount + row) * NodeBlock;
-                    for (int k = 0; RowKind[row] == kind && k < nodes; ++k) {
-                        size[k] = std::max(size[k], std::fabs(at[k]));
-                    }
-                }
-                for (int k = 0; k < nodes; ++k) {
-                    least[static_cast<std::size_t>(k)] = std::min(least[static_cast<std::size_t>(k)], size[k]);
-                }
-            }
-            for (int row = 0; row < RowCount; ++row) {
-                if (RowKind[row] != kind) {
-                    continue;
-                }
-                double high[2][NodeBlock] = {};
-                for (std::size_t i = 0; i < radii; ++i) {
-                    const double* at =
-                        scratch_.Mixed.data() + i * numbers + static_cast<std::size_t>(d * RowCount + row) * NodeBlock;
-                    for (int k = 0; k < nodes; ++k) {
-                        high[0][k] += springs_.Tails[i] * at[k];
-                        high[1][k] += springs_.Tails[MostMixed + i] * at[k];
-                    }
-                }
-                for (int k = 0; k < nodes; ++k) {
-                    double& worst = missed[static_cast<std::size_t>(k)];
-                    worst = std::max(worst, TailShare * (std::fabs(high[0][k]) + std::fabs(high[1][k])));
-                }
-            }
-            for (int k = 0; k < nodes; ++k) {
-                const double size = least[static_cast<std::size_t>(k)];
-                double& share = rounding_[static_cast<std::size_t>((k / Segment * sources_ + d) * Kinds + kind)];
-                // Where the field does not reach there is nothing to be missed.
-                share = size > 0 ? std::max(share, missed[static_cast<std::size_t>(k)] / size) : share;
+            AddMissed(d, kind, nodes);
+        }
+    }
+}
+
+/// What lies unseen between the radii of the kernels of one kind at one depth, over their least size, into rounding_.
+void LevelSum::AddMissed(int depth, int kind, int nodes) {
+    const std::size_t numbers = static_cast<std::size_t>(sources_) * RowCount * NodeBlock;
+    double missed[NodeBlock] = {};
+    double least[NodeBlock];
+    std::fill(std::begin(least), std::end(least), HUGE_VAL);
+    const auto kernels = [&](std::size_t radius, int row) {
+        return scratch_.Mixed.data() + radius * numbers + static_cast<std::size_t>(depth * RowCount + row) * NodeBlock;
+    };
+    for (std::size_t i = 0; i < springs_.Radii.size(); ++i) {
+        double size[NodeBlock] = {};
+        for (int row = 0; row < RowCount; ++row) {
+            const double* at = kernels(i, row);
+            for (int k = 0; RowKind[row] == kind && k < nodes; ++k) {
+                size[k] = std::max(size[k], std::fabs(at[k]));
             }
         }
+        for (int k = 0; k < nodes; ++k) {
+            least[k] = std::min(least[k], size[k]);
+        }
+    }
+    for (int row = 0; row < RowCount; ++row) {
+        double high[2][NodeBlock] = {};
+        for (std::size_t i = 0; RowKind[row] == kind && i < springs_.Radii.size(); ++i) {
+            const double* at = kernels(i, row);
+            for (int k = 0; k < nodes; ++k) {
+                high[0][k] += springs_.Tails[i] * at[k];
+                high[1][k] += springs_.Tails[MostMixed + i] * at[k];
+            }
+        }
+        for (int k = 0; k < nodes; ++k) {
+            missed[k] = std::max(missed[k], TailShare * (std::fabs(high[0][k]) + std::fabs(high[1][k])));
+        }
+    }
+    for (int k = 0; k < nodes; ++k) {
+        double& share = rounding_[static_cast<std::size_t>((k / Segment * sources_ + depth) * Kinds + kind)];
+        // Where the field does not reach there is nothing to be missed.
+        share = least[k] > 0 ? std::max(share, missed[k] / least[k]) : share;
     }
 }
 

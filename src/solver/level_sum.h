@@ -49,7 +49,7 @@ struct LevelWork {
 /// than filling it. One for each thread, until it ends; some MB for the largest pavements.
 struct LevelScratch {
     std::vector<double> Bessel[4];
-    std::vector<double> LoadBessel, Raw, Weighted, Precise, Rounding, Mixed, Missed;
+    std::vector<double> LoadBessel, Raw, Weighted, Precise, Rounding, Mixed;
 };
 LevelScratch& ScratchOfThread();
 
@@ -89,6 +89,7 @@ private:
     void MakeKernels(double radius, bool vertical, bool horizontal, int nodes, GroupSum& sum);
     void PlanMixing();
     void MakeMixedKernels(bool vertical, bool horizontal, int nodes);
+    void AddMissed(int depth, int kind, int nodes);
     void MixKernels(std::size_t g, int nodes);
     void SampleRounding(double radius, bool vertical, bool horizontal, int nodes, int deepest);
     void Weigh(std::size_t g, const double* weight, int nodes);
