@@ -39,13 +39,13 @@ DirectSum::DirectSum(const Work& work, const DepthChunk& chunk, std::span<const 
       chunk_(chunk),
       groups_(groups),
       springs_(springs),
-      nodeBlock_(springs.Mixed() ? PairNodes : NodeBlock),
       pairs_(pairs),
       care_(care),
-      precise_(care.Careful || work.Layers.Contrast > PreciseContrast),
       scratch_(scratch),
       rows_(pairs.size()),
-      errors_(pairs.size()) {
+      errors_(pairs.size()),
+      nodeBlock_(springs.Mixed() ? PairNodes : NodeBlock),
+      precise_(care.Careful || work.Layers.Contrast > PreciseContrast) {
     for (const LoadGroup& group : groups) {
         vertical_ = vertical_ || group.Vertical;
         horizontal_ = horizontal_ || group.Horizontal;

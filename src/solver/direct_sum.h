@@ -79,15 +79,13 @@ private:
     int DepthOf(std::size_t pair) const { return chunk_.Points[pairs_[pair].Point].Depth; }
     const double* ThinOf(std::size_t slot, int node) const;
 
+    alignas(64) double xi_[NodeBlock] = {}, xiLow_[NodeBlock] = {}, inverse_[NodeBlock] = {};
     const Work& work_;
     const DepthChunk& chunk_;
     std::span<const LoadGroup> groups_;
     const SpringNodes& springs_;
-    bool vertical_ = false, horizontal_ = false;  // what loads there are
-    int nodeBlock_;                               // nodes that fields are made for at a time
     const std::vector<Pair>& pairs_;
     DirectCare care_;
-    bool precise_;
     DirectScratch& scratch_;
     std::vector<KernelDepth> depths_;  // of the chunk
     std::vector<std::array<double, RowCount>> rows_;
@@ -96,16 +94,18 @@ private:
     // of the pass at hand
     NodeRule rule_;
     WaveRange range_;
-    int deepest_ = 0;
     long nodes_ = 0;
     std::vector<std::size_t> active_;      // pairs whose sums go on, by depth
     std::vector<int> slots_;               // of each layer, or -1
     std::vector<int> slotLayers_;          // layer of each slot
     std::vector<std::size_t> thinPlaces_;  // of each slot: layers of one thickness share them
     std::vector<KernelDepth> samples_;     // SampleDepths of each slot
-    int deepestWanted_ = 0;
-    alignas(64) double xi_[NodeBlock] = {}, xiLow_[NodeBlock] = {}, inverse_[NodeBlock] = {};
     double segmentRounding_[Segments] = {}, segmentEnvelope_[Segments] = {};
+    int deepest_ = 0;
+    int deepestWanted_ = 0;
+    int nodeBlock_;                               // nodes that fields are made for at a time
+    bool vertical_ = false, horizontal_ = false;  // what loads there are
+    bool precise_;
 };
 
 }  // namespace zirvo::solver

@@ -151,12 +151,12 @@ void DirectWork::AddApart(std::span<const LoadGroup> groups, std::vector<PointSu
 void DirectWork::AddTogether(const DirectPart& plan, std::vector<PointSums>& sums) const {
     const SpringNodes springs =
         plan.Springs > 1 ? SpringNodesOf(plan.Groups, plan.Springs) : OneSpringNode(plan.Groups.front().Radius);
-    std::size_t loads = 0;
+    std::size_t loads = 0;  // at least one in each group
     for (const LoadGroup& group : plan.Groups) {
         loads += group.Loads.size();
     }
     const std::size_t points = chunk_.Points.size();
-    const std::size_t step = std::max<std::size_t>(MostPairs / loads, 1);
+    const std::size_t step = std::max<std::size_t>(MostPairs / std::max<std::size_t>(loads, 1), 1);
     const std::size_t pieces = (points + step - 1) / step;
     ShareWith(work_.Helpers, pieces, [&](std::size_t i) {
         const Piece piece{i * points / pieces, (i + 1) * points / pieces, plan.Groups};

@@ -85,7 +85,8 @@ void LevelSum::AddMissed(int depth, int kind, int nodes) {
         }
     }
     for (int k = 0; k < nodes; ++k) {
-        double& share = rounding_[static_cast<std::size_t>((k / Segment * sources_ + depth) * Kinds + kind)];
+        const int place = (k / Segment * sources_ + depth) * Kinds + kind;
+        double& share = rounding_[static_cast<std::size_t>(place)];
         // Where the field does not reach there is nothing to be missed.
         share = least[k] > 0 ? std::max(share, missed[k] / least[k]) : share;
     }

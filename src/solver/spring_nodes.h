@@ -6,6 +6,7 @@
 // them: 16 of them from 8 to 18 cm, 24 over a decade, to 1E-17.
 #pragma once
 #include <array>
+#include <cstddef>
 #include <span>
 #include <vector>
 
@@ -21,9 +22,9 @@ struct SpringNodes {
         int SizeFirst = 0;     ///< sizes are mixed of this node's and the next one's
         double SizeShare = 0;  ///< of the next one
     };
-    std::vector<double> Radii;                  ///< cm
-    std::vector<Mix> Mixes;                     ///< of each group; none: the one field there is serves all
-    std::array<double, 2 * MostMixed> Tails{};  ///< rows that give the two highest Chebyshev coefficients
+    std::vector<double> Radii;                               ///< cm
+    std::vector<Mix> Mixes;                                  ///< of each group; none: the one field there is serves all
+    std::array<double, std::size_t{2} * MostMixed> Tails{};  ///< rows that give the two highest Chebyshev coefficients
 
     bool Mixed() const { return !Mixes.empty(); }
 };
