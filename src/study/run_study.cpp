@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <system_error>
 #include <thread>
 
 #include "platform/file_lock.h"
@@ -148,8 +149,12 @@ private:
         std::optional<RowWorkers> workers;  // they are at it while the files are made
         if (progress_.Done < progress_.Rows) {
             const unsigned machine = std::max(1U, std::thread::hardware_concurrency());
-            workers.emplace(study_, RowRange{range_.First + progress_.Done, range_.Last},
-                            options_.Threads > 0 ? static_cast<unsigned>(options_.Threads) : machine);
+            try {
+                workers.emplace(study_, RowRange{range_.First + progress_.Done, range_.Last},
+                                options_.Threads > 0 ? static_cast<unsigned>(options_.Threads) : machine);
+            } catch (const std::system_error&) {
+                throw FileError{path_, 0, "no thread can be started to work on its rows; what was done is kept"};
+            }
         }
         OpenResults();
         memory_.Earlier([this](Block& block) { Write(block); });

@@ -163,7 +163,11 @@ int ErrorOfBoth(const char* call, const std::string& from, const std::string& to
     return Counts(from.c_str()) ? ErrorOf(call, from + " " + to, ENOSPC, ENOENT) : 0;
 }
 
+/// No signal interrupts it.
 int ErrorOfThread() {
+    if (const Plan* const now = plan.load(); now == nullptr || now->What == Trouble::Interrupted) {
+        return 0;
+    }
     return ErrorOf("thread", "", EAGAIN, EAGAIN, Act::Looks) == 0 ? 0 : EAGAIN;
 }
 

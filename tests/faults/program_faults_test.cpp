@@ -207,8 +207,9 @@ protected:
         const auto has = [&](const std::string& name) { return message.find(name) != std::string::npos; };
         // So the rules have it: a report that cannot be looked at is one that is missing.
         const bool uncompleted = failed.starts_with("stat ") && has("ANALYSIS UNCOMPLETED");
+        const bool thread = failed.starts_with("thread ") && has("no thread can be started");
         const bool parts = failed.starts_with("list ") && has(".part-1-of-N.sqlite: its folder");
-        if (uncompleted || parts) {
+        if (uncompleted || parts || thread) {
             return true;
         }
         if (failed.find(Temporary.Path()) != std::string::npos) {  // what lay there is gone: the input tells more
