@@ -94,7 +94,7 @@ Parser::Parser()
         ->check(JudgeThreads)
         ->type_name("N");
     solve_->add_flag("--estimates", solveRequest_.Estimates,
-                     "Add three columns: estimated relative errors of displacements, stresses, strains");
+                     "Add three columns: bounds of the relative errors of displacements, stresses, strains");
 
     AddUnits(*analyze_);
     AddLanguage(*analyze_, "Language of the reports");

@@ -155,12 +155,12 @@ private:
         for (const int point : points) {
             double worst = 0;
             for (const auto& ofAxle : results_) {
-                for (const double estimate : ofAxle[static_cast<std::size_t>(point) - 1].Estimates) {
-                    worst = estimate <= worst ? worst : estimate;  // NaN stays
+                for (const double bound : ofAxle[static_cast<std::size_t>(point) - 1].Estimates) {
+                    worst = bound <= worst ? worst : bound;  // NaN stays
                 }
             }
             if (!(worst <= solver::PromisedError)) {
-                console_.Note(request_.File, "point " + std::to_string(point) + ": estimated relative error " +
+                console_.Note(request_.File, "point " + std::to_string(point) + ": bound of the relative error " +
                                                  (std::isfinite(worst) ? ScientificText(worst, 1) : "unknown") +
                                                  ", above 1E-9");
             }

@@ -51,12 +51,12 @@ void TellNotes(const SolveRequest& request, const solver::SolverInput& input, co
     }
     const auto doubtful = [](const solver::PointResult& point) {
         return std::any_of(point.Estimates.begin(), point.Estimates.end(),
-                           [](double estimate) { return !(estimate <= solver::PromisedError); });
+                           [](double bound) { return !(bound <= solver::PromisedError); });
     };
     const auto count = std::count_if(solution.Points.begin(), solution.Points.end(), doubtful);
     if (count > 0) {
         console.Note(request.File, std::to_string(count) + (count == 1 ? " point has" : " points have") +
-                                       " an estimated relative error above 1E-9; --estimates tells which");
+                                       " a bound of the relative error above 1E-9; --estimates tells which");
     }
 }
 

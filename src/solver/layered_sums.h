@@ -1,5 +1,5 @@
 // The sums over wavenumbers for one chunk of depths: all kernels at all its depths, for every group of loads and every
-// radius or cell of radii, each with an estimate of its error.
+// radius or cell of radii, each with bounds of its errors.
 #pragma once
 #include <array>
 #include <cstddef>

@@ -48,7 +48,7 @@ enum Component : int { U, V, W, SIGx, SIGy, SIGz, TAUxy, TAUyz, TAUzx, EPSx, EPS
 inline constexpr int ComponentCount = 15;
 
 /// Displacements in cm, stresses in the unit of the moduli, strains as plain numbers (not micro), tension positive,
-/// shear strains engineering. Estimates: of the largest error in each group (displacements, stresses, strains), as a
+/// shear strains engineering. Estimates: bounds of the largest error in each group (displacements, stresses, strains), as a
 /// share of the largest value of that group at the point, the floor of 1E-13 in units of the load included.
 struct PointResult {
     std::array<double, ComponentCount> Values{};
@@ -65,7 +65,7 @@ struct Solution {
     double LargestEstimate = 0;
 };
 
-/// What an estimate should stay below; the report's tail names the points that do not.
+/// What a bound should stay below; the report's tail names the points that do not.
 inline constexpr double PromisedError = 1e-9;
 
 }  // namespace zirvo::solver

@@ -9,7 +9,7 @@
 namespace zirvo::solver {
 
 /// Solves the problem: as many results as there are points, in their order. The answer does not depend on the number of
-/// threads. Every value is right to 1E-9 of the largest of its group at the point, or its estimate says so.
+/// threads. Every value is right to 1E-9 of the largest of its group at the point, or its bound (Estimates) says so.
 ///
 /// Preconditions, which CheckProblem (check_problem.h) judges: 1 to 100 layers, at least one load, moduli, radii and
 /// thicknesses > 0, 0 < nu <= 0.5, 0 <= slip <= 0.99, points inside their layers. No exception but std::bad_alloc.

@@ -201,7 +201,7 @@ PointResult ComposeResult(const PointSums& sums, double m2, double nu, bool surf
     const double sweptDisplacement = SweepGroup(v, U, W);
     const double sweptStress = SweepGroup(v, SIGx, TAUzx);
     const double sweptStrain = SweepGroup(v, EPSx, GAMzx);
-    // A tolerance of e times the largest plus 1E-4 e units of the load is what an estimate of e stands for.
+    // A tolerance of e times the largest plus 1E-4 e units of the load is what a bound of e stands for.
     constexpr double Floor = 1e-4;
     const double modulus = m2 * (1 + nu);
     const auto largest = [&](int first, int last) {

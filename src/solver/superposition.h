@@ -54,7 +54,7 @@ struct LoadScale {
     double Radius = 0;
 };
 
-/// The 15 values and their estimates.
+/// The 15 values and the bounds of their errors.
 /// @param m2, nu  of the point's layer; @param surface  true at z = 0, where the tractions are the loads' own.
 PointResult ComposeResult(const PointSums& sums, double m2, double nu, bool surface, const LoadScale& scale);
 

@@ -14,7 +14,7 @@ namespace {
 
 /// A result that may be off by more than this share is none. Pavements stay below 2E-7 (docs/theory.md, 7); what lies
 /// beyond is out of the solver's reach, like a film of 0.1 mm at the edge of a load of 1 km.
-constexpr double LargestEstimate = 1e-6;
+constexpr double LargestBound = 1e-6;
 
 std::vector<double> TopsOf(const solver::Problem& problem) {
     std::vector<double> tops{0};
@@ -115,9 +115,9 @@ void RowWork::Run(std::uint64_t row, RowResult& result) {
         result.Reason = "a result is no finite number: such numbers are no pavement";
         return;
     }
-    if (!(solution.LargestEstimate <= LargestEstimate)) {
-        result.Reason = "the estimated relative error of a result is " + ScientificText(solution.LargestEstimate, 1) +
-                        ": nothing is known of it";
+    if (!(solution.LargestEstimate <= LargestBound)) {
+        result.Reason = "the bound of the relative error of a result is " +
+                        ScientificText(solution.LargestEstimate, 1) + ": nothing is known of it";
         return;
     }
     for (solver::PointResult& point : solution.Points) {

@@ -113,7 +113,7 @@ TEST(Lives, OfStrainsThatNobodyKnowsAreToldSo) {
     const std::vector<std::string> told = LinesOf(outcome.Err);
     ASSERT_EQ(told.size(), 2U) << outcome.Err;
     EXPECT_EQ(told[0], "film.eva: 1 point just outside its layer was taken on its boundary");
-    EXPECT_EQ(told[1].substr(0, 46), "film.eva: point 1: estimated relative error 7.") << told[1];
+    EXPECT_EQ(told[1].substr(0, 49), "film.eva: point 1: bound of the relative error 7.") << told[1];
     EXPECT_NE(told[1].find("E+03, above 1E-9"), std::string::npos) << told[1];
 }
 

@@ -105,7 +105,7 @@ TEST_F(Solve, SystemThreeTakesKilonewtonAndMegapascal) {
     EXPECT_NEAR(kn, 10 * kgf, 1e-9 * kn);
 }
 
-TEST_F(Solve, EstimatesAreThreeMoreColumnsBelowThePromise) {
+TEST_F(Solve, BoundsAreThreeMoreColumnsBelowThePromise) {
     const Lines plain = Rows("3");
     const Lines more = LinesOf(Folder.Batch({"solve", "road.eva", "--units", "3", "--estimates"}).Out);
     ASSERT_EQ(more.size(), plain.size());
@@ -226,13 +226,13 @@ TEST_F(Solve, AFileCutAtAnyPlaceEitherReadsOrIsRefused) {
     }
 }
 
-TEST_F(Solve, TellsOfMovedPointsAndOfEstimatesAboveThePromise) {
+TEST_F(Solve, TellsOfMovedPointsAndOfBoundsAboveThePromise) {
     const Outcome outcome = Run(Film);
     EXPECT_EQ(outcome.Code, 0);
     EXPECT_EQ(LinesOf(outcome.Out).size(), 3U);
     EXPECT_EQ(outcome.Err,
               "road.eva: 1 point just outside its layer was taken on its boundary\n"
-              "road.eva: 1 point has an estimated relative error above 1E-9; --estimates tells which\n");
+              "road.eva: 1 point has a bound of the relative error above 1E-9; --estimates tells which\n");
 }
 
 }  // namespace

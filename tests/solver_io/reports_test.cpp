@@ -259,11 +259,11 @@ std::vector<std::string> WithEdgeNotes(const std::vector<std::string>& rest) {
     return tail;
 }
 
-TEST(Reports, TheTailOfAPlainReportTellsHowEdgesAreTakenAndTheLargestEstimateAndEnds) {
+TEST(Reports, TheTailOfAPlainReportTellsHowEdgesAreTakenAndTheLargestBoundAndEnds) {
     ReportData data = HandMadeData(Language::English, UnitSystem::KnToMpa);
     data.Results.Points[1].OnLoadEdge = false;
     const std::vector<std::string> tail =
-        WithEdgeNotes({"   LARGEST ESTIMATED RELATIVE ERROR: 9.0E-12 (PROMISED: 1.0E-09)", "   END OF REPORT"});
+        WithEdgeNotes({"   LARGEST BOUND OF THE RELATIVE ERROR: 9.0E-12 (PROMISED: 1.0E-09)", "   END OF REPORT"});
     EXPECT_EQ(TailOf(ResultReport(data)), tail);
     EXPECT_EQ(TailOf(PrincipalReport(data)), tail);
 }
@@ -284,7 +284,7 @@ TEST(Reports, TheTailNamesThePointsOnAnEdgeAndTellsWhatTheirValuesAre) {
     EXPECT_EQ(tail[6], "   17 18");
 }
 
-TEST(Reports, TheTailNamesThePointsWhoseEstimateIsAboveThePromise) {
+TEST(Reports, TheTailNamesThePointsWhoseBoundIsAboveThePromise) {
     ReportData data = HandMadeData(Language::English, UnitSystem::KnToMpa);
     data.Results.Points[1].OnLoadEdge = false;
     data.Results.Points[0].Estimates = {1e-9, 0, 0};  // the promise itself is kept
@@ -292,11 +292,11 @@ TEST(Reports, TheTailNamesThePointsWhoseEstimateIsAboveThePromise) {
     data.Results.Points[3].Estimates = {0, 0, std::nan("")};
     data.Results.LargestEstimate = 2.5e-7;
     data.Input.MovedPoints = 2;
-    const std::vector<std::string> tail =
-        WithEdgeNotes({"   NOTE: DEPTHS OUTSIDE THE NAMED LAYER BY AT MOST 0.01 cm TAKEN ON ITS BOUNDARY: 2",
-                       "   LARGEST ESTIMATED RELATIVE ERROR: 2.5E-07 (PROMISED: 1.0E-09)",
-                       "   NOTE: POINT 3: ESTIMATED RELATIVE ERROR 2.5E-07 IS ABOVE THE PROMISE",
-                       "   NOTE: POINT 4: ESTIMATED RELATIVE ERROR UNKNOWN IS ABOVE THE PROMISE", "   END OF REPORT"});
+    const std::vector<std::string> tail = WithEdgeNotes(
+        {"   NOTE: DEPTHS OUTSIDE THE NAMED LAYER BY AT MOST 0.01 cm TAKEN ON ITS BOUNDARY: 2",
+         "   LARGEST BOUND OF THE RELATIVE ERROR: 2.5E-07 (PROMISED: 1.0E-09)",
+         "   NOTE: POINT 3: BOUND OF THE RELATIVE ERROR 2.5E-07 IS ABOVE THE PROMISE",
+         "   NOTE: POINT 4: BOUND OF THE RELATIVE ERROR UNKNOWN IS ABOVE THE PROMISE", "   END OF REPORT"});
     EXPECT_EQ(TailOf(PrincipalReport(data)), tail);
 }
 

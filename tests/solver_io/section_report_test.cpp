@@ -163,7 +163,8 @@ TEST(SectionReport, TheTailSaysHowManyDepthsWereMovedAndWhichPointsLieOnEdges) {
     EXPECT_NE(report.find("   NOTE: DEPTHS OUTSIDE THE NAMED LAYER TAKEN ON ITS NEAREST BOUNDARY: 7\r\n"),
               std::string::npos);
     EXPECT_NE(report.find("   NOTE: POINTS ON THE EDGE OF A LOAD AT THE SURFACE: 1\r\n"), std::string::npos);
-    EXPECT_NE(report.find("   LARGEST ESTIMATED RELATIVE ERROR: 9.0E-12 (PROMISED: 1.0E-09)\r\n"), std::string::npos);
+    EXPECT_NE(report.find("   LARGEST BOUND OF THE RELATIVE ERROR: 9.0E-12 (PROMISED: 1.0E-09)\r\n"),
+              std::string::npos);
     data.Words = Language::Japanese;
     EXPECT_NE(DecodeText(SectionReport(data)).find("   注: 指定層から外れ 最も近い境界上とした着目点の数: 7\r\n"),
               std::string::npos);

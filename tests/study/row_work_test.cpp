@@ -71,15 +71,15 @@ TEST(RowWork, ARowThatNoPavementCanBeIsBadAndSaysWhy) {
     EXPECT_EQ(RowOf(study, 1).Values.size(), 2U);
 }
 
-// A film of 0.1 mm at the edge of a load of 1 km asks for more wavenumbers than there is time for: the estimate of the
-// strains there is thousands of times the strains.
+// A film of 0.1 mm at the edge of a load of 1 km asks for more wavenumbers than there is time for: the bound of the
+// strains' errors there is thousands of times the strains.
 TEST(RowWork, ARowWhoseResultsNobodyKnowsIsBad) {
     const StudyFolder folder;
     folder.Put("t.csv", "layer 1 thickness,load 1 radius,load 1 x\n15,15,0\n0.01,100000,99999.99\n");
     const Study study = folder.StudyOf(Head() + "table = \"t.csv\"\n" + Keeps());
     EXPECT_EQ(RowOf(study, 0).Reason, "");
     const RowResult film = RowOf(study, 1);
-    EXPECT_EQ(film.Reason.substr(0, 44), "the estimated relative error of a result is ") << film.Reason;
+    EXPECT_EQ(film.Reason.substr(0, 47), "the bound of the relative error of a result is ") << film.Reason;
     EXPECT_EQ(film.Values.size(), 3U);
 }
 

@@ -11,7 +11,7 @@ class Solution:
 
     values        array [n, 15] in the order of COMPONENTS: displacements in cm, stresses in MPa (units 1: kgf/cm2), strains in
                   micro
-    estimates     array [n, 3]: estimated errors of displacements, stresses, strains as a share of the largest of each
+    estimates     array [n, 3]: bounds of the errors of displacements, stresses, strains as a share of the largest of each
     on_load_edge  array [n]: True where some values are means, because the true ones jump or are infinite there
     """
 

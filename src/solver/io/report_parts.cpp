@@ -10,8 +10,8 @@ namespace {
 
 constexpr std::size_t EdgePointsToALine = 15;
 
-std::string EstimateText(Language words, double estimate) {
-    return std::isfinite(estimate) ? ScientificText(estimate, 1) : std::string(TextOf(words, Word::UnknownEstimate));
+std::string BoundText(Language words, double bound) {
+    return std::isfinite(bound) ? ScientificText(bound, 1) : std::string(TextOf(words, Word::UnknownBound));
 }
 
 /// How values at the edges of loads are to be read stands in every report; the points, where there are any.
@@ -39,17 +39,17 @@ void EdgeNotes(ReportText& report, const Solution& results) {
     }
 }
 
-void EstimateNotes(ReportText& report, const Solution& results) {
+void BoundNotes(ReportText& report, const Solution& results) {
     const Language words = report.Words();
     const std::string promised = ScientificText(PromisedError, 1);
-    report.Line(Word::LargestEstimate, {EstimateText(words, results.LargestEstimate), promised});
+    report.Line(Word::LargestBound, {BoundText(words, results.LargestEstimate), promised});
     for (std::size_t i = 0; i < results.Points.size(); ++i) {
         double worst = 0;
-        for (const double estimate : results.Points[i].Estimates) {
-            worst = estimate <= worst ? worst : estimate;  // NaN stays
+        for (const double bound : results.Points[i].Estimates) {
+            worst = bound <= worst ? worst : bound;  // NaN stays
         }
         if (!(worst <= PromisedError)) {
-            report.Line(Word::PointAbovePromise, {std::to_string(i + 1), EstimateText(words, worst)});
+            report.Line(Word::PointAbovePromise, {std::to_string(i + 1), BoundText(words, worst)});
         }
     }
 }
@@ -89,7 +89,7 @@ void Tail(ReportText& report, const ReportData& data, Word movedNote) {
     if (data.Input.MovedPoints > 0) {
         report.Line(movedNote, {std::to_string(data.Input.MovedPoints)});
     }
-    EstimateNotes(report, data.Results);
+    BoundNotes(report, data.Results);
     report.Line(Word::EndOfReport);
 }
 

@@ -30,7 +30,7 @@ std::array<Cell, 5> LayerHeadings(const ReportData& data);
 /// One line for each layer, without a comma.
 void LayerRows(ReportText& report, const ReportData& data);
 
-/// Notes on points at load edges and on moved points, the estimates, the end line.
+/// Notes on points at load edges and on moved points, the bounds, the end line.
 /// @param movedNote  the words for points that were taken on the boundary of their layer
 void Tail(ReportText& report, const ReportData& data, Word movedNote);
 

@@ -34,9 +34,9 @@ enum class Word : int {
     EdgePoints,
     MovedPoints,
     PointsOnBoundary,
-    LargestEstimate,
+    LargestBound,
     PointAbovePromise,
-    UnknownEstimate,
+    UnknownBound,
     EndOfReport,
     // Headings of the tables
     HeadPoisson,
