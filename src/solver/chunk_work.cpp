@@ -230,14 +230,16 @@ bool ChunkWork::ByDepth() const {
 }
 
 void ChunkWork::AddPlaces() const {
+    const std::size_t loads = work_.TheProblem.Loads.size();
     std::vector<std::size_t> ends;
+    ends.reserve(chunk_.Points.size());
     for (std::size_t i = 1; i <= chunk_.Points.size(); ++i) {
         if (i == chunk_.Points.size() || chunk_.Points[i].X != chunk_.Points[i - 1].X ||
             chunk_.Points[i].Y != chunk_.Points[i - 1].Y) {
             ends.push_back(i);
         }
     }
-    const auto parts = PartsOf(ends, work_.TheProblem.Loads.size());
+    const auto parts = PartsOf(ends, loads);
     ShareWith(work_.Helpers, parts.size() - 1, [&](std::size_t part) {
         PointRoom room;
         for (std::size_t i = parts[part]; i < parts[part + 1]; ++i) {

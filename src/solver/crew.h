@@ -6,7 +6,6 @@
 #include <condition_variable>
 #include <cstddef>
 #include <exception>
-#include <functional>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -14,7 +13,19 @@
 namespace zirvo::solver {
 
 /// What is done for each of some numbers, on any thread and in any order: nothing that it does may hang on either.
-using Part = std::function<void(std::size_t)>;
+/// Refers to the function that it is made of, and takes no room for it.
+class Part {
+public:
+    template <class Function>
+    Part(const Function& function)  // NOLINT(google-explicit-constructor): a function is such a part
+        : function_(&function), call_([](const void* at, std::size_t i) { (*static_cast<const Function*>(at))(i); }) {}
+
+    void operator()(std::size_t i) const { call_(function_, i); }
+
+private:
+    const void* function_;
+    void (*call_)(const void*, std::size_t);
+};
 
 class Crew {
 public:

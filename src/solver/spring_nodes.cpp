@@ -32,6 +32,7 @@ SpringNodes SpringNodesOf(std::span<const LoadGroup> groups, int count) {
     const auto size = static_cast<std::size_t>(count);
     const long double low = std::log(static_cast<long double>(groups.front().Radius));
     const long double high = std::log(static_cast<long double>(groups.back().Radius));
+    nodes.Tails.resize(std::size_t{2} * MostMixed);
     std::vector<long double> places;  // what the rounded radii stand for
     for (std::size_t i = 0; i < size; ++i) {
         const double angle = (static_cast<double>(i) + 0.5) * PiValue / count;

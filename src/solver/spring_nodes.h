@@ -22,9 +22,9 @@ struct SpringNodes {
         int SizeFirst = 0;     ///< sizes are mixed of this node's and the next one's
         double SizeShare = 0;  ///< of the next one
     };
-    std::vector<double> Radii;                               ///< cm
-    std::vector<Mix> Mixes;                                  ///< of each group; none: the one field there is serves all
-    std::array<double, std::size_t{2} * MostMixed> Tails{};  ///< rows that give the two highest Chebyshev coefficients
+    std::vector<double> Radii;  ///< cm
+    std::vector<Mix> Mixes;     ///< of each group; none: the one field there is serves all
+    std::vector<double> Tails;  ///< rows that give the two highest Chebyshev coefficients
 
     bool Mixed() const { return !Mixes.empty(); }
 };
