@@ -74,6 +74,12 @@ bool WithinReach(const Problem& problem) {
            });
 }
 
+/// Asking the machine opens files: a tenth of a small problem's time.
+std::size_t ThreadsOf(const SolveOptions& options) {
+    return options.Threads > 0 ? static_cast<std::size_t>(options.Threads)
+                               : std::max(1U, std::thread::hardware_concurrency());
+}
+
 }  // namespace
 
 Solution Solve(const Problem& problem, const SolveOptions& options) {
@@ -90,9 +96,7 @@ Solution Solve(const Problem& problem, const SolveOptions& options) {
     std::vector<LoadGroup> groups = GroupLoads(problem);
     const LoadScale scale = ScaleOf(problem);
     Work work{problem, LayerTable(problem), std::move(groups), BestEngine(), scale, solution.Points};
-    const unsigned machine = std::max(1U, std::thread::hardware_concurrency());
-    const std::size_t wanted = options.Threads > 0 ? static_cast<unsigned>(options.Threads) : machine;
-    Crew crew(IsSmall(work) ? 1 : std::min(wanted, problem.Points.size()));
+    Crew crew(IsSmall(work) ? 1 : std::min(ThreadsOf(options), problem.Points.size()));
     work.Helpers = &crew;
     auto chunks = WithDirectChunks(work, PlanDepths(problem, MostSources, &crew));
     // The largest first, so that little is left for one thread alone.
