@@ -48,8 +48,8 @@ enum Component : int { U, V, W, SIGx, SIGy, SIGz, TAUxy, TAUyz, TAUzx, EPSx, EPS
 inline constexpr int ComponentCount = 15;
 
 /// Displacements in cm, stresses in the unit of the moduli, strains as plain numbers (not micro), tension positive,
-/// shear strains engineering. Estimates: bounds of the largest error in each group (displacements, stresses, strains), as a
-/// share of the largest value of that group at the point, the floor of 1E-13 in units of the load included.
+/// shear strains engineering. Estimates: bounds of the largest error in each group (displacements, stresses, strains),
+/// as a share of the largest value of that group at the point, the floor of 1E-13 in units of the load included.
 struct PointResult {
     std::array<double, ComponentCount> Values{};
     std::array<double, 3> Estimates{};
