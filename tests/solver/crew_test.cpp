@@ -15,9 +15,9 @@ namespace zirvo::solver {
 namespace {
 
 TEST(Crew, EveryPartIsDoneOnce) {
-    for (const std::size_t threads : {1, 2, 5}) {
+    for (const std::size_t threads : {1U, 2U, 5U}) {
         Crew crew(threads);
-        for (const std::size_t count : {0, 1, 2, 1000}) {
+        for (const std::size_t count : {0U, 1U, 2U, 1000U}) {
             std::vector<std::atomic<int>> done(count);
             crew.Share(count, [&](std::size_t i) { ++done[i]; });
             EXPECT_TRUE(std::all_of(done.begin(), done.end(), [](int times) { return times == 1; })) << threads;
@@ -26,7 +26,7 @@ TEST(Crew, EveryPartIsDoneOnce) {
 }
 
 TEST(Crew, PartsMayShareTheirOwnParts) {
-    for (const std::size_t threads : {1, 2, 3}) {
+    for (const std::size_t threads : {1U, 2U, 3U}) {
         Crew crew(threads);
         std::vector<std::atomic<int>> done(40 * 30 * 20);
         crew.Share(40, [&](std::size_t i) {
@@ -55,7 +55,7 @@ TEST(Crew, AThreadThatWaitsForItsPartsHelpsWithLaterOnes) {
 }
 
 TEST(Crew, WhatAPartThrowsReachesTheOneWhoSharedIt) {
-    for (const std::size_t threads : {1, 3}) {
+    for (const std::size_t threads : {1U, 3U}) {
         Crew crew(threads);
         std::atomic<int> behind = 0;
         EXPECT_THROW(crew.Share(10,
