@@ -116,7 +116,19 @@ double LifeOf(const TransferFunction& function, double strain, double modulus, d
     }
     const double ofModulus = function.K3 == 0 ? 1 : std::pow(modulus * function.UnitsPerMpa, -function.K3);
     const double ofMix = function.Kind == LifeKind::Fatigue ? c : 1;
-    return function.K1 * ofMix * std::pow(strain, -function.K2) * ofModulus;
+    const double ofStrain = std::pow(strain, -function.K2);
+    const double life = function.K1 * ofMix * ofStrain * ofModulus;
+    if (std::isnormal(ofStrain) && std::isnormal(ofModulus) && std::isnormal(life)) {
+        return life;
+    }
+    // Of powers that no double holds the product may be one. Exponents of 1E308 times logarithms stay below the
+    // largest long double.
+    const auto power = [](double base, double exponent) {
+        return static_cast<long double>(exponent) * std::log(static_cast<long double>(base));
+    };
+    const long double logarithm = power(function.K1, 1) + power(ofMix, 1) + power(strain, -function.K2) +
+                                  (function.K3 == 0 ? 0 : power(modulus * function.UnitsPerMpa, -function.K3));
+    return static_cast<double>(std::exp(logarithm));
 }
 
 double MixFactor(double airVoids, double binder) {

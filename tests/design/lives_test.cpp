@@ -98,6 +98,17 @@ TEST(Lives, CoefficientsOfOnesOwnAreTaken) {
 }
 
 // In a plane (300, 100, 0 shear): 300. Turned by 45 degrees: both 200, shear strain 200: again 300.
+TEST(Lives, PowersThatNoNumberHoldsMakeALifeAllTheSame) {
+    // 1E400 times 1E-400; 1E-4^-80 1E4^-100 = 1E-80; 2^-1100 2^1000 5 = 5 2^-100.
+    EXPECT_NEAR(Life("fatigue=1/100/100", 1e-4, 1e4), 1, 1e-12);
+    EXPECT_NEAR(Life("fatigue=1/80/100", 1e-4, 1e4) / 1e-80, 1, 1e-12);
+    EXPECT_NEAR(Life("fatigue=5/1000/1100", 0.5, 2) / std::ldexp(5, -100), 1, 1e-12);
+    // What is beyond all numbers is without an end, or nothing.
+    EXPECT_EQ(Life("fatigue=1.1e6/63907.291/0.851e6", 1e-9, 3000), 0);
+    EXPECT_EQ(Life("fatigue=1.1e6/63907.291/1", 1e-9, 3000), Infinity);
+    EXPECT_EQ(Life("fatigue=1e300/1e308/1e308", 1e-9, 1e-300, 1e300), Infinity);
+}
+
 TEST(Lives, TheStrainOfFatigueIsTheLargestInThePlaneWhateverTheAxes) {
     std::array<double, solver::ComponentCount> values{};
     values[solver::EPSx] = 300;
