@@ -176,6 +176,18 @@ TEST(StudyFiles, QuotesAndCommentsMayHoldEveryCharacter) {
     }
 }
 
+// The quotes in the middle of a value are none for the library, which looks for the value's end.
+TEST(StudyFiles, ALetterBeyondAsciiInABadValueIsRefused) {
+    const StudyFolder folder;
+    for (const char* letter : {"Й", "é", "、", "あ", "漢", "　", "Ａ"}) {
+        for (const std::string& front :
+             {std::string("[09999999\0\"a*", 13), std::string("1x\""), std::string("0x\"")}) {
+            const std::string told = folder.Told("t3 = " + front + letter + "a500p\"\n");
+            EXPECT_EQ(told.substr(0, 9), "s.toml:1:") << front << letter << told;
+        }
+    }
+}
+
 // Each row of it would be drawn before the first was worked on, which took minutes.
 TEST(StudyFiles, ASampleWhoseEndsAreGoodIsReadWithoutDrawingItsThousandMillionRows) {
     const StudyFolder folder;
