@@ -46,8 +46,11 @@ if(NOT ZIRVO_WINDOWS_QT)
   endif()
 endif()
 if(ZIRVO_WINDOWS_QT)
-  list(APPEND CMAKE_FIND_ROOT_PATH ${ZIRVO_WINDOWS_QT})
-  list(APPEND CMAKE_PREFIX_PATH ${ZIRVO_WINDOWS_QT})
+  # The linker puts what programs import in the order of the libraries' paths: within the build's own folder, which
+  # CMake names from there, they are the same wherever the user's cache lies.
+  file(CREATE_LINK ${ZIRVO_WINDOWS_QT} ${CMAKE_BINARY_DIR}/qt SYMBOLIC)
+  list(APPEND CMAKE_FIND_ROOT_PATH ${CMAKE_BINARY_DIR}/qt)
+  list(APPEND CMAKE_PREFIX_PATH ${CMAKE_BINARY_DIR}/qt)
   set(QT_HOST_PATH /usr CACHE PATH "Qt's tools for this machine")
   set(QT_HOST_PATH_CMAKE_DIR /usr/lib/${CMAKE_HOST_SYSTEM_PROCESSOR}-linux-gnu/cmake CACHE PATH "Their package files")
 else()
