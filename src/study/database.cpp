@@ -30,10 +30,16 @@ void HearOfFailure(void* /*nothing*/, int code, const char* /*text*/) {
     }
 }
 
-/// Asked once behind a failure. Where SQLite has told of nothing it may still know the system's error.
+/// Asked once behind a failure. Where SQLite has told of nothing it may still know the system's error, or the file
+/// that it works on may: of a lock that could not be given back nothing else does.
 bool WasInterrupted(sqlite3* handle) {
-    return std::exchange(InterruptedOnThisThread(), false) ||
-           (handle != nullptr && sqlite3_system_errno(handle) == EINTR);
+    if (std::exchange(InterruptedOnThisThread(), false)) {
+        return true;
+    }
+    int ofFile = 0;
+    return handle != nullptr &&
+           (sqlite3_system_errno(handle) == EINTR ||
+            (sqlite3_file_control(handle, "main", SQLITE_FCNTL_LAST_ERRNO, &ofFile) == SQLITE_OK && ofFile == EINTR));
 }
 
 void HearOfFailures() {

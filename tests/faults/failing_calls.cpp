@@ -29,6 +29,7 @@ struct Plan {
     int Number = 0;
     Trouble What = Trouble::Denied;
     std::string Log;
+    std::string Only;  // the kind of call that counts; empty: each
     std::atomic<int> Seen = 0;
     std::string Failed;
 };
@@ -77,6 +78,7 @@ __attribute__((constructor)) void TakePlanOfEnvironment() {
     made->Number = std::atoi(Variable("ZIRVO_FAILING_CALL"));
     made->What = static_cast<Trouble>(std::atoi(Variable("ZIRVO_FAILING_TROUBLE")));
     made->Log = Variable("ZIRVO_FAILING_LOG");
+    made->Only = Variable("ZIRVO_FAILING_ONLY");
     plan = made;
 }
 
@@ -120,7 +122,8 @@ int Watch(int file, bool counts) {
 
 int ErrorOf(const char* call, const std::string& what, int full, int gone, Act act) {
     Plan* const now = plan.load();
-    if (now == nullptr || (now->What == Trouble::Killed && act == Act::Looks) || ++now->Seen != now->Number) {
+    if (now == nullptr || (now->What == Trouble::Killed && act == Act::Looks) ||
+        (!now->Only.empty() && now->Only != call) || ++now->Seen != now->Number) {
         return 0;
     }
     Note(*now, call, what);
@@ -203,7 +206,8 @@ int FailingCall::Calls() {
 
 std::vector<std::pair<std::string, std::string>> FailingCallOf(const std::string& program,
                                                                const std::vector<std::string>& folders, int number,
-                                                               Trouble trouble, const std::string& log) {
+                                                               Trouble trouble, const std::string& log,
+                                                               const std::string& only) {
     std::string list;
     for (const std::string& folder : folders) {
         list += folder + ":";
@@ -215,7 +219,8 @@ std::vector<std::pair<std::string, std::string>> FailingCallOf(const std::string
             {"ZIRVO_FAILING_FOLDERS", list},
             {"ZIRVO_FAILING_CALL", std::to_string(number)},
             {"ZIRVO_FAILING_TROUBLE", std::to_string(static_cast<int>(trouble))},
-            {"ZIRVO_FAILING_LOG", log}};
+            {"ZIRVO_FAILING_LOG", log},
+            {"ZIRVO_FAILING_ONLY", only}};
 }
 
 }  // namespace zirvo::test

@@ -58,8 +58,10 @@ bool OnlyLooks(const std::string& call);
 /// @param folders  each of them and all below it is what counts
 /// @param program  alone: not what it starts in turn
 /// @param log      file that is written when the call has failed, with what Failed() gives
+/// @param only     the one kind of call that counts, such as "lock"; empty: each does
 std::vector<std::pair<std::string, std::string>> FailingCallOf(const std::string& program,
                                                                const std::vector<std::string>& folders, int number,
-                                                               Trouble trouble, const std::string& log);
+                                                               Trouble trouble, const std::string& log,
+                                                               const std::string& only = "");
 
 }  // namespace zirvo::test

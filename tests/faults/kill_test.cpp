@@ -1,15 +1,13 @@
 // The real programs killed at any moment: what a crash or the end of the power leaves.
 //
-// When            Before each call to the system that changes a file or starts a program, since between two of them
-// nothing
-//                 changes; and at moments spread over the time that the work takes. So often altogether as
-//                 ZIRVO_KILLS says, 20 times if it says nothing.
-// What is checked The input is untouched. Every result is the old one or the new one, whole; a report may be gone, as
-// the
-//                 solver deletes the old ones first, or lie whole in ZIRVO_SV.TMP, unstamped. The next run works,
-//                 whatever has been left: at once, or once ZIRVO_SV.TMP is removed, which it asks for by name. What
-//                 has a memory goes on from it to the bytes of a run that was let be. Temporary files are gone behind
-//                 it, once they are old enough to be nobody's.
+// When: before each call to the system that changes a file or starts a program, since between two of them nothing
+// changes; and at moments spread over the time that the work takes. So often altogether as ZIRVO_KILLS says, 20 times
+// if it says nothing.
+//
+// What is checked: the input is untouched. Every result is the old one or the new one, whole; a report may be gone, as
+// the solver deletes the old ones first, or lie whole in ZIRVO_SV.TMP, unstamped. The next run works, whatever has been
+// left: at once, or once ZIRVO_SV.TMP is removed, which it asks for by name. What has a memory goes on from it to the
+// bytes of a run that was let be. Temporary files are gone behind it, once they are old enough to be nobody's.
 #include <gtest/gtest.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>

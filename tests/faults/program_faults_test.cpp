@@ -45,11 +45,13 @@ protected:
     }
 
     /// @param number  of the call that fails; 0: none
-    Outcome Run(const Work& work, const std::vector<std::string>& line, int number, Trouble trouble) const {
+    /// @param only    the kind of call that counts; empty: each
+    Outcome Run(const Work& work, const std::vector<std::string>& line, int number, Trouble trouble,
+                const std::string& only = "") const {
         std::filesystem::remove(Logs.Path("failed"));
         Surroundings surroundings{.Program = ZIRVO_BIN "/" + work.Program, .Folder = Folder.Path()};
-        surroundings.Variables =
-            FailingCallOf(work.ProcessName(), {Folder.Path(), Temporary.Path()}, number, trouble, Logs.Path("failed"));
+        surroundings.Variables = FailingCallOf(work.ProcessName(), {Folder.Path(), Temporary.Path()}, number, trouble,
+                                               Logs.Path("failed"), only);
         surroundings.Variables.emplace_back("TMPDIR", Temporary.Path());
         surroundings.Variables.emplace_back("LC_ALL", "C");
         return RunProcess(line, surroundings);
@@ -101,6 +103,23 @@ protected:
         }
         std::cout << failed << " failures of " << number - apart << " calls\n";
         EXPECT_GT(failed, ways * static_cast<int>(1 + work.Results.size())) << "hardly a call was seen";
+    }
+
+    /// Each lock is interrupted in turn, as it is taken and as it is given back.
+    void InterruptEachLock(const Work& work) const {
+        const WorkFiles whole = RunWhole(work);
+        const WorkFiles final = FinalFilesOf(work);
+        int number = 1;
+        for (; number < MostCallsOfAWork; ++number) {
+            Prepare(work);
+            const Outcome outcome = Run(work, work.Line, number, Trouble::Interrupted, "lock");
+            if (!Logs.Has("failed")) {
+                break;
+            }
+            Judge(work, whole, Trouble::Interrupted, outcome);
+            GoOn(work, whole, final);
+        }
+        EXPECT_GT(number, 10) << "hardly a lock was seen";
     }
 
     WorkFiles FinalFilesOf(const Work& work) const {
@@ -263,6 +282,10 @@ TEST_F(ProgramFault, LivesTellsOfEachAndLeavesItsRowsOldOrNew) {
 #ifdef ZIRVO_STUDIES
 TEST_F(ProgramFault, StudyTellsOfEachLeavesItsTablesOldOrNewAndGoesOn) {
     FailEachCall(StudyWork());
+}
+
+TEST_F(ProgramFault, StudyTakesAndGivesBackEachLockAgainThatASignalInterrupts) {
+    InterruptEachLock(StudyWork());
 }
 
 TEST_F(ProgramFault, APartOfAStudyTellsOfEachAndGoesOn) {
