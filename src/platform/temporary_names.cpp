@@ -1,13 +1,11 @@
-// Names of temporary files, see temporary_names.h. The same on every platform, but for what holds a file.
+// Names of temporary files, see temporary_names.h.
 #include "platform/temporary_names.h"
 
 #include <charconv>
 #include <system_error>
 
 #include "platform/folders.h"
-#ifndef _WIN32
 #include "platform/left_temporaries.h"
-#endif
 
 namespace zirvo {
 namespace {
@@ -17,14 +15,6 @@ constexpr std::string_view Extension = ".tmp";
 
 std::string FrontOf(long long process) {
     return std::string(Front) + std::to_string(process) + "-";
-}
-
-void RemoveTemporary(const std::string& name) {
-#ifdef _WIN32
-    RemoveIfThere(name);
-#else
-    RemoveTemporaryOfEnded(name);
-#endif
 }
 
 }  // namespace
@@ -52,7 +42,7 @@ void RemoveTemporariesOf(long long process) {
     const std::string front = FrontOf(process);
     for (const std::string& name : NamesIn(".")) {
         if (name.starts_with(front) && IsTemporaryName(name)) {
-            RemoveTemporary(name);
+            RemoveTemporaryOfEnded(name);
         }
     }
 }

@@ -2,7 +2,8 @@
 //
 // Steps           1. Links are followed, so that the temporary file lies beside the file itself and not beside a link.
 //                 2. An existing target is opened for writing, which tells whether the user may, and closed untouched.
-//                 3. The temporary file is written, brought to the disk and closed.
+//                 3. The temporary file is written, brought to the disk and closed; what killed programs have left in
+//                 the folder goes (left_temporaries.h).
 //                 4. It is renamed over the target. On any failure before, it is deleted.
 // Special cases   a device ("NUL") has no earlier file that could be lost: it is written straight.
 #include <windows.h>
@@ -17,6 +18,7 @@
 #include "platform/fault_subject.h"
 #include "platform/files.h"
 #include "platform/interruption.h"
+#include "platform/left_temporaries.h"
 #include "platform/temporary_names.h"
 #include "platform/windows_handle.h"
 #include "platform/windows_text.h"
@@ -55,20 +57,25 @@ public:
     TemporaryFile(const std::wstring& folder, std::string name, const std::string& fixed)
         : name_(std::move(name)), file_(INVALID_HANDLE_VALUE) {
         static std::atomic<unsigned> counter = 0;
-        const NotInterrupted untilItIsNoted;
-        for (int attempt = 0; attempt < MostAttempts && !file_.IsOpen(); ++attempt) {
-            path_ = folder + ToWide(fixed.empty() ? TemporaryName(GetCurrentProcessId(), ++counter) : fixed);
-            // Others may delete it, since an interruption does while it is open.
-            file_.Reset(CreateFileW(path_.c_str(), GENERIC_WRITE, FILE_SHARE_DELETE, nullptr,
-                                    fixed.empty() ? CREATE_NEW : CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-            if (!file_.IsOpen() && GetLastError() != ERROR_FILE_EXISTS) {
-                RaiseSystemFault(GetLastError(), name_);
+        {
+            const NotInterrupted untilItIsNoted;
+            for (int attempt = 0; attempt < MostAttempts && !file_.IsOpen(); ++attempt) {
+                path_ = folder + ToWide(fixed.empty() ? TemporaryName(GetCurrentProcessId(), ++counter) : fixed);
+                // Others may delete it, since an interruption does while it is open.
+                file_.Reset(CreateFileW(path_.c_str(), GENERIC_WRITE, FILE_SHARE_DELETE, nullptr,
+                                        fixed.empty() ? CREATE_NEW : CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+                if (!file_.IsOpen() && GetLastError() != ERROR_FILE_EXISTS) {
+                    RaiseSystemFault(GetLastError(), name_);
+                }
             }
+            if (!file_.IsOpen()) {
+                RaiseFileFault(fault::PathAccess, name_);
+            }
+            lies_ = true;
         }
-        if (!file_.IsOpen()) {
-            RaiseFileFault(fault::PathAccess, name_);
+        if (fixed.empty()) {
+            RemoveLeftTemporaries(folder, file_.Get());
         }
-        lies_ = true;
     }
     ~TemporaryFile() {
         const NotInterrupted untilItIsGone;

@@ -15,6 +15,7 @@
 #include "base/fault_of.h"
 #include "platform/fault_subject.h"
 #include "platform/files.h"
+#include "platform/left_in_folder.h"
 #include "platform/process.h"
 #include "platform/temporary_folder.h"
 #include "platform/terminal.h"
@@ -68,6 +69,42 @@ TEST(WindowsFiles, AreFoundUnderJapaneseNames) {
     RenameFile(path, folder.Path("表"));
     RemoveFile(folder.Path("表"));
     EXPECT_EQ(folder.Entries(), 0U);
+}
+
+/// As a program that works on it does.
+class WrittenFile {
+public:
+    explicit WrittenFile(const std::string& path)
+        : handle_(CreateFileW(test::Utf8Path(path).c_str(), GENERIC_WRITE, FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                              FILE_ATTRIBUTE_NORMAL, nullptr)) {
+        EXPECT_NE(handle_, INVALID_HANDLE_VALUE);
+    }
+    ~WrittenFile() { CloseHandle(handle_); }
+    WrittenFile(const WrittenFile&) = delete;
+    WrittenFile& operator=(const WrittenFile&) = delete;
+
+private:
+    HANDLE handle_;
+};
+
+using test::Left;
+using test::LeftTemporaries;
+
+TEST_F(LeftTemporaries, ThatAnybodyHasOpenStaysUntilHeClosesIt) {
+    PutOld(Left);
+    {
+        const WrittenFile open(folder_.Path(Left));
+        Write();
+        EXPECT_TRUE(folder_.Has(Left));
+    }
+    Write();
+    EXPECT_EQ(folder_.Entries(), 1U);
+}
+
+TEST_F(LeftTemporaries, FoldersOfTheNameStay) {
+    std::filesystem::create_directory(folder_.Path(Left));
+    Write();
+    EXPECT_TRUE(folder_.Has(Left));
 }
 
 TEST(WindowsPaths, BothSlashesSeparateAndADriveHasARoot) {
