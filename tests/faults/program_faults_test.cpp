@@ -227,7 +227,8 @@ protected:
         // So the rules have it: a report that cannot be looked at is one that is missing.
         const bool uncompleted = failed.starts_with("stat ") && has("ANALYSIS UNCOMPLETED");
         const bool thread = failed.starts_with("thread ") && has("no thread can be started");
-        const bool parts = failed.starts_with("list ") && has(".part-1-of-N.sqlite: its folder");
+        const bool listed = failed.starts_with("list ") || failed == "open " + Folder.Path();
+        const bool parts = listed && has(".part-1-of-N.sqlite: its folder");
         if (uncompleted || parts || thread) {
             return true;
         }
