@@ -40,12 +40,22 @@ void TellOutcome(const StudyRequest& request, const study::RunOutcome& outcome, 
 
 /// Why a file of this run would take the place of one that the study is read from; empty if none would.
 std::string ReasonAgainstFiles(const StudyRequest& request, const study::Study& study) {
+    const std::string table = request.Output + ".csv";
+    const std::string bad = request.Output + "_bad.csv";
+    const std::string memory = study::MemoryPath(request.Output, request.Part, request.Parts);
     // With what lies beside them until they are whole.
     const std::array outputs{
-        std::pair{"--output", request.Output + ".csv"},         std::pair{"--output", request.Output + ".csv.new"},
-        std::pair{"--output", request.Output + "_bad.csv"},     std::pair{"--output", request.Output + "_bad.csv.new"},
-        std::pair{"--output", request.Output + ".sqlite"},      std::pair{"--output", request.Output + ".sqlite.new"},
-        std::pair{"--output", request.Output + ".sqlite.lock"}, std::pair{"--plot", request.Plot.Picture}};
+        std::pair{"--output", table},
+        std::pair{"--output", table + ".new"},
+        std::pair{"--output", bad},
+        std::pair{"--output", bad + ".new"},
+        std::pair{"--output", memory},
+        std::pair{"--output", memory + ".new"},
+        std::pair{"--output", memory + ".lock"},
+        std::pair{"--output", memory + "-wal"},
+        std::pair{"--output", memory + "-journal"},
+        std::pair{"--plot", request.Plot.Picture},
+    };
     for (const auto& [option, output] : outputs) {
         for (const std::string& input : {study.File, study.BaseFile, study.TableFile}) {
             if (!input.empty() && !output.empty() && solver::IsSameFile(output, input)) {

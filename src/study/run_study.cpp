@@ -37,11 +37,6 @@ double SecondsOf(Clock::duration time) {
     return std::chrono::duration<double>(time).count();
 }
 
-std::string MemoryPath(const RunOptions& options, int part, int parts) {
-    return options.Output + (parts > 0 ? ".part-" + std::to_string(part) + "-of-" + std::to_string(parts) : "") +
-           ".sqlite";
-}
-
 /// One run at a time on the files of a memory, from its opening to the last table: SQLite's own lock ends with its
 /// file, which is replaced in between. Where no lock can be had at all the run goes on without.
 class MemoryLock {
@@ -81,7 +76,7 @@ public:
         : study_(study),
           options_(options),
           range_(RangeOf(study.Rows, options.Part, options.Parts)),
-          path_(MemoryPath(options, options.Part, options.Parts)),
+          path_(MemoryPath(options.Output, options.Part, options.Parts)),
           lock_(path_),
           memory_(study, path_, range_) {
         earlier = earlier.value_or(memory_.DoneRows());
@@ -213,7 +208,7 @@ private:
     /// Has the file of a part read, which must be whole.
     template <class Read>
     void InPart(int part, int parts, const Read& read) const {
-        const std::string path = MemoryPath(options_, part, parts);
+        const std::string path = MemoryPath(options_.Output, part, parts);
         const RowRange range = RangeOf(study_.Rows, part, parts);
         if (!WrittenAt(path)) {
             throw FileError{path, 0, "there is no such file: run this part first"};
@@ -293,6 +288,10 @@ std::variant<RunOutcome, FileError> Guarded(const Work& work) {
 }
 
 }  // namespace
+
+std::string MemoryPath(const std::string& output, int part, int parts) {
+    return output + (parts > 0 ? ".part-" + std::to_string(part) + "-of-" + std::to_string(parts) : "") + ".sqlite";
+}
 
 RowRange RangeOf(std::uint64_t rows, int part, int parts) {
     if (parts <= 0) {

@@ -38,6 +38,10 @@ struct RunOutcome {
 /// Rows of a part: parts are as long as one another, but for one row.
 RowRange RangeOf(std::uint64_t rows, int part, int parts);
 
+/// The file that holds the results of a study, or of a part of it, and before its end what is done of them:
+/// OUTPUT.sqlite, OUTPUT.part-I-of-N.sqlite. While it is made others lie beside it, whose names begin with its own.
+std::string MemoryPath(const std::string& output, int part, int parts);
+
 /// Runs the study to its end: OUTPUT.sqlite, OUTPUT.csv and, for bad rows, OUTPUT_bad.csv; of a part only
 /// OUTPUT.part-I-of-N.sqlite. The same study gives the same bytes, however often it was stopped and on how many
 /// threads.

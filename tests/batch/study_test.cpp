@@ -177,14 +177,21 @@ TEST(Study, BadRowsAreToldAndKeptApart) {
 TEST(Study, AnInputOfTheStudyIsNeverReplaced) {
     const StudyWork folder;
     const std::string table = "layer 1 thickness\n10\n20\n";
-    for (const char* name : {"t.csv", "t_bad.csv"}) {
+    for (const std::string name :
+         {"t.csv", "t.csv.new", "t_bad.csv", "t_bad.csv.new", "t.sqlite", "t.sqlite.new", "t.sqlite.lock",
+          "t.sqlite-wal", "t.sqlite-journal", "t.part-1-of-2.sqlite", "t.part-1-of-2.sqlite.new",
+          "t.part-1-of-2.sqlite.lock", "t.part-1-of-2.sqlite-wal", "t.part-1-of-2.sqlite-journal"}) {
         folder.Put(name, table);
         folder.Put("t.toml", std::string("base = \"road.eva\"\nunits = 3\ntable = \"") + name +
                                  "\"\n[[keep]]\nvalue = \"W\"\npoint = 1\n");
         for (const char* output : {"t", "./t"}) {
-            const Outcome outcome = folder.Batch({"study", "t.toml", "-o", output});
+            Arguments line{"study", "t.toml", "-o", output};
+            if (name.find("part") != std::string::npos) {
+                line.insert(line.end(), {"--part", "1/2"});
+            }
+            const Outcome outcome = folder.Batch(line);
             EXPECT_EQ(outcome.Code, 2);
-            EXPECT_EQ(outcome.Err, std::string("--output: ") + name + " is an input of the study, and would be lost\n");
+            EXPECT_EQ(outcome.Err, "--output: " + name + " is an input of the study, and would be lost\n");
             EXPECT_EQ(folder.Get(name), table);
         }
         std::filesystem::remove(folder.Path(name));
