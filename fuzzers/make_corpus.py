@@ -4,6 +4,7 @@
 The first bytes of most targets choose what a file does not say (a language, a count); see the fuzzer's RunInput. What a
 fuzzer has found on its way is not in here: it finds that again in seconds.
 """
+import base64
 import random
 import re
 import shutil
@@ -122,6 +123,10 @@ def pavements():
         for layers in (0, 1, 2, 5):
             data = bytes([kind, layers]) + bytes(chance.randrange(256) for _ in range(150))
             put("solver", f"kind{kind}_layers{layers + 1}", data)
+    # A pressure beside which a film's stresses are so large that it is told as zero.
+    put("solver", "pressure_told_as_zero", base64.b64decode(
+        "AQHVHwAAAAAAAADXERTcozIKGzzXz+QiB7KysrLGT/PTowrcGzIUPNfP5CIHxiHz0zQq8QAAB9oCBD5jIK25i6sWhqKNmAEhDHc28+7FgNz8QwUAAAAA"
+        "AAAAAAAAAAD/5Nh3RNXreD6Wlo+JvoKFZeB+X32QJU5gpyHKgMZP89M0NA=="))
 
 
 class Visit:

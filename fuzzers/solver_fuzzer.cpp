@@ -27,6 +27,9 @@ constexpr double SameTelling = 1e-10;
 /// Where nothing is told otherwise but the order, the last digits of sums.
 constexpr double SameNumbers = 1e-14;
 
+/// Share of the largest value of a group below which a value is told as zero.
+constexpr double ToldAsZero = 1e-14;
+
 /// The largest pressure and radius of the loads: what the floor of a promise is made of.
 struct LoadUnits {
     double Pressure = 0;
@@ -131,7 +134,11 @@ void RequireSurfaceTractions(const Problem& problem, const Solution& solution) {
         }
         if (!nearEdge) {
             const Values& v = solution.Points[p].Values;
-            const double allowed = 1e-12 * sizes + 1e-13 * units.Pressure;
+            double largest = 0;
+            for (std::size_t c = GroupBegin[1]; c < GroupBegin[2]; ++c) {
+                largest = std::max(largest, std::fabs(v[c]));
+            }
+            const double allowed = 1e-12 * sizes + 1e-13 * units.Pressure + ToldAsZero * largest;
             RequireOf(std::fabs(v[solver::SIGz] - normal) <= allowed &&
                           std::fabs(v[solver::TAUzx] - shearX) <= allowed &&
                           std::fabs(v[solver::TAUyz] - shearY) <= allowed,

@@ -204,6 +204,22 @@ TEST(Sameness, ValuesThatVanishBySymmetryAreZeros) {
     }
 }
 
+// The wheel beside it bends the film under the point so that its stresses are 1E9 and more.
+TEST(Sameness, APressureThatIsNothingBesideTheStressesIsZeroAndItsBoundSaysSo) {
+    Problem problem;
+    problem.Layers = {{457231, 0.5, 0.001, 0}, {0.1, 0.5, 0, 0}};
+    problem.Loads = {{0.0054, 17, 0, 0.46, 104813, 135}, {46180, 0.114, -0.078, 0, 0, 0}};
+    const Point under{1, 0, 0.46, 0};
+    const PointResult little = At(problem, under);
+    const double pressure = 0.0054 / CircleArea(17);
+    EXPECT_EQ(little.Values[SIGz], 0);
+    EXPECT_NEAR(little.Values[TAUzx], 104813 / CircleArea(17) * std::sqrt(0.5), 1e-11);
+    EXPECT_GT(std::fabs(little.Values[SIGy]), 1e14 * pressure);
+    EXPECT_GT(little.Estimates[1] * std::fabs(little.Values[SIGy]), pressure);
+    problem.Loads[0].Vertical *= 1000;
+    EXPECT_NEAR(At(problem, under).Values[SIGz], -1000 * pressure, 1e-15);
+}
+
 TEST(Sameness, LoadsSuperpose) {
     Problem problem = Gear(0.0);
     const Point point{2, 12, 7, 30};
