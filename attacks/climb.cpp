@@ -114,18 +114,18 @@ bool Legal(const Problem& problem, double contrast) {
 
 }  // namespace
 
-Climbed Climb(const Problem& start, std::size_t point, Goal goal, int changes, Random& random, Tally& tally,
-              double promise) {
+Climbed Climb(const solver::Engine& engine, const Problem& start, std::size_t point, Goal goal, int changes,
+              Random& random, Tally& tally, double promise) {
     Climbed best;
     best.Problem = start;
     best.Problem.Points = {start.Points[point]};
-    best.Worst = WorstOf(Measure(best.Problem), goal);
+    best.Worst = WorstOf(Measure(engine, best.Problem), goal);
     for (int i = 0; i < changes; ++i) {
         const Problem next = Changed(best.Problem, random);
         if (!Legal(next, Contrast)) {
             continue;
         }
-        const auto errors = Measure(next);
+        const auto errors = Measure(engine, next);
         tally.Add(errors, promise);
         const GroupError worst = WorstOf(errors, goal);
         if (Height(worst, goal) > Height(best.Worst, goal)) {

@@ -15,7 +15,7 @@ struct Climbed {
 };
 
 /// Climbs for so many changes. @param start  a problem with at least one point; the point `point` is kept
-Climbed Climb(const solver::Problem& start, std::size_t point, Goal goal, int changes, Random& random, Tally& tally,
-              double promise);
+Climbed Climb(const solver::Engine& engine, const solver::Problem& start, std::size_t point, Goal goal, int changes,
+              Random& random, Tally& tally, double promise);
 
 }  // namespace zirvo::attack

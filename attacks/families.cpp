@@ -225,6 +225,53 @@ Problem RandomProblem(Family family, Random& random) {
     return problem;
 }
 
+void AddWheels(Problem& problem, Random& random) {
+    constexpr std::size_t PointsLeft = 10;
+    const int wheels = Count(random, 30, 60);
+    const double spread = LogBetween(random, 1.05, 3);
+    const Load first = problem.Loads.front();
+    for (int i = 0; i < wheels; ++i) {
+        Load load = first;
+        load.Radius = Rounded(first.Radius * LogBetween(random, 1, spread)) + 1e-3 * i;  // never two alike
+        load.X = Rounded(Between(random, -300, 300));
+        load.Y = Rounded(Between(random, -300, 300));
+        load.Vertical = first.Vertical * Between(random, 0.5, 1.5);
+        if (Chance(random, 0.4)) {
+            load.Horizontal = load.Vertical * Rounded(Between(random, -0.8, 0.8));
+            load.Angle = Rounded(Between(random, -180, 180));
+        }
+        problem.Loads.push_back(load);
+    }
+    std::erase_if(problem.Points, [&](const Point& point) { return NodesFor(problem, point) > MostNodes; });
+    problem.Points.resize(std::min(problem.Points.size(), PointsLeft));
+}
+
+void SetEdgePoints(Problem& problem, Random& random) {
+    problem.Loads.resize(std::min<std::size_t>(problem.Loads.size(), 2));
+    double& skin = problem.Layers.front().Thickness;
+    skin = Rounded(problem.Loads.front().Radius * LogBetween(random, 0.0015, 0.02));
+    if (problem.Layers.size() == 1) {
+        problem.Layers.push_back(problem.Layers.front());
+    }
+    problem.Points.clear();
+    for (int place = 0; place < 2; ++place) {
+        const Load& load = problem.Loads[random() % problem.Loads.size()];
+        const double share = Chance(random, 0.4) ? 0 : LogBetween(random, 1e-9, 0.09);
+        const double r = load.Radius * (Chance(random, 0.5) ? 1 + share : 1 - share);
+        const bool turned = Chance(random, 0.5);
+        const double x = load.X + (turned ? 0.6 * r : r);
+        const double y = load.Y + (turned ? 0.8 * r : 0);
+        for (const Point& point :
+             {Point{1, x, y, skin}, Point{2, x, y, skin}, Point{1, x, y, skin * Between(random, 0.3, 1)},
+              Point{2, x, y, skin * (1 + Between(random, 0, 1))}}) {
+            const double bottom = problem.Layers.size() == 2 ? HUGE_VAL : TopOf(problem, 3);
+            if (point.Z <= bottom && NodesFor(problem, point) <= MostEdgeNodes) {
+                problem.Points.push_back(point);
+            }
+        }
+    }
+}
+
 std::vector<Point> CrowdFor(const Problem& problem, Random& random) {
     constexpr int LinePoints = 700;
     constexpr int DepthPoints = 60;

@@ -31,8 +31,17 @@ solver::Problem RandomProblem(Family family, Random& random);
 /// them and many depths between two of one layer.
 std::vector<solver::Point> CrowdFor(const solver::Problem& problem, Random& random);
 
-/// Beyond so many nodes of the reference a point is too dear for the attack.
+/// Adds so many wheels whose radii are all different that the solver takes nodes between the radii where layers slip,
+/// and leaves some of the points only: the reference works for each radius anew.
+void AddWheels(solver::Problem& problem, Random& random);
+
+/// Makes the first layer a skin and sets points near the edges of the loads, in it and just below it: exactly on the
+/// edge, or as little off it as that a sum over wavenumbers is very long.
+void SetEdgePoints(solver::Problem& problem, Random& random);
+
+/// Beyond so many nodes of the reference a point is too dear for the attack; one of a few near an edge.
 inline constexpr double MostNodes = 9000;
+inline constexpr double MostEdgeNodes = 35000;
 
 /// Nodes that the reference needs for a point, roughly; infinite where its values jump.
 double NodesFor(const solver::Problem& problem, const solver::Point& point);

@@ -1,6 +1,7 @@
 // The attack: random pavements of four families and hill climbing from the worst of them, the solver against the
-// reference. attack [SECONDS] [SEED] [FOLDER]: what breaks a promise or a bound is written to FOLDER; the exit code is
-// then 1.
+// reference, with all loops that this machine can run in turn. attack [SECONDS] [SEED] [FOLDER] [PLOT] [LOOPS]: what
+// breaks a promise or a bound is written to FOLDER, and the exit code is then 1; errors and bounds are drawn to the
+// file PLOT; LOOPS are the only ones that are tried (baseline, avx2, avx512).
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -9,16 +10,19 @@
 #include <fstream>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "climb.h"
 #include "families.h"
 #include "finds.h"
 #include "measure.h"
 #include "plot.h"
+#include "solver/engine.h"
 
 namespace {
 
 using namespace zirvo::attack;
+using zirvo::solver::Engine;
 using Clock = std::chrono::steady_clock;
 
 struct Wishes {
@@ -26,7 +30,18 @@ struct Wishes {
     unsigned long Seed = 1;
     std::string Folder = ".";
     std::string Plot;
+    std::string Loops;
 };
+
+/// The loops that are to be tried.
+std::vector<const Engine*> EnginesOf(const Wishes& wishes) {
+    const Engine* runnable[4];
+    std::vector<const Engine*> engines(runnable, runnable + zirvo::solver::RunnableEngines(runnable));
+    if (!wishes.Loops.empty()) {
+        std::erase_if(engines, [&](const Engine* engine) { return engine->Name != wishes.Loops; });
+    }
+    return engines;
+}
 
 /// Writes one find; at most so many of a run, worst kinds tend to come in herds.
 class FindWriter {
@@ -34,7 +49,7 @@ public:
     explicit FindWriter(const Wishes& wishes) : wishes_(wishes) {}
 
     /// @param promise  the find is told with all its points where the worst alone shows nothing
-    void Write(const zirvo::solver::Problem& problem, std::span<const zirvo::solver::Point> crowd,
+    void Write(const Engine& engine, const zirvo::solver::Problem& problem, std::span<const zirvo::solver::Point> crowd,
                const GroupError& worst, Family family, double promise) {
         constexpr int Most = 20;
         if (count_ == Most) {
@@ -42,15 +57,16 @@ public:
         }
         zirvo::solver::Problem one = problem;
         one.Points = {problem.Points[worst.Point]};
-        const auto alone = Measure(one);
+        const auto alone = Measure(engine, one);
         if (std::none_of(alone.begin(), alone.end(), [&](const GroupError& e) { return Broken(e, promise); })) {
             one.Points = problem.Points;
             one.Points.insert(one.Points.end(), crowd.begin(), crowd.end());
         }
         const std::string name = "found_" + std::string(NameOf(family)) + "_" + std::to_string(wishes_.Seed) + "_" +
                                  std::to_string(++count_);
-        char about[120];
-        std::snprintf(about, sizeof about, "group %zu: error %.2e, bound %.2e", worst.Group, worst.Error, worst.Bound);
+        char about[140];
+        std::snprintf(about, sizeof about, "group %zu: error %.2e, bound %.2e (%s)", worst.Group, worst.Error,
+                      worst.Bound, engine.Name);
         std::ofstream(wishes_.Folder + "/" + name + ".json") << CaseText(one, name, about);
         std::printf("FOUND %s: %s\n", name.c_str(), about);
         std::fflush(stdout);
@@ -62,9 +78,15 @@ private:
 };
 
 /// One random problem, and now and then a climb from its worst point.
-void Round(Family family, Random& random, Tally& tally, FindWriter& finds) {
+void Round(const Engine& engine, Family family, Random& random, Tally& tally, FindWriter& finds) {
     const double promise = PromiseOf(family);
-    const auto problem = RandomProblem(family, random);
+    auto problem = RandomProblem(family, random);
+    const auto kind = random() % 64;
+    if (kind == 0) {
+        AddWheels(problem, random);
+    } else if (kind == 1) {
+        SetEdgePoints(problem, random);
+    }
     if (problem.Points.empty()) {
         return;
     }
@@ -72,21 +94,21 @@ void Round(Family family, Random& random, Tally& tally, FindWriter& finds) {
     if (random() % 8 == 0) {
         crowd = CrowdFor(problem, random);
     }
-    const auto errors = Measure(problem, crowd);
+    const auto errors = Measure(engine, problem, crowd);
     tally.Add(errors, promise);
     GroupError worst;
     for (const GroupError& e : errors) {
         if (Broken(e, promise)) {
-            finds.Write(problem, crowd, e, family, promise);
+            finds.Write(engine, problem, crowd, e, family, promise);
         }
         worst = e.Ratio() > worst.Ratio() ? e : worst;
     }
     if (!errors.empty() && random() % 32 == 0) {
         const Goal goal = random() % 2 == 0 ? Goal::Error : Goal::Ratio;
         // A climb may leave its family: what it meets is held to what all legal input is promised.
-        const Climbed top = Climb(problem, worst.Point, goal, 30, random, tally, PromiseOf(Family::Extreme));
+        const Climbed top = Climb(engine, problem, worst.Point, goal, 30, random, tally, PromiseOf(Family::Extreme));
         if (Broken(top.Worst, PromiseOf(Family::Extreme))) {
-            finds.Write(top.Problem, {}, top.Worst, family, PromiseOf(Family::Extreme));
+            finds.Write(engine, top.Problem, {}, top.Worst, family, PromiseOf(Family::Extreme));
         }
     }
 }
@@ -107,13 +129,22 @@ int main(int count, char** arguments) {
     if (count > 4) {
         wishes.Plot = arguments[4];
     }
+    if (count > 5) {
+        wishes.Loops = arguments[5];
+    }
+    const auto engines = EnginesOf(wishes);
+    if (engines.empty()) {
+        std::fprintf(stderr, "attack: this machine cannot run the loops \"%s\"\n", wishes.Loops.c_str());
+        return 2;
+    }
     const auto start = Clock::now();
     std::array<Tally, FamilyCount> tallies;
     FindWriter finds(wishes);
     for (unsigned long i = 0; std::chrono::duration<double>(Clock::now() - start).count() < wishes.Seconds; ++i) {
         Random random(wishes.Seed * 1000003 + i);
         const auto family = static_cast<Family>(i % FamilyCount);
-        Round(family, random, tallies[i % FamilyCount], finds);
+        const Engine& engine = *engines[i / FamilyCount % engines.size()];
+        Round(engine, family, random, tallies[i % FamilyCount], finds);
     }
     bool clean = true;
     for (int i = 0; i < FamilyCount; ++i) {

@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "reference.h"
+#include "solver/solve_with.h"
 
 namespace zirvo::attack {
 
@@ -26,7 +27,8 @@ double Quantile(Values values, double share) {
 
 }  // namespace
 
-std::vector<GroupError> Measure(const solver::Problem& problem, std::span<const solver::Point> crowd) {
+std::vector<GroupError> Measure(const solver::Engine& engine, const solver::Problem& problem,
+                                std::span<const solver::Point> crowd) {
     const auto truth = ReferenceValues(problem);
     std::vector<GroupError> errors;
     if (truth.empty()) {
@@ -34,7 +36,7 @@ std::vector<GroupError> Measure(const solver::Problem& problem, std::span<const 
     }
     solver::Problem crowded = problem;
     crowded.Points.insert(crowded.Points.end(), crowd.begin(), crowd.end());
-    const solver::Solution solution = solver::Solve(crowded, {1});
+    const solver::Solution solution = solver::SolveWith(engine, crowded, {1});
     double pressure = 0;
     double radius = 0;
     for (const solver::Load& load : problem.Loads) {

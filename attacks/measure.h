@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "families.h"
-#include "solver/solve.h"
+#include "solver/engine.h"
 
 namespace zirvo::attack {
 
@@ -24,8 +24,10 @@ struct GroupError {
 };
 
 /// Empty where the reference is too dear.
+/// @param engine  the loops that the solver works with
 /// @param crowd  further points that the solver is given too, so that it interpolates; they are not compared
-std::vector<GroupError> Measure(const solver::Problem& problem, std::span<const solver::Point> crowd = {});
+std::vector<GroupError> Measure(const solver::Engine& engine, const solver::Problem& problem,
+                                std::span<const solver::Point> crowd = {});
 
 /// What is allowed: the promise of the family.
 double PromiseOf(Family family);

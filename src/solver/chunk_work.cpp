@@ -77,7 +77,8 @@ std::vector<RadiusItem> ChunkWork::ChooseItems(double share) {
     for (std::size_t g = 0; g < groupRadii_.size(); ++g) {
         groupFirst_.push_back(items.size());
         for (const double r : groupRadii_[g]) {
-            items.push_back({r, r, std::fabs(r - work_.Groups[g].Radius), static_cast<int>(g)});
+            const double radius = work_.Groups[g].Radius;
+            items.push_back({r, r, std::fabs(r - radius), r + radius, static_cast<int>(g)});
         }
     }
     return items;
@@ -348,7 +349,7 @@ void ChunkWork::AddPair(std::size_t group, const GroupLoad& load, const PolarPos
             }
             AddHalfSpace(work_, depth, load, radius, gap, rows, errors);
         }
-        AddToPoint(work_, depth, load, position, radius, gap, rows, errors, sums[i - first]);
+        AddToPoint(work_, depth, load, position, radius, gap, false, rows, errors, sums[i - first]);
     }
 }
 

@@ -125,6 +125,35 @@ void AddDirect(const std::vector<Candidate>& band, double firstThickness, std::s
 
 }  // namespace
 
+std::vector<DepthChunk> WithEdgeChunks(const Work& work, std::vector<DepthChunk> chunks) {
+    const double largest = work.Groups.back().Radius;
+    std::vector<DepthChunk> edges;
+    std::vector<DepthChunk> rest;
+    if (work.Layers.M2.size() < 2) {
+        return chunks;
+    }
+    for (DepthChunk& chunk : chunks) {
+        const bool asked = !chunk.Direct && WorthSplitting(largest, 1.1 * largest, 0, LeastEffective(chunk));
+        DepthChunk near = asked ? chunk : DepthChunk{};
+        if (asked) {
+            const auto isNear = [&](const ChunkPoint& point) {
+                const PointDepth& depth = chunk.Depths[static_cast<std::size_t>(point.Depth)];
+                return IsNearEdge(work, point, EffectiveDepth(depth.Layer, depth.Z, work.Layers.Thickness[0]));
+            };
+            std::erase_if(near.Points, [&](const ChunkPoint& point) { return !isNear(point); });
+            std::erase_if(chunk.Points, isNear);
+        }
+        if (!near.Points.empty()) {
+            AddDirect({{&near, 0, 0}}, work.Layers.Thickness[0], MostPoints, edges);
+        }
+        if (!chunk.Points.empty()) {
+            rest.push_back(std::move(chunk));
+        }
+    }
+    edges.insert(edges.end(), std::make_move_iterator(rest.begin()), std::make_move_iterator(rest.end()));
+    return edges;
+}
+
 std::vector<DepthChunk> WithDirectChunks(const Work& work, std::vector<DepthChunk> chunks) {
     Loads loads;
     for (const LoadGroup& group : work.Groups) {

@@ -11,4 +11,8 @@ namespace zirvo::solver {
 /// the others.
 std::vector<DepthChunk> WithDirectChunks(const Work& work, std::vector<DepthChunk> chunks);
 
+/// The chunks, with the points near an edge of a load that would want a great many nodes in a table taken out of
+/// theirs, for direct ones in front of the others.
+std::vector<DepthChunk> WithEdgeChunks(const Work& work, std::vector<DepthChunk> chunks);
+
 }  // namespace zirvo::solver

@@ -15,6 +15,7 @@ namespace {
 
 constexpr double PairRounding = 4 * UnitRounding;   // of a sum of four products, times a Bessel function
 constexpr double MixedRounding = 6 * UnitRounding;  // where that is mixed of several
+constexpr double SlowRounding = 4 * UnitRounding;   // more of it in the slow share near an edge
 
 }  // namespace
 
@@ -57,38 +58,67 @@ DirectSum::DirectSum(const Work& work, const DepthChunk& chunk, std::span<const 
 }
 
 void DirectSum::Run() {
-    std::vector<double> edges;
-    for (const LoadGroup& group : groups_) {
-        edges.push_back(group.Radius);
-    }
     std::vector<RadiusItem> items;
-    double ze = HUGE_VAL;
-    for (const Pair& pair : pairs_) {
-        items.push_back({pair.Position.R, pair.Position.R, std::fabs(pair.Gap), 0});
-        const auto depth = static_cast<std::size_t>(chunk_.Points[pair.Point].Depth);
-        ze = std::min(ze, chunk_.Sources[depth].Effective);
+    std::vector<std::size_t> pairs, nearEdges;
+    for (std::size_t i = 0; i < pairs_.size(); ++i) {
+        const Pair& pair = pairs_[i];
+        if (IsNearEdge(pair)) {
+            nearEdges.push_back(i);
+        } else {
+            pairs.push_back(i);
+            const double r = pair.Position.R;
+            items.push_back({r, r, std::fabs(pair.Gap), r + groups_[pair.Group].Radius, 0});
+        }
     }
+    RunLevels(pairs, items);
+    RunNearEdges(std::move(nearEdges));
+}
+
+/// Effective depth of a pair [cm].
+double DirectSum::EffectiveOf(const Pair& pair) const {
+    return chunk_.Sources[static_cast<std::size_t>(chunk_.Points[pair.Point].Depth)].Effective;
+}
+
+LevelCosts DirectSum::Costs() const {
     LevelCosts costs;
     costs.Mild = !work_.Layers.Slips && work_.Layers.Contrast <= MildContrast;
     const auto radii = static_cast<double>(springs_.Radii.size());
     costs.PerNode = radii * FieldCost(work_.Layers, vertical_, horizontal_);
     costs.PerNodeAndColumn =
         PairCost(vertical_, horizontal_) + (springs_.Mixed() ? radii * MixCost(vertical_, horizontal_) : 0);
-    const auto levels = SplitIntoLevels(items, edges, ze, work_.Layers.LowScale, costs);
+    return costs;
+}
+
+/// @param items  of the pairs, in their order
+void DirectSum::RunLevels(const std::vector<std::size_t>& pairs, const std::vector<RadiusItem>& items) {
+    double ze = HUGE_VAL;
+    for (const std::size_t pair : pairs) {
+        ze = std::min(ze, EffectiveOf(pairs_[pair]));
+    }
+    const LevelCosts costs = Costs();
+    const auto levels = SplitIntoLevels(items, ze, work_.Layers.LowScale, costs);
     for (const RadiusLevel& level : levels) {
         const double most = std::clamp(care_.Budget / static_cast<double>(levels.size()) /
                                            (costs.PerNode + costs.PerNodeAndColumn * static_cast<double>(items.size())),
                                        FewestNodes, MostNodes);
-        std::vector<std::size_t> pairs = level.Items;
-        for (int refinement = care_.Careful ? 1 : 0; !pairs.empty(); ++refinement) {
-            nodes_ = static_cast<long>(most);
-            Sum(pairs, level.Range, refinement);
-            const bool last = refinement >= MostRefinements || 2 * static_cast<double>(nodes_) > most;
-            pairs.erase(std::remove_if(pairs.begin(), pairs.end(), [&](std::size_t pair) { return Finish(pair); }),
-                        pairs.end());
-            if (last) {
-                break;
-            }
+        std::vector<std::size_t> ofLevel;
+        for (const std::size_t item : level.Items) {
+            ofLevel.push_back(pairs[item]);
+        }
+        Refine(std::move(ofLevel), level.Range, most);
+    }
+}
+
+/// Finer steps for the pairs that want them, as long as there is room for twice the nodes.
+void DirectSum::Refine(std::vector<std::size_t> pairs, const WaveRange& range, double most) {
+    for (int refinement = care_.Careful ? 1 : 0; !pairs.empty(); ++refinement) {
+        nodes_ = static_cast<long>(most);
+        Sum(pairs, range, refinement);
+        const bool last = refinement >= MostRefinements || 2 * static_cast<double>(nodes_) > most;
+        pairs.erase(std::remove_if(pairs.begin(), pairs.end(), [&](std::size_t pair) { return Finish(pair); }),
+                    pairs.end());
+        if (last) {
+            break;
         }
     }
 }
@@ -96,6 +126,7 @@ void DirectSum::Run() {
 void DirectSum::Sum(const std::vector<std::size_t>& pairs, const WaveRange& range, int refinement) {
     range_ = range;
     rule_ = MakeNodeRule(range, refinement, work_.Layers.Slips);
+    SplitRule();
     active_ = pairs;
     for (const std::size_t pair : pairs) {
         scratch_.Sums[pair] = PairSums{};
@@ -110,8 +141,9 @@ void DirectSum::Sum(const std::vector<std::size_t>& pairs, const WaveRange& rang
         FillNodes(work_.TheEngine, rule_, first, nodes, xi_, xiLow_, weight);
         for (int s = 0; s * Segment < nodes; ++s) {
             const double xi = xi_[std::min((s + 1) * Segment, nodes) - 1];
-            segmentRounding_[s] =
-                (springs_.Mixed() ? MixedRounding : PairRounding) + ArgumentRounding(xi * range.Reach);
+            segmentRounding_[s] = (springs_.Mixed() ? MixedRounding : PairRounding) +
+                                  (share_ == Share::SlowBeyondSplit ? SlowRounding : 0) +
+                                  ArgumentRounding(xi * range.Reach);
             segmentEnvelope_[s] = 0.9 / std::sqrt(lowest);
             lowest = xi;
         }
@@ -177,8 +209,11 @@ void DirectSum::MakeFactors(int nodes, const double* weight) {
             double* const size = scratch_.Sizes.data() + g * NodeBlock;
             const double radius = groups_[g].Radius;
             for (int k = 0; k < nodes; ++k) {
-                factor[k] = weight[k] * radius * j1[static_cast<std::size_t>(k) * TileWidth + g - first];
-                size[k] = weight[k] * radius * Envelope(xi_[k] * radius);
+                const double beyond = share_ == Share::SlowBeyondSplit ? weight[k] * radius * BeyondSplit(xi_[k]) : 0;
+                factor[k] = share_ == Share::SlowBeyondSplit
+                                ? beyond
+                                : weight[k] * radius * j1[static_cast<std::size_t>(k) * TileWidth + g - first];
+                size[k] = (share_ == Share::SlowBeyondSplit ? beyond : weight[k] * radius) * Envelope(xi_[k] * radius);
             }
         }
     }
@@ -254,6 +289,8 @@ void DirectSum::AddNodes(int first, int nodes) {
     const Engine& engine = work_.TheEngine;
     const std::size_t slots = slotLayers_.size();
     alignas(64) double functions[4 * NodeBlock];
+    alignas(64) double slow[4 * PairNodes];
+    alignas(64) double low[PairNodes];
     double shares[Segments * Kinds];
     PairBlock block;
     block.Nodes = nodes;
@@ -295,6 +332,13 @@ void DirectSum::AddNodes(int first, int nodes) {
             block.SizeFirst = mix.SizeFirst;
             block.SizeShare = mix.SizeShare;
         }
+        if (share_ == Share::SlowBeyondSplit) {
+            MakeSlow(pair, first, nodes, slow);
+            block.Slow = slow;
+        } else if (share_ == Share::BelowSplit) {
+            MakeLow(pair, first, nodes, low);
+            block.XiLow = low;
+        }
         (springs_.Mixed() ? engine.AddMixedToPair : engine.AddToPair)(
             Bessels(), block, pair.Position.R, IsVertical(pair), IsHorizontal(pair), scratch_.Sums[index]);
     }
@@ -322,6 +366,9 @@ bool DirectSum::Finish(std::size_t pair) {
     const auto depth = static_cast<std::size_t>(DepthOf(pair));
     const double m2 = work_.Layers.M2[static_cast<std::size_t>(chunk_.Depths[depth].Layer)];
     const double decay = -std::expm1(-rule_.C * rule_.Step * chunk_.Sources[depth].Effective);
+    const bool slow = share_ == Share::SlowBeyondSplit;
+    auto& rows = slow ? slowRows_[pair] : rows_[pair];
+    SumErrors& errors = slow ? slowErrors_[pair] : errors_[pair];
     std::array<double, Kinds> half{}, value{};
     for (std::size_t row = 0; row < RowCount; ++row) {
         double even = 0;
@@ -330,7 +377,7 @@ bool DirectSum::Finish(std::size_t pair) {
             even += sums.Rows[row][i];
             odd += sums.Rows[row][i + 1];
         }
-        rows_[pair][row] = even + odd;
+        rows[row] = even + odd;
         const auto kind = static_cast<std::size_t>(RowKind[row]);
         half[kind] = std::max(half[kind], std::fabs(even - odd));
         value[kind] = std::max(value[kind], std::fabs(even + odd));
@@ -341,8 +388,10 @@ bool DirectSum::Finish(std::size_t pair) {
         const double scale = std::min(unit, sums.Magnitude[kind]);
         const double rule = scale > 0 ? RuleError(half[kind], scale) : 0;
         good = good && rule <= std::max(AbsoluteGoal * unit, RelativeGoal * value[kind]);
-        auto& error = kind % 2 == 1 ? errors_[pair].Displacement : errors_[pair].Strain;
-        error[kind / 2] = rule + sums.Tail[kind] / decay + std::sqrt(sums.Kernel2[kind]) + std::sqrt(sums.Sum2[kind]);
+        auto& error = kind % 2 == 1 ? errors.Displacement : errors.Strain;
+        // Below the split nothing is cut off: what the window takes from the sum is in the other share.
+        const double cut = share_ == Share::BelowSplit ? 0 : sums.Tail[kind] / decay;
+        error[kind / 2] = rule + cut + std::sqrt(sums.Kernel2[kind]) + std::sqrt(sums.Sum2[kind]);
     }
     return good;
 }

@@ -44,6 +44,13 @@ double FieldCost(const LayerTable& layers, bool vertical, bool horizontal);
 double PairCost(bool vertical, bool horizontal);
 double MixCost(bool vertical, bool horizontal);
 
+/// True for a pair near the edge of its load, and so near in depth, that its sum would take thousands of nodes if it
+/// were made whole: a direct sum is then made in two shares (direct_edges.cpp).
+/// @param gap  distance outside the edge; @param effective  ze, all in cm
+bool WorthSplitting(double radius, double r, double gap, double effective);
+/// The same of a point and any of the loads.
+bool IsNearEdge(const Work& work, const ChunkPoint& point, double effective);
+
 class DirectSum {
 public:
     /// @param chunk  its points by depth; @param groups  of the pairs, ascending; @param springs  for these groups;
@@ -53,6 +60,9 @@ public:
 
     void Run();
 
+    /// True for a pair whose sums have the distance from the edge of the load to its last digit.
+    bool HasExactGap(std::size_t pair) const { return IsNearEdge(pairs_[pair]); }
+
     const std::array<double, RowCount>& Rows(std::size_t pair) const { return rows_[pair]; }
     const SumErrors& Errors(std::size_t pair) const { return errors_[pair]; }
 
@@ -60,6 +70,19 @@ private:
     static constexpr int Segments = NodeBlock / Segment;
     static constexpr int SampleDepths = 2;  // of a layer
 
+    /// What of the products of two Bessel functions is summed, see direct_edges.cpp.
+    enum class Share { Whole, BelowSplit, SlowBeyondSplit };
+
+    LevelCosts Costs() const;
+    double EffectiveOf(const Pair& pair) const;
+    bool IsNearEdge(const Pair& pair) const;
+    void RunLevels(const std::vector<std::size_t>& pairs, const std::vector<RadiusItem>& items);
+    void RunNearEdges(std::vector<std::size_t> pairs);
+    void SplitRule();
+    double BeyondSplit(double xi) const;
+    void MakeLow(const Pair& pair, int first, int nodes, double* low) const;
+    void MakeSlow(const Pair& pair, int first, int nodes, double* slow) const;
+    void Refine(std::vector<std::size_t> pairs, const WaveRange& range, double most);
     void Sum(const std::vector<std::size_t>& pairs, const WaveRange& range, int refinement);
     void PlaceLayers();
     void MakeFactors(int nodes, const double* weight);
@@ -90,8 +113,13 @@ private:
     std::vector<KernelDepth> depths_;  // of the chunk
     std::vector<std::array<double, RowCount>> rows_;
     std::vector<SumErrors> errors_;
+    std::vector<std::array<double, RowCount>> slowRows_;  // of Share::SlowBeyondSplit, where there is one
+    std::vector<SumErrors> slowErrors_;
 
     // of the pass at hand
+    Share share_ = Share::Whole;
+    double split_ = 0;        // sigma of the window between both shares [1/cm]
+    double slowestFrom_ = 0;  // wavenumber below which the slow share is nothing [1/cm]
     NodeRule rule_;
     WaveRange range_;
     long nodes_ = 0;

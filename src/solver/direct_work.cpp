@@ -117,8 +117,8 @@ void DirectWork::AddPiece(const Piece& piece, const SpringNodes& springs, Direct
         auto rows = direct.Rows(i);
         SumErrors errors = direct.Errors(i);
         AddHalfSpace(work_, depth, load, group.Radius, pair.Gap, rows.data(), errors);
-        AddToPoint(work_, depth, load, pair.Position, group.Radius, pair.Gap, rows.data(), errors,
-                   sums[pair.Point - piece.FirstPoint]);
+        AddToPoint(work_, depth, load, pair.Position, group.Radius, pair.Gap, direct.HasExactGap(i), rows.data(),
+                   errors, sums[pair.Point - piece.FirstPoint]);
     }
 }
 
@@ -188,12 +188,16 @@ void DirectWork::Run() {
 }
 
 /// The points whose bounds are not good enough, with more care; what still is not, and is little, on tables, which hold
-/// each depth by itself.
+/// each depth by itself: but for those near an edge, which would want too many nodes there.
 void DirectWork::DoAgain() const {
     std::vector<bool> wanted;
     bool any = false;
     for (const ChunkPoint& point : chunk_.Points) {
-        wanted.push_back(!(WorstEstimate(work_.Results[point.Point]) <= RedoGoal));
+        const PointDepth& at = chunk_.Depths[static_cast<std::size_t>(point.Depth)];
+        wanted.push_back(
+            !(WorstEstimate(work_.Results[point.Point]) <= RedoGoal) &&
+            !(careful_ &&
+              IsNearEdge(work_, point, EffectiveDepth(at.Layer, at.Z, work_.TheProblem.Layers[0].Thickness))));
         any = any || wanted.back();
     }
     if (!any) {

@@ -162,6 +162,8 @@ struct PairBlock {
     const double* Components = nullptr;
     const double* Weights = nullptr;
     int Mixed = 0;
+    /// In place of the Bessel functions, where they are not wanted whole: [order * PairNodes + node].
+    const double* Slow = nullptr;
     int SizeFirst = 0;
     double SizeShare = 0;           ///< of the second
     const double* Doubt = nullptr;  ///< [segment * DoubtStride + kind]: share of kernels that is rounding

@@ -227,14 +227,18 @@ inline void AddPairNodes(const BesselTable& table, const PairBlock& block, doubl
         for (int node = from; node < to; node += 8) {
             alignas(64) double bessel[4][8];
             const bool tiny = block.Xi[node + 7] * r <= TinyArgument;
-            if (!tiny) {
+            if (!tiny && block.Slow == nullptr) {
                 BesselOfEight(table, block.Xi + node, block.XiLow + node, r, bessel);
             }
             Vec last[Kinds] = {All(0), All(0), All(0), All(0)};
             for (int part = 0; part < 8; part += ZIRVO_LANES) {
                 const int place = node + part;
                 Vec j[4];
-                if (tiny) {
+                if (block.Slow != nullptr) {
+                    for (int n = 0; n < 4; ++n) {
+                        j[n] = Load(block.Slow + n * PairNodes + place);
+                    }
+                } else if (tiny) {
                     TinyBessel(table, Load(block.Xi + place) * r, j);
                 } else {
                     for (int n = 0; n < 4; ++n) {

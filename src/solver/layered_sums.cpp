@@ -12,10 +12,8 @@ SumTable::SumTable(const LayerTable& layers, const std::vector<LoadGroup>& group
                    std::vector<RadiusItem> items, const Engine& engine, const TableCare& care)
     : items_(std::move(items)), places_(items_.size()), sources_(chunk.Sources.size()) {
     errors_.resize((items_.front().Group < 0 ? groups.size() : 1) * items_.size() * sources_);
-    std::vector<double> edges;
     bool horizontal = false;
     for (const LoadGroup& group : groups) {
-        edges.push_back(group.Radius);
         horizontal = horizontal || group.Horizontal;
         strides_.push_back(group.Horizontal ? RowStride : VerticalStride);
     }
@@ -34,7 +32,7 @@ SumTable::SumTable(const LayerTable& layers, const std::vector<LoadGroup>& group
                     (30 * static_cast<double>(std::min<std::size_t>(layers.M2.size(), 20)) + 8 * cases * sources);
     const double served = items_.front().Group < 0 ? static_cast<double>(groups.size()) : 1;
     costs.PerNodeAndColumn = 8 + 0.6 * cases * sources * served;
-    const auto levels = SplitIntoLevels(items_, edges, ze, layers.LowScale, costs);
+    const auto levels = SplitIntoLevels(items_, ze, layers.LowScale, costs);
     blocks_.resize(levels.size());
     std::vector<unsigned char> smooth(levels.size());
     ShareWith(care.Helpers, levels.size(), [&](std::size_t i) {

@@ -12,7 +12,7 @@ namespace {
 
 /// How many times its rounding a place (R, depth) shows in the sums: R over the distance of their singularities, and 1,
 /// or depth over thickness where they are interpolated in z.
-double SharpnessAt(const Work& work, const PointDepth& depth, double radius, double r, double gap) {
+double SharpnessAt(const Work& work, const PointDepth& depth, double radius, double r, double gap, bool exactGap) {
     const auto& thickness = work.Layers.Thickness;
     const auto layer = static_cast<std::size_t>(depth.Layer);
     // Near the edge the half-space has the gap to the last digit.
@@ -23,7 +23,7 @@ double SharpnessAt(const Work& work, const PointDepth& depth, double radius, dou
     }
     const double ze = layer == 0 ? 2 * thickness[0] - depth.Z : depth.Z;
     const double inDepth = depth.Source < 0 && layer + 1 < thickness.size() ? depth.Z / thickness[layer] : 1;
-    return std::max(own, r / std::sqrt(gap * gap + ze * ze)) + inDepth;
+    return std::max(own, exactGap ? 1 : r / std::sqrt(gap * gap + ze * ze)) + inDepth;
 }
 
 }  // namespace
@@ -73,13 +73,13 @@ void AddLoad(const GroupLoad& load, const PolarPosition& position, double radius
 }
 
 void AddToPoint(const Work& work, const PointDepth& depth, const GroupLoad& load, const PolarPosition& position,
-                double radius, double gap, double* rows, const SumErrors& errors, PointSums& sums) {
+                double radius, double gap, bool exactGap, double* rows, const SumErrors& errors, PointSums& sums) {
     const double strain = sums.StrainSize;
     const double displacement = sums.DisplacementSize;
     AddLoad(load, position, radius, gap, depth.Z, rows, errors, sums);
     // Each load has a place of its own, whose rounding stays where loads cancel.
     constexpr double PlaceRounding = 2.2e-16;
-    const double place = PlaceRounding * SharpnessAt(work, depth, radius, position.R, gap);
+    const double place = PlaceRounding * SharpnessAt(work, depth, radius, position.R, gap, exactGap);
     sums.StrainError += place * (sums.StrainSize - strain);
     sums.DisplacementError += place * (sums.DisplacementSize - displacement);
 }

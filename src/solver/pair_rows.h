@@ -18,7 +18,8 @@ void AddLoad(const GroupLoad& load, const PolarPosition& position, double radius
              const SumErrors& errors, PointSums& sums);
 
 /// The same, and how sharply the rows see the rounding of the point's place.
+/// @param exactGap  the sums were made with `gap` as it is, not with the difference of two rounded radii
 void AddToPoint(const Work& work, const PointDepth& depth, const GroupLoad& load, const PolarPosition& position,
-                double radius, double gap, double* rows, const SumErrors& errors, PointSums& sums);
+                double radius, double gap, bool exactGap, double* rows, const SumErrors& errors, PointSums& sums);
 
 }  // namespace zirvo::solver

@@ -72,6 +72,7 @@ std::vector<RadiusItem> MakeCells(double low, double high, std::span<const doubl
             cell.High = std::max(high, from);
         }
         cell.Gap = Distance(cell.Low, cell.High, edges);
+        cell.Reach = cell.High + edges.back();
         cells.push_back(cell);
         if (last) {
             return cells;
@@ -80,8 +81,8 @@ std::vector<RadiusItem> MakeCells(double low, double high, std::span<const doubl
     }
 }
 
-std::vector<RadiusLevel> SplitIntoLevels(std::span<const RadiusItem> items, std::span<const double> edges, double ze,
-                                         double thickness, const LevelCosts& costs) {
+std::vector<RadiusLevel> SplitIntoLevels(std::span<const RadiusItem> items, double ze, double thickness,
+                                         const LevelCosts& costs) {
     const std::size_t count = items.size();
     std::vector<std::size_t> order(count);
     std::iota(order.begin(), order.end(), std::size_t{0});
@@ -98,7 +99,7 @@ std::vector<RadiusLevel> SplitIntoLevels(std::span<const RadiusItem> items, std:
         double columns = 0;
         for (std::size_t j = i; j < count; ++j) {
             const RadiusItem& item = items[order[j]];
-            reach = std::max(reach, item.High + edges.back());
+            reach = std::max(reach, item.Reach);
             columns += item.Group < 0 ? ChebyshevCount : 1;
             if ((j + 1) % stride != 0 && j + 1 != count) {
                 continue;
@@ -118,7 +119,7 @@ std::vector<RadiusLevel> SplitIntoLevels(std::span<const RadiusItem> items, std:
         double reach = 0;
         for (std::size_t j = split[end]; j < end; ++j) {
             level.Items.push_back(order[j]);
-            reach = std::max(reach, items[order[j]].High + edges.back());
+            reach = std::max(reach, items[order[j]].Reach);
         }
         std::sort(level.Items.begin(), level.Items.end());
         level.Range = RangeOf(reach, items[order[split[end]]].Gap, ze, thickness, costs.Mild);

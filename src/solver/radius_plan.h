@@ -16,10 +16,11 @@ namespace zirvo::solver {
 
 /// One cell of radii, or one radius of one group of loads.
 struct RadiusItem {
-    double Low = 0;   ///< cm
-    double High = 0;  ///< cm; equal to Low for a single radius
-    double Gap = 0;   ///< distance to the nearest load edge [cm]
-    int Group = -1;   ///< loads of one radius that it serves; -1: all
+    double Low = 0;    ///< cm
+    double High = 0;   ///< cm; equal to Low for a single radius
+    double Gap = 0;    ///< distance to the nearest load edge [cm]
+    double Reach = 0;  ///< High plus the largest load radius that it serves [cm]
+    int Group = -1;    ///< loads of one radius that it serves; -1: all
 };
 
 /// Items that share their wavenumbers.
@@ -51,7 +52,7 @@ std::vector<RadiusItem> MakeCells(double low, double high, std::span<const doubl
 
 /// The cheapest split of the items into levels.
 /// @param ze  smallest effective depth [cm]; @param thickness  sum of the layers' thicknesses [cm]
-std::vector<RadiusLevel> SplitIntoLevels(std::span<const RadiusItem> items, std::span<const double> edges, double ze,
-                                         double thickness, const LevelCosts& costs);
+std::vector<RadiusLevel> SplitIntoLevels(std::span<const RadiusItem> items, double ze, double thickness,
+                                         const LevelCosts& costs);
 
 }  // namespace zirvo::solver

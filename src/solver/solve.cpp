@@ -13,6 +13,7 @@
 #include "solver/direct_sum.h"
 #include "solver/direct_work.h"
 #include "solver/half_space.h"
+#include "solver/solve_with.h"
 
 namespace zirvo::solver {
 
@@ -82,7 +83,7 @@ std::size_t ThreadsOf(const SolveOptions& options) {
 
 }  // namespace
 
-Solution Solve(const Problem& problem, const SolveOptions& options) {
+Solution SolveWith(const Engine& engine, const Problem& problem, const SolveOptions& options) {
     Solution solution;
     solution.Points.resize(problem.Points.size());
     if (!WithinReach(problem)) {
@@ -95,10 +96,10 @@ Solution Solve(const Problem& problem, const SolveOptions& options) {
     }
     std::vector<LoadGroup> groups = GroupLoads(problem);
     const LoadScale scale = ScaleOf(problem);
-    Work work{problem, LayerTable(problem), std::move(groups), BestEngine(), scale, solution.Points};
+    Work work{problem, LayerTable(problem), std::move(groups), engine, scale, solution.Points};
     Crew crew(IsSmall(work) ? 1 : std::min(ThreadsOf(options), problem.Points.size()));
     work.Helpers = &crew;
-    auto chunks = WithDirectChunks(work, PlanDepths(problem, MostSources, &crew));
+    auto chunks = WithEdgeChunks(work, WithDirectChunks(work, PlanDepths(problem, MostSources, &crew)));
     // The largest first, so that little is left for one thread alone.
     std::stable_sort(chunks.begin(), chunks.end(),
                      [](const DepthChunk& a, const DepthChunk& b) { return a.Points.size() > b.Points.size(); });
@@ -116,6 +117,10 @@ Solution Solve(const Problem& problem, const SolveOptions& options) {
         }
     }
     return solution;
+}
+
+Solution Solve(const Problem& problem, const SolveOptions& options) {
+    return SolveWith(BestEngine(), problem, options);
 }
 
 }  // namespace zirvo::solver

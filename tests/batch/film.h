@@ -3,10 +3,11 @@
 
 namespace zirvo::test {
 
-/// A film of 0.1 mm at the edge of a load of 1 km, which asks for more wavenumbers than there is time for; the second
-/// point, at its middle, lies 0.05 mm below the film.
+/// A plate that floats on something 5E14 times as soft under opposite loads 1E-6 cm apart: each alone moves it further
+/// than both together by more digits than there are. The point lies 0.05 mm below the plate.
 inline constexpr const char* Film =
-    "h\nf.bre\nf.san\n\nh\n2 1 2\n\nh\nh\n5000 0.35 0.01 0\n50 0.4\n\nh\nh\n490000 100000 0 0 0 0\n\nh\nh\n"
-    "2 99999.99 0 0.01\n1 0 0 0.015\n";
+    "h\nf.bre\nf.san\n\nh\n2 2 1\n\nh\nh\n5000 0.3 10 0\n1E-11 0.3\n\nh\nh\n1000 10 0 0 0 0\n-1000 10 1E-6 0 0 "
+    "0\n\nh\nh\n"
+    "1 5 0 10.005\n";
 
 }  // namespace zirvo::test

@@ -229,7 +229,7 @@ TEST_F(Solve, AFileCutAtAnyPlaceEitherReadsOrIsRefused) {
 TEST_F(Solve, TellsOfMovedPointsAndOfBoundsAboveThePromise) {
     const Outcome outcome = Run(Film);
     EXPECT_EQ(outcome.Code, 0);
-    EXPECT_EQ(LinesOf(outcome.Out).size(), 3U);
+    EXPECT_EQ(LinesOf(outcome.Out).size(), 2U);
     EXPECT_EQ(outcome.Err,
               "road.eva: 1 point just outside its layer was taken on its boundary\n"
               "road.eva: 1 point has a bound of the relative error above 1E-9; --estimates tells which\n");

@@ -125,9 +125,9 @@ TEST(Cells, OneRadiusIsOneCellOfNoWidth) {
 TEST(Levels, HoldEveryItemOnceAndSplitOnlyWhereItPays) {
     const std::vector<double> edges = {15};
     const auto near = MakeCells(0, 60, edges, 15, CellShare);
-    EXPECT_EQ(SplitIntoLevels(near, edges, 15, 45, {100, 10}).size(), 1U);
+    EXPECT_EQ(SplitIntoLevels(near, 15, 45, {100, 10}).size(), 1U);
     const auto far = MakeCells(0, 10000, edges, 0.1, CellShare);
-    const auto levels = SplitIntoLevels(far, edges, 0.1, 45, {100, 10});
+    const auto levels = SplitIntoLevels(far, 0.1, 45, {100, 10});
     EXPECT_GT(levels.size(), 2U);
     std::vector<int> seen(far.size());
     for (const RadiusLevel& level : levels) {
