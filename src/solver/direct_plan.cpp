@@ -127,24 +127,26 @@ void AddDirect(const std::vector<Candidate>& band, double firstThickness, std::s
 
 std::vector<DepthChunk> WithEdgeChunks(const Work& work, std::vector<DepthChunk> chunks) {
     const double largest = work.Groups.back().Radius;
-    std::vector<DepthChunk> edges;
-    std::vector<DepthChunk> rest;
-    if (work.Layers.M2.size() < 2) {
+    const auto asked = [&](const DepthChunk& chunk) {
+        return !chunk.Direct && WorthSplitting(largest, 1.1 * largest, 0, LeastEffective(chunk));
+    };
+    if (work.Layers.M2.size() < 2 || std::none_of(chunks.begin(), chunks.end(), asked)) {
         return chunks;
     }
+    std::vector<DepthChunk> edges;
+    std::vector<DepthChunk> rest;
     for (DepthChunk& chunk : chunks) {
-        const bool asked = !chunk.Direct && WorthSplitting(largest, 1.1 * largest, 0, LeastEffective(chunk));
-        DepthChunk near = asked ? chunk : DepthChunk{};
-        if (asked) {
+        if (asked(chunk)) {
             const auto isNear = [&](const ChunkPoint& point) {
                 const PointDepth& depth = chunk.Depths[static_cast<std::size_t>(point.Depth)];
                 return IsNearEdge(work, point, EffectiveDepth(depth.Layer, depth.Z, work.Layers.Thickness[0]));
             };
+            DepthChunk near = chunk;
             std::erase_if(near.Points, [&](const ChunkPoint& point) { return !isNear(point); });
-            std::erase_if(chunk.Points, isNear);
-        }
-        if (!near.Points.empty()) {
-            AddDirect({{&near, 0, 0}}, work.Layers.Thickness[0], MostPoints, edges);
+            if (!near.Points.empty()) {
+                std::erase_if(chunk.Points, isNear);
+                AddDirect({{&near, 0, 0}}, work.Layers.Thickness[0], MostPoints, edges);
+            }
         }
         if (!chunk.Points.empty()) {
             rest.push_back(std::move(chunk));
