@@ -209,11 +209,15 @@ void DirectSum::MakeFactors(int nodes, const double* weight) {
             double* const size = scratch_.Sizes.data() + g * NodeBlock;
             const double radius = groups_[g].Radius;
             for (int k = 0; k < nodes; ++k) {
-                const double beyond = share_ == Share::SlowBeyondSplit ? weight[k] * radius * BeyondSplit(xi_[k]) : 0;
-                factor[k] = share_ == Share::SlowBeyondSplit
-                                ? beyond
-                                : weight[k] * radius * j1[static_cast<std::size_t>(k) * TileWidth + g - first];
-                size[k] = (share_ == Share::SlowBeyondSplit ? beyond : weight[k] * radius) * Envelope(xi_[k] * radius);
+                factor[k] = weight[k] * radius * j1[static_cast<std::size_t>(k) * TileWidth + g - first];
+                size[k] = weight[k] * radius * Envelope(xi_[k] * radius);
+            }
+            if (share_ == Share::SlowBeyondSplit) {  // J1 stands in the slow share of both Bessel functions
+                for (int k = 0; k < nodes; ++k) {
+                    const double beyond = BeyondSplit(xi_[k]);
+                    factor[k] = weight[k] * radius * beyond;
+                    size[k] *= beyond;
+                }
             }
         }
     }
