@@ -41,18 +41,6 @@ void Scale(TwoPart factor, TwoPart out[2]) {
     out[1] = out[1] * factor;
 }
 
-/// Cosine and sine of degrees, of multiples of a right angle exactly.
-void Direction(double degrees, TwoPart& cosine, TwoPart& sine) {
-    const double turn = std::remainder(degrees, 360.0);
-    const double quarter = std::nearbyint(turn / 90);
-    SineCosine(TwoPart(turn - 90 * quarter) * TwoPartPi / TwoPart(180), sine, cosine);
-    for (int i = (static_cast<int>(quarter) + 4) % 4; i > 0; --i) {
-        const TwoPart before = cosine;
-        cosine = -sine;
-        sine = before;
-    }
-}
-
 void AddProduct(TwoPart a, TwoPart b, TwoPart& sum) {
     sum += a * b;
 }

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "solver/depth_plan.h"
+#include "solver/two_part.h"
 
 namespace zirvo::solver {
 
@@ -105,25 +106,45 @@ std::array<double, 2> DirectionOf(double degrees) {
     return direction;
 }
 
-void AddLoad(const Load& load, LoadGroup& group) {
-    const double area = CircleArea(load.Radius);
-    const auto [cosine, sine] = DirectionOf(load.Angle);
-    const GroupLoad added{load.X, load.Y, load.Vertical / area, load.Horizontal / area, cosine, sine};
-    for (GroupLoad& before : group.Loads) {
-        if (before.X != added.X || before.Y != added.Y) {
-            continue;
-        }
-        before.Pressure += added.Pressure;
-        if (added.Shear != 0) {
-            const double x = before.Shear * before.Cos + added.Shear * added.Cos;
-            const double y = before.Shear * before.Sin + added.Shear * added.Sin;
-            before.Shear = std::hypot(x, y);
-            before.Cos = before.Shear > 0 ? x / before.Shear : 1;
-            before.Sin = before.Shear > 0 ? y / before.Shear : 0;
-        }
-        return;
+/// Loads of one radius at one place.
+using Stack = std::vector<const Load*>;
+
+/// They act as one. Their forces are added up in two parts: what is left of opposite ones may be a millionth of them.
+GroupLoad Together(const Stack& stack) {
+    const Load& first = *stack.front();
+    const double area = CircleArea(first.Radius);
+    if (stack.size() == 1) {
+        const auto [cosine, sine] = DirectionOf(first.Angle);
+        return {first.X, first.Y, first.Vertical / area, first.Horizontal / area, cosine, sine};
     }
-    group.Loads.push_back(added);
+    TwoPart vertical, x, y;
+    for (const Load* load : stack) {
+        vertical += load->Vertical;
+        if (load->Horizontal != 0) {
+            TwoPart cosine, sine;
+            Direction(load->Angle, cosine, sine);
+            x += cosine * TwoPart(load->Horizontal);
+            y += sine * TwoPart(load->Horizontal);
+        }
+    }
+    const double horizontal = std::hypot(x.High, y.High);
+    const bool any = horizontal > 0;
+    return {first.X,
+            first.Y,
+            vertical.High / area,
+            horizontal / area,
+            any ? x.High / horizontal : 1,
+            any ? y.High / horizontal : 0};
+}
+
+void AddTo(std::vector<Stack>& stacks, const Load& load) {
+    for (Stack& stack : stacks) {
+        if (stack.front()->X == load.X && stack.front()->Y == load.Y) {
+            stack.push_back(&load);
+            return;
+        }
+    }
+    stacks.push_back({&load});
 }
 
 }  // namespace
@@ -133,16 +154,19 @@ double CircleArea(double radius) {
 }
 
 std::vector<LoadGroup> GroupLoads(const Problem& problem) {
-    std::map<double, LoadGroup> byRadius;
+    std::map<double, std::vector<Stack>> byRadius;
     for (const Load& load : problem.Loads) {
-        byRadius[load.Radius].Radius = load.Radius;
-        AddLoad(load, byRadius[load.Radius]);
+        AddTo(byRadius[load.Radius], load);
     }
     std::vector<LoadGroup> groups;
-    for (auto& [radius, group] : byRadius) {
-        for (const GroupLoad& load : group.Loads) {
+    for (const auto& [radius, stacks] : byRadius) {
+        LoadGroup group;
+        group.Radius = radius;
+        for (const Stack& stack : stacks) {
+            const GroupLoad load = Together(stack);
             group.Vertical = group.Vertical || load.Pressure != 0;
             group.Horizontal = group.Horizontal || load.Shear != 0;
+            group.Loads.push_back(load);
         }
         groups.push_back(std::move(group));
     }

@@ -167,6 +167,17 @@ void SineCosine(TwoPart x, TwoPart& sine, TwoPart& cosine) {
     }
 }
 
+void Direction(double degrees, TwoPart& cosine, TwoPart& sine) {
+    const double turn = std::remainder(degrees, 360.0);
+    const double quarter = std::nearbyint(turn / 90);
+    SineCosine(TwoPart(turn - 90 * quarter) * TwoPartPi / TwoPart(180), sine, cosine);
+    for (int i = (static_cast<int>(quarter) + 4) % 4; i > 0; --i) {
+        const TwoPart before = cosine;
+        cosine = -sine;
+        sine = before;
+    }
+}
+
 void TwoPartBessel(TwoPart x, TwoPart out[4]) {
     if (x.High < Limit) {
         SmallBessel(x, out);

@@ -75,6 +75,9 @@ TwoPart SquareRoot(TwoPart a);
 /// sin x and cos x, |x| up to 1E9.
 void SineCosine(TwoPart x, TwoPart& sine, TwoPart& cosine);
 
+/// Cosine and sine of degrees, of multiples of a right angle exactly.
+void Direction(double degrees, TwoPart& cosine, TwoPart& sine);
+
 /// J0 .. J3 of x >= 0, each to about 1E-30 of the largest of them.
 void TwoPartBessel(TwoPart x, TwoPart out[4]);
 

@@ -122,6 +122,32 @@ TEST(Sameness, LoadsInOnePlaceAreOneLoadAndMayCancel) {
     }
 }
 
+// 1E6 kgf up and down, and two of a gram: only these are left, whatever the order in which the forces are added.
+TEST(Sameness, LoadsInOnePlaceLeaveWhatIsLeftOfThemToTheLastDigit) {
+    Problem problem = ClassicRoad(0.3);
+    problem.Points = {{1, 0, 0, 0}, {2, 9, 4, 30}};
+    Problem rest = problem;
+    rest.Loads = {{0.003, 15, 1, 2, 0.0005, 90}};
+    const Solution truth = Solve(rest, {1});
+    std::vector<Load> loads = {{-1e6, 15, 1, 2, 2e5, 17},
+                               {0.001, 15, 1, 2, 0, 0},
+                               {1e6, 15, 1, 2, 2e5, -163},
+                               {0.002, 15, 1, 2, 0.0005, 90}};
+    const auto byForce = [](const Load& a, const Load& b) { return a.Vertical < b.Vertical; };
+    std::sort(loads.begin(), loads.end(), byForce);
+    do {
+        problem.Loads = loads;
+        const Solution solution = Solve(problem, {1});
+        for (std::size_t i = 0; i < problem.Points.size(); ++i) {
+            for (std::size_t c = 0; c < ComponentCount; ++c) {
+                EXPECT_NEAR(solution.Points[i].Values[c], truth.Points[i].Values[c],
+                            1e-12 * std::fabs(truth.Points[i].Values[c]) + 1e-25)
+                    << i << ' ' << c;
+            }
+        }
+    } while (std::next_permutation(loads.begin(), loads.end(), byForce));
+}
+
 TEST(Sameness, LoadsOfNothingGiveZerosWithoutError) {
     Problem problem = ClassicRoad(0.3);
     problem.Loads = {{0, 15, 0, 0, 0, 0}};
