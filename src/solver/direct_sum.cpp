@@ -395,7 +395,8 @@ bool DirectSum::Finish(std::size_t pair) {
         auto& error = kind % 2 == 1 ? errors.Displacement : errors.Strain;
         // Below the split nothing is cut off: what the window takes from the sum is in the other share.
         const double cut = share_ == Share::BelowSplit ? 0 : sums.Tail[kind] / decay;
-        error[kind / 2] = rule + cut + std::sqrt(sums.Kernel2[kind]) + std::sqrt(sums.Sum2[kind]);
+        const double growth = GrowthRounding(static_cast<double>(nodes_) / PairNodes, value[kind]);
+        error[kind / 2] = rule + cut + growth + std::sqrt(sums.Kernel2[kind]) + std::sqrt(sums.Sum2[kind]);
     }
     return good;
 }

@@ -218,7 +218,7 @@ inline void AddPairNodes(const BesselTable& table, const PairBlock& block, doubl
     constexpr int FirstRow = VERTICAL ? 0 : VerticalRows, LastRow = HORIZONTAL ? RowCount : VerticalRows;
     Vec rows[RowCount];
     for (int row = FirstRow; row < LastRow; ++row) {
-        rows[row] = Load(sums.Rows[row]);
+        rows[row] = All(0);  // not what there is already: beside that many small ones would be lost one by one
     }
     const Vec root = Sqrt(All(r));
     for (int from = 0; from < block.Nodes; from += Segment) {
@@ -284,7 +284,7 @@ inline void AddPairNodes(const BesselTable& table, const PairBlock& block, doubl
         }
     }
     for (int row = FirstRow; row < LastRow; ++row) {
-        Store(sums.Rows[row], rows[row]);
+        Store(sums.Rows[row], Load(sums.Rows[row]) + rows[row]);
     }
 }
 

@@ -142,8 +142,9 @@ bool LevelSum::FinishItem(std::size_t g, std::size_t item) {
             good = good && m.Rule[kind] <= goal;
             smooth_ = smooth_ && m.Interpolation[kind] <= goal;
             auto& error = kind % 2 == 1 ? errors.Displacement : errors.Strain;
+            const double growth = GrowthRounding(static_cast<double>(nodes_) / NodeBlock, m.Value[kind]);
             error[kind / 2] =
-                m.Interpolation[kind] + spread * (m.Rule[kind] + m.Cut[kind] + m.Kernel[kind] + m.Sum[kind]);
+                m.Interpolation[kind] + spread * (m.Rule[kind] + m.Cut[kind] + m.Kernel[kind] + m.Sum[kind] + growth);
         }
     }
     return good;

@@ -14,6 +14,7 @@ namespace {
 constexpr double KernelRange = 42;   // xi * ze at which a kernel without slip has ended
 constexpr double WindowRange = 192;  // xi * gap at which a windowed sum has ended
 constexpr double MildWindowRange = 156;
+constexpr double FarApart = 1.5;  // of the distances of two neighbours, where a level may begin
 
 /// Distance of the interval low..high from the nearest edge.
 double Distance(double low, double high, std::span<const double> edges) {
@@ -89,19 +90,27 @@ std::vector<RadiusLevel> SplitIntoLevels(std::span<const RadiusItem> items, doub
     std::stable_sort(order.begin(), order.end(), [&](auto a, auto b) { return items[a].Gap < items[b].Gap; });
 
     // best[j]: least cost of the first j items in this order; split[j]: where its last level begins. Where the items
-    // are many, levels begin at every few of them only.
+    // are many, levels begin at every few of them only, and where the next distance is much more than the one before.
     const std::size_t stride = std::max<std::size_t>(1, count / 32);
+    std::vector<bool> mayBegin(count + 1);
+    for (std::size_t i = 0; i < count; ++i) {
+        mayBegin[i] = i % stride == 0 || items[order[i]].Gap > FarApart * items[order[i - 1]].Gap;
+    }
+    mayBegin[count] = true;
     std::vector<double> best(count + 1, std::numeric_limits<double>::infinity());
     std::vector<std::size_t> split(count + 1, 0);
     best[0] = 0;
-    for (std::size_t i = 0; i < count; i += stride) {
+    for (std::size_t i = 0; i < count; ++i) {
+        if (!mayBegin[i]) {
+            continue;
+        }
         double reach = 0;
         double columns = 0;
         for (std::size_t j = i; j < count; ++j) {
             const RadiusItem& item = items[order[j]];
             reach = std::max(reach, item.Reach);
             columns += item.Group < 0 ? ChebyshevCount : 1;
-            if ((j + 1) % stride != 0 && j + 1 != count) {
+            if (!mayBegin[j + 1]) {
                 continue;
             }
             const WaveRange range = RangeOf(reach, items[order[i]].Gap, ze, thickness, costs.Mild);

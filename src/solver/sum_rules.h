@@ -41,6 +41,12 @@ inline double RuleError(double half, double scale) {
     return half * std::min(RuleSafety * share / std::sqrt(std::sqrt(std::min(share, 1.0))), 1 + share);
 }
 
+/// What is lost where a sum grows block by block: the rounding of what there is at each of them. A great many blocks
+/// that are small beside it all lose in one direction.
+inline double GrowthRounding(double blocks, double value) {
+    return UnitRounding * blocks * value;
+}
+
 /// Size of J1(x) without its oscillation.
 inline double Envelope(double x) {
     return std::min(0.5 * x, 0.8 / std::sqrt(x));

@@ -112,6 +112,30 @@ TEST(Direct, PairsAgreeWithTablesWithinBothBounds) {
     }
 }
 
+// Far points among those at the loads once made sums of ninety thousand nodes, most of them too small to show one by
+// one beside what there was already: opposite loads were five thousand millionths off, beyond their bounds.
+TEST(Direct, OppositeLoadsInACrowdOfFarPointsKeepTheirBounds) {
+    Problem problem;
+    problem.Layers = {{91.6, 0.5, 0.101, 0.99}, {8490, 0.5, 0.0147, 0.99}, {0.799, 0.345, 0.442, 0.99},
+                      {901000, 0.5, 5.01, 0.3}, {0.0295, 0.5, 1.55, 0.99}, {0.0295, 0.5, 0, 0}};
+    problem.Loads = {{11.3, 1.38, 0, 0, 0, 0}, {-11.3, 1.38, 0.01, 0, 0, 0}};
+    for (int i = 0; i < 20; ++i) {
+        problem.Points.push_back({2, 0, 0, 0.101 + 0.0147 * (i + 1) / 21});
+    }
+    for (int i = 0; i < 700; ++i) {
+        problem.Points.push_back({2, -531 + 0.3 * i, 516, 0.1064});
+    }
+    for (const Engine* engine : AllEngines()) {
+        if (engine != AllEngines().front() && engine != &BestEngine()) {
+            continue;  // the narrowest, which add most nodes to one number, and the widest
+        }
+        const auto results = Direct(problem, *engine);
+        for (std::size_t i = 0; i < 20; ++i) {
+            EXPECT_LT(ShareOfBounds(At(problem, problem.Points[i]), results[i]), 1) << engine->Name << ' ' << i;
+        }
+    }
+}
+
 TEST(Direct, ScatteredPointsUnderManyRadiiAreTakenPairByPair) {
     const Problem problem = Scattered(0.6, 30, 20, 2000);
     std::vector<PointResult> results(problem.Points.size());

@@ -122,6 +122,21 @@ TEST(Cells, OneRadiusIsOneCellOfNoWidth) {
     EXPECT_EQ(cells[0].Gap, 15);
 }
 
+// A few near radii among a great many far ones, for which their sums would have to be a hundred times as long.
+TEST(Levels, AreSplitWhereTheDistanceJumpsHoweverManyItemsThereAre) {
+    std::vector<RadiusItem> items;
+    for (int i = 0; i < 20; ++i) {
+        items.push_back({0.01 * i, 0.01 * i, 1.4, 1.6, 0});
+    }
+    for (int i = 0; i < 1500; ++i) {
+        items.push_back({700.0 + i, 700.0 + i, 698.0 + i, 702.0 + i, 0});
+    }
+    const auto levels = SplitIntoLevels(items, 0.1, 45, {1e4, 10});
+    for (const RadiusLevel& level : levels) {
+        EXPECT_EQ(level.Items.front() < 20, level.Items.back() < 20);
+    }
+}
+
 TEST(Levels, HoldEveryItemOnceAndSplitOnlyWhereItPays) {
     const std::vector<double> edges = {15};
     const auto near = MakeCells(0, 60, edges, 15, CellShare);
