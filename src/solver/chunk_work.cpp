@@ -78,7 +78,8 @@ std::vector<RadiusItem> ChunkWork::ChooseItems(double share) {
         groupFirst_.push_back(items.size());
         for (const double r : groupRadii_[g]) {
             const double radius = work_.Groups[g].Radius;
-            items.push_back({r, r, std::fabs(r - radius), r + radius, static_cast<int>(g)});
+            const double reach = r + std::min(edges.back(), AlikeRadii * radius);
+            items.push_back({r, r, std::fabs(r - radius), reach, static_cast<int>(g)});
         }
     }
     return items;

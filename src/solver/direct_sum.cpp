@@ -67,7 +67,7 @@ void DirectSum::Run() {
         } else {
             pairs.push_back(i);
             const double r = pair.Position.R;
-            items.push_back({r, r, std::fabs(pair.Gap), r + groups_[pair.Group].Radius, 0});
+            items.push_back({r, r, std::fabs(pair.Gap), r + groups_.back().Radius, 0});
         }
     }
     RunLevels(pairs, items);

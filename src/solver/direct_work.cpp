@@ -16,7 +16,6 @@ namespace {
 
 constexpr std::size_t MostPairs = 4000;     // that are summed at a time: 5 MB
 constexpr std::size_t GroupsOfPart = 8;     // that one thread takes at a time
-constexpr double AlikeRadii = 6;            // of those that share nodes, the largest over the smallest
 constexpr double CarefulBudgetShare = 0.1;  // what has run out of its budget is not mended by care
 
 }  // namespace

@@ -212,7 +212,8 @@ inline MixedComponents Mix(const PairBlock& block, int place) {
     return mixed;
 }
 
-template <bool VERTICAL, bool HORIZONTAL, bool MIXED>
+/// @tparam SLOW  Bessel functions are those that the block gives
+template <bool VERTICAL, bool HORIZONTAL, bool MIXED, bool SLOW>
 inline void AddPairNodes(const BesselTable& table, const PairBlock& block, double r, PairSums& sums) {
     constexpr int First = VERTICAL ? 0 : 2, Last = HORIZONTAL ? 4 : 2;
     constexpr int FirstRow = VERTICAL ? 0 : VerticalRows, LastRow = HORIZONTAL ? RowCount : VerticalRows;
@@ -226,19 +227,21 @@ inline void AddPairNodes(const BesselTable& table, const PairBlock& block, doubl
         const int to = from + Segment < block.Nodes ? from + Segment : block.Nodes;
         for (int node = from; node < to; node += 8) {
             alignas(64) double bessel[4][8];
-            const bool tiny = block.Xi[node + 7] * r <= TinyArgument;
-            if (!tiny && block.Slow == nullptr) {
+            const bool tiny = !SLOW && block.Xi[node + 7] * r <= TinyArgument;
+            if (SLOW) {
+                for (int n = 0; n < 4; ++n) {
+                    for (int i = 0; i < 8; i += ZIRVO_LANES) {
+                        Store(bessel[n] + i, Load(block.Slow + n * PairNodes + node + i));
+                    }
+                }
+            } else if (!tiny) {
                 BesselOfEight(table, block.Xi + node, block.XiLow + node, r, bessel);
             }
             Vec last[Kinds] = {All(0), All(0), All(0), All(0)};
             for (int part = 0; part < 8; part += ZIRVO_LANES) {
                 const int place = node + part;
                 Vec j[4];
-                if (block.Slow != nullptr) {
-                    for (int n = 0; n < 4; ++n) {
-                        j[n] = Load(block.Slow + n * PairNodes + place);
-                    }
-                } else if (tiny) {
+                if (tiny) {
                     TinyBessel(table, Load(block.Xi + place) * r, j);
                 } else {
                     for (int n = 0; n < 4; ++n) {
@@ -288,26 +291,34 @@ inline void AddPairNodes(const BesselTable& table, const PairBlock& block, doubl
     }
 }
 
-template <bool MIXED>
+template <bool MIXED, bool SLOW>
 inline void AddPair(const BesselTable& table, const PairBlock& block, double r, bool vertical, bool horizontal,
                     PairSums& sums) {
     if (vertical && horizontal) {
-        AddPairNodes<true, true, MIXED>(table, block, r, sums);
+        AddPairNodes<true, true, MIXED, SLOW>(table, block, r, sums);
     } else if (vertical) {
-        AddPairNodes<true, false, MIXED>(table, block, r, sums);
+        AddPairNodes<true, false, MIXED, SLOW>(table, block, r, sums);
     } else {
-        AddPairNodes<false, true, MIXED>(table, block, r, sums);
+        AddPairNodes<false, true, MIXED, SLOW>(table, block, r, sums);
     }
 }
 
 void AddToPair(const BesselTable& table, const PairBlock& block, double r, bool vertical, bool horizontal,
                PairSums& sums) {
-    AddPair<false>(table, block, r, vertical, horizontal, sums);
+    if (block.Slow != nullptr) {
+        AddPair<false, true>(table, block, r, vertical, horizontal, sums);
+    } else {
+        AddPair<false, false>(table, block, r, vertical, horizontal, sums);
+    }
 }
 
 void AddMixedToPair(const BesselTable& table, const PairBlock& block, double r, bool vertical, bool horizontal,
                     PairSums& sums) {
-    AddPair<true>(table, block, r, vertical, horizontal, sums);
+    if (block.Slow != nullptr) {
+        AddPair<true, true>(table, block, r, vertical, horizontal, sums);
+    } else {
+        AddPair<true, false>(table, block, r, vertical, horizontal, sums);
+    }
 }
 
 void Components(const double* fields, const double* depth, int nodes, bool vertical, bool horizontal, double* out) {

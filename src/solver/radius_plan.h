@@ -14,12 +14,16 @@
 
 namespace zirvo::solver {
 
+/// Largest ratio of radii of loads that share nodes as if they were one: a step that follows the larger seldom wants to
+/// be halved, but one that followed a circle of 3 m would be much too fine for a small wheel.
+inline constexpr double AlikeRadii = 6;
+
 /// One cell of radii, or one radius of one group of loads.
 struct RadiusItem {
     double Low = 0;    ///< cm
     double High = 0;   ///< cm; equal to Low for a single radius
     double Gap = 0;    ///< distance to the nearest load edge [cm]
-    double Reach = 0;  ///< High plus the largest load radius that it serves [cm]
+    double Reach = 0;  ///< High plus the largest load radius that it shares nodes with [cm]
     int Group = -1;    ///< loads of one radius that it serves; -1: all
 };
 
