@@ -201,9 +201,10 @@ void GroupSolution::AddNode(Two xi, Two weight) {
     const Two inverse = Two(1) / xi;
     std::vector<Two> shares(windows_.size(), Two(1));
     for (std::size_t i = 0; i < windows_.size(); ++i) {
-        const double place = xi.Hi * windows_[i] / WindowSigma - WindowCentre;
-        if (place > -WindowCentre) {
-            shares[i] = place < WindowCentre ? HalfErrorComplement(place) : Two(0);
+        // Rounded to a double, a place would show in what is left of far points: 5E-17 units of the load.
+        const Two place = xi * Two(windows_[i] / WindowSigma) - Two(WindowCentre);
+        if (place.Hi > -WindowCentre) {
+            shares[i] = place.Hi < WindowCentre ? HalfErrorComplement(place) : Two(0);
         }
     }
     for (Pair& pair : pairs_) {

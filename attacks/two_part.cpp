@@ -88,8 +88,8 @@ void SineCosine(Two x, Two& sine, Two& cosine) {
     }
 }
 
-Two HalfErrorComplement(double x) {
-    return OfQuad(erfcq(static_cast<__float128>(x)) / 2);
+Two HalfErrorComplement(Two x) {
+    return OfQuad(erfcq(static_cast<__float128>(x.Hi) + static_cast<__float128>(x.Lo)) / 2);
 }
 
 }  // namespace zirvo::attack

@@ -94,6 +94,6 @@ Two Exponential(Two x);
 void SineCosine(Two x, Two& sine, Two& cosine);
 
 /// erfc(x) / 2 for -9 <= x <= 9.
-Two HalfErrorComplement(double x);
+Two HalfErrorComplement(Two x);
 
 }  // namespace zirvo::attack

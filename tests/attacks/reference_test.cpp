@@ -53,6 +53,20 @@ TEST(Reference, AgreesWithTheTrueValuesToTheirLastDigits) {
     }
 }
 
+// Far away what is left is a ten-millionth of the load: the window that ends the sums must be as exact as they are.
+TEST(Reference, FarPointsAreTheSameWithOtherPanels) {
+    solver::Problem problem;
+    problem.Layers = {{7520, 0.388, 0.558, 0.5}, {1.27, 0.0313, 13.7, 0.99}, {1730, 0.0721, 26.3, 0.99}};
+    problem.Loads = {{9.17, 5.35, 0, 0, 0, 0}};
+    problem.Points = {{1, 1980, 0, 0}};
+    const auto values = ReferenceValues(problem);
+    const auto finer = ReferenceValues(problem, {10, 1.5});
+    ASSERT_EQ(finer.size(), 1U);
+    EXPECT_LT(values[0][solver::SIGx].Hi, -5e-7);
+    EXPECT_LT(Size(values[0][solver::SIGx] - finer[0][solver::SIGx]), 1e-21);
+    EXPECT_LT(Size(values[0][solver::W] - finer[0][solver::W]), 1e-21);
+}
+
 // exp(B q) as the sum of its powers, B of the law of elasticity (docs/theory.md).
 TEST(Reference, TransferThroughALayerIsTheExponentialOfItsMatrix) {
     for (const double nu : {0.01, 0.35, 0.5}) {
