@@ -129,10 +129,8 @@ TEST(Sameness, LoadsInOnePlaceLeaveWhatIsLeftOfThemToTheLastDigit) {
     Problem rest = problem;
     rest.Loads = {{0.003, 15, 1, 2, 0.0005, 90}};
     const Solution truth = Solve(rest, {1});
-    std::vector<Load> loads = {{-1e6, 15, 1, 2, 2e5, 17},
-                               {0.001, 15, 1, 2, 0, 0},
-                               {1e6, 15, 1, 2, 2e5, -163},
-                               {0.002, 15, 1, 2, 0.0005, 90}};
+    std::vector<Load> loads = {
+        {-1e6, 15, 1, 2, 2e5, 17}, {0.001, 15, 1, 2, 0, 0}, {1e6, 15, 1, 2, 2e5, -163}, {0.002, 15, 1, 2, 0.0005, 90}};
     const auto byForce = [](const Load& a, const Load& b) { return a.Vertical < b.Vertical; };
     std::sort(loads.begin(), loads.end(), byForce);
     do {
