@@ -195,6 +195,10 @@ void ChunkWork::Keep(std::size_t point, const PointResult& result) const {
 bool ChunkWork::GoodInDepth() {
     const SumTable& table = table_[0];
     const double m2 = work_.Layers.M2[static_cast<std::size_t>(chunk_.Depths.front().Layer)];
+    // A depth and the nodes that it is seen from are rounded; in a thin layer all of what changes in it shows that.
+    const double height = std::fabs(chunk_.Sources.back().Z - chunk_.Sources.front().Z);
+    const double depth = std::max(chunk_.Sources.back().Z, chunk_.Sources.front().Z);
+    const double place = 2 * PlaceRounding * depth / height;
     bool good = true;
     for (std::size_t g = 0; g < work_.Groups.size(); ++g) {
         for (std::size_t item = 0; item < table.Items().size(); ++item) {
@@ -210,8 +214,8 @@ bool ChunkWork::GoodInDepth() {
                        errors.Strain[load] <= std::max(DepthGoal / m2, RelativeDepthGoal * sizes.Strain[load]) &&
                        errors.Displacement[load] <= std::max(DepthGoal * work_.Groups[g].Radius / m2,
                                                              RelativeDepthGoal * sizes.Displacement[load]);
-                errors.Strain[load] += DepthSpread * others.Strain[load];
-                errors.Displacement[load] += DepthSpread * others.Displacement[load];
+                errors.Strain[load] += DepthSpread * others.Strain[load] + place * sizes.Strain[load];
+                errors.Displacement[load] += DepthSpread * others.Displacement[load] + place * sizes.Displacement[load];
             }
             depthErrors_.push_back(errors);
         }

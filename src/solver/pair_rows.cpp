@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "solver/half_space.h"
+#include "solver/sum_rules.h"
 
 namespace zirvo::solver {
 
@@ -78,7 +79,6 @@ void AddToPoint(const Work& work, const PointDepth& depth, const GroupLoad& load
     const double displacement = sums.DisplacementSize;
     AddLoad(load, position, radius, gap, depth.Z, rows, errors, sums);
     // Each load has a place of its own, whose rounding stays where loads cancel.
-    constexpr double PlaceRounding = 2.2e-16;
     const double place = PlaceRounding * SharpnessAt(work, depth, radius, position.R, gap, exactGap);
     sums.StrainError += place * (sums.StrainSize - strain);
     sums.DisplacementError += place * (sums.DisplacementSize - displacement);

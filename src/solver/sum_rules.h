@@ -14,6 +14,7 @@ inline constexpr double AbsoluteGoal = 1e-14;  // in units of the load
 inline constexpr double RelativeGoal = 2e-11;  // or as a share of the value
 inline constexpr double UnitRounding = 1.1e-16;
 inline constexpr double NodeRounding = 0.3 * UnitRounding;  // of an argument xi r: measured at most 0.26
+inline constexpr double PlaceRounding = 2.2e-16;            // of a distance or a depth
 inline constexpr double RuleSafety = 2;
 
 inline constexpr double PreciseContrast = 1000;  // of the moduli, beyond which plain kernels lose too much too suddenly
